@@ -1,0 +1,20 @@
+#pragma once
+
+#include <cstdint>
+
+namespace lobegraph {
+
+/// How handlers that run inside a yield talk to the loop that yielded. All on the window's thread; no locks.
+struct RunFlags {
+  std::int16_t HaltRequested = 0;  ///< 0 or 1: the last index is computed with it
+  bool ManualTriggerPressed = false;
+  bool IsCollecting = false;
+  bool IsSweeping = false;  ///< the calibrate sweep is on
+  bool CollectRequested = false;
+  bool InputReady = false;
+
+  /// A run is a collection or a calibrate sweep.
+  bool Running() const { return IsCollecting || IsSweeping; }
+};
+
+}  // namespace lobegraph
