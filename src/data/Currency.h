@@ -7,7 +7,8 @@
 
 namespace lobegraph {
 
-/// A fixed-point decimal of four places, held as ten-thousandths: 0.25 is exactly 0.25, whatever is done to it.
+/// A fixed-point decimal of four places, held as ten-thousandths: 0.25 is exactly 0.25, whatever is done to
+/// it.
 class Currency {
  public:
   constexpr Currency() = default;
@@ -16,8 +17,8 @@ class Currency {
     result.tenThousandths_ = value;
     return result;
   }
-  /// The leading number of a text (see LeadingNumber), decimal digit by decimal digit, the fifth place rounded
-  /// (halves to even); 0 when there is none.
+  /// The leading number of a text (see LeadingNumber), decimal digit by decimal digit, the fifth place
+  /// rounded (halves to even); 0 when there is none.
   /// @throws RunTimeError 6 (Overflow) beyond the range of 64 bits.
   static Currency FromText(std::string_view text);
 

@@ -6,8 +6,8 @@
 
 namespace lobegraph {
 
-/// The number that a text begins with. Blanks, then a sign, digits, a point, a complete exponent; never "inf", "nan" or
-/// hexadecimal, and never anything of the system's locale.
+/// The number that a text begins with. Blanks, then a sign, digits, a point, a complete exponent; never
+/// "inf", "nan" or hexadecimal, and never anything of the system's locale.
 struct ScannedNumber {
   double Value = 0.0;
   std::size_t Begin = 0;   ///< first character of the number (its sign included)
@@ -25,8 +25,9 @@ double LeadingNumber(std::string_view text);
 /// @throws RunTimeError 13 (Type mismatch) for any other text, 6 (Overflow) as above.
 double WholeNumberText(std::string_view text);
 
-/// Text of a single in the form of pattern files and plot boxes: at most 7 digits, a point in every locale, no zero
-/// before the point (".5", "-.25"), exponent form outside seven places ("1E+20", "1.5E-09"); a whole value has no point.
+/// Text of a single in the form of pattern files and plot boxes: at most 7 digits, a point in every locale,
+/// no zero before the point (".5", "-.25"), exponent form outside seven places ("1E+20", "1.5E-09"); a whole
+/// value has no point.
 std::string SingleText(float value);
 
 /// SingleText with a blank in the sign's place of a value that is not negative (" 1000").

@@ -35,11 +35,12 @@ class ReadingArray {
   std::array<float, kSize> values_{};
 };
 
-/// One antenna pattern: the readings, the state of their plot and the words that describe them. Replaced wholesale by a
-/// load or a collection. Trims and rotation are also what their boxes show.
+/// One antenna pattern: the readings, the state of their plot and the words that describe them. Replaced
+/// wholesale by a load or a collection. Trims and rotation are also what their boxes show.
 struct ReadingsRecord {
   ReadingArray Readings;
-  std::int16_t NumReadings = 0;  ///< index of the LAST valid reading, not a count; -1 after a run halted at once
+  std::int16_t NumReadings =
+      0;  ///< index of the LAST valid reading, not a count; -1 after a run halted at once
   ReadingArray SavedReadings;
   std::int16_t SavedNumReadings = 0;  ///< NumReadings when SavedReadings was taken
   double ReadingCount = 0.0;          ///< above 0: readings are held; 0: there is nothing to save

@@ -11,7 +11,8 @@ namespace {
 template <typename Whole>
 Whole Checked(double value, std::source_location where) {
   const double rounded = RoundHalfEven(value);
-  const bool fits = rounded >= std::numeric_limits<Whole>::min() && rounded <= std::numeric_limits<Whole>::max();
+  const bool fits =
+      rounded >= std::numeric_limits<Whole>::min() && rounded <= std::numeric_limits<Whole>::max();
   if (!fits) throw RunTimeError(fault::kOverflow, {}, where);
   return static_cast<Whole>(rounded);
 }

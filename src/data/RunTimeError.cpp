@@ -7,19 +7,32 @@ namespace {
 
 std::string_view DescriptionOf(int number) {
   switch (number) {
-    case fault::kInvalidProcedureCall: return "Invalid procedure call or argument";
-    case fault::kOverflow: return "Overflow";
-    case fault::kSubscript: return "Subscript out of range";
-    case fault::kDivisionByZero: return "Division by zero";
-    case fault::kTypeMismatch: return "Type mismatch";
-    case fault::kFileNotFound: return "File not found";
-    case fault::kDeviceIo: return "Device I/O error";
-    case fault::kDiskFull: return "Disk full";
-    case fault::kInputPastEnd: return "Input past end of file";
-    case fault::kPathFileAccess: return "Path/File access error";
-    case fault::kPathNotFound: return "Path not found";
-    case fault::kPrinter: return "Printer error";
-    default: return "Application-defined or object-defined error";
+    case fault::kInvalidProcedureCall:
+      return "Invalid procedure call or argument";
+    case fault::kOverflow:
+      return "Overflow";
+    case fault::kSubscript:
+      return "Subscript out of range";
+    case fault::kDivisionByZero:
+      return "Division by zero";
+    case fault::kTypeMismatch:
+      return "Type mismatch";
+    case fault::kFileNotFound:
+      return "File not found";
+    case fault::kDeviceIo:
+      return "Device I/O error";
+    case fault::kDiskFull:
+      return "Disk full";
+    case fault::kInputPastEnd:
+      return "Input past end of file";
+    case fault::kPathFileAccess:
+      return "Path/File access error";
+    case fault::kPathNotFound:
+      return "Path not found";
+    case fault::kPrinter:
+      return "Printer error";
+    default:
+      return "Application-defined or object-defined error";
   }
 }
 

@@ -23,8 +23,8 @@ inline constexpr int kPathNotFound = 76;
 inline constexpr int kPrinter = 482;
 }  // namespace fault
 
-/// A fault that ends the command in hand: never a refusal that the user can mend by typing another value (those are
-/// return values). Caught at one edge, which shows RunTimeErrorText.
+/// A fault that ends the command in hand: never a refusal that the user can mend by typing another value
+/// (those are return values). Caught at one edge, which shows RunTimeErrorText.
 class RunTimeError : public std::exception {
  public:
   /// @param detail for standard error only (a file, a key); the box shows number and description.

@@ -15,7 +15,8 @@ enum class PlotScale {
   Linear,       ///< proportional to the level
 };
 
-/// A point of a trace before rotation: degrees from the first plotted reading (clockwise), radius in surface units.
+/// A point of a trace before rotation: degrees from the first plotted reading (clockwise), radius in surface
+/// units.
 struct TracePoint {
   float AngleDeg = 0.0F;
   float Radius = 0.0F;
@@ -37,8 +38,8 @@ struct PlotResult {
   std::vector<TracePoint> Trace;
   std::int16_t Minus3dBIndexA = 0;
   std::int16_t Minus3dBIndexB = 0;
-  /// Lines from the centre at the -3 dB points, side A and side B. Deliberate: B's is 2 units shorter, so that the two
-  /// can be told apart.
+  /// Lines from the centre at the -3 dB points, side A and side B. Deliberate: B's is 2 units shorter, so
+  /// that the two can be told apart.
   std::array<TracePoint, 2> Minus3dBMarks{};
 
   float BeamwidthDeg = 0.0F;
