@@ -1,0 +1,84 @@
+#include "data/FileAccess.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <filesystem>
+
+#include "data/ReplaceFile.h"
+#include "data/RunTimeError.h"
+
+namespace lobegraph {
+namespace {
+
+/// An open file that closes itself.
+class Handle {
+ public:
+  explicit Handle(int value) : value_(value) {}
+  Handle(const Handle&) = delete;
+  Handle& operator=(const Handle&) = delete;
+  ~Handle() {
+    if (value_ >= 0) close(value_);
+  }
+  int Value() const { return value_; }
+
+ private:
+  int value_;
+};
+
+[[noreturn]] void FailToOpen(int errorNumber, const std::string& path) {
+  const int number = FaultOfErrno(errorNumber);
+  std::error_code ignored;
+  const auto folder = std::filesystem::path(path).parent_path();
+  const bool folderThere = folder.empty() || std::filesystem::is_directory(folder, ignored);
+  throw RunTimeError(number == fault::kPathNotFound && folderThere ? fault::kFileNotFound : number, path);
+}
+
+char LowerAscii(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+
+}  // namespace
+
+std::string DiskFiles::Read(const std::string& path) {
+  // Without O_NONBLOCK a named pipe would hold the window until somebody writes to it.
+  const Handle file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+  if (file.Value() < 0) FailToOpen(errno, path);
+  struct stat status {};
+  if (fstat(file.Value(), &status) != 0 || !S_ISREG(status.st_mode))
+    throw RunTimeError(fault::kPathFileAccess, path);
+  std::string bytes(std::min(static_cast<std::size_t>(status.st_size), kLargestFile), '\0');
+  std::size_t filled = 0;
+  while (filled < bytes.size()) {
+    const ssize_t got = read(file.Value(), bytes.data() + filled, bytes.size() - filled);
+    if (got < 0 && errno == EINTR) continue;
+    if (got < 0) throw RunTimeError(fault::kPathFileAccess, path);
+    if (got == 0) break;
+    filled += static_cast<std::size_t>(got);
+  }
+  bytes.resize(filled);
+  return bytes;
+}
+
+bool DiskFiles::Exists(const std::string& path) {
+  std::error_code problem;
+  return std::filesystem::exists(path, problem);
+}
+
+void DiskFiles::Replace(const std::string& path, std::string_view bytes) { ReplaceFile(path, bytes); }
+
+std::string FileNameOf(std::string_view path) {
+  const auto separator = path.find_last_of("/\\");
+  return std::string(separator == std::string_view::npos ? path : path.substr(separator + 1));
+}
+
+std::string WithEnding(std::string path, std::string_view ending) {
+  const std::size_t length = std::min(path.size(), ending.size());
+  const bool there = std::equal(path.end() - static_cast<std::ptrdiff_t>(length), path.end(), ending.begin(),
+                                ending.end(), [](char a, char b) { return LowerAscii(a) == LowerAscii(b); });
+  if (!there) path += ending;
+  return path;
+}
+
+}  // namespace lobegraph

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace lobegraph {
+
+/// What a command does with files; replaced in tests by one that fails where the test says.
+class FileAccess {
+ public:
+  virtual ~FileAccess() = default;
+
+  /// The bytes of a plain file, at most kLargestFile of them (what lies behind is left unread).
+  /// @throws RunTimeError 53 (no such file), 76 (no such folder), 75 (a directory, a device, no right to
+  /// read).
+  virtual std::string Read(const std::string& path) = 0;
+  /// Whether a file of exactly this name is there.
+  virtual bool Exists(const std::string& path) = 0;
+  /// New content in one step. @throws RunTimeError 61, 75, 76; the old content then stands.
+  virtual void Replace(const std::string& path, std::string_view bytes) = 0;
+
+  /// No pattern comes near it; a file of one endless line must not fill the memory.
+  static constexpr std::size_t kLargestFile = 1U << 20U;
+};
+
+/// The files of this computer.
+class DiskFiles : public FileAccess {
+ public:
+  std::string Read(const std::string& path) override;
+  bool Exists(const std::string& path) override;
+  void Replace(const std::string& path, std::string_view bytes) override;
+};
+
+/// What follows the last "/" or "\" of a path; the whole path when there is none.
+std::string FileNameOf(std::string_view path);
+
+/// The path with ".lbg" (or another ending with its point) added unless its last characters are that, in any
+/// letter case.
+std::string WithEnding(std::string path, std::string_view ending);
+
+}  // namespace lobegraph
