@@ -26,10 +26,11 @@ std::vector<double> Integrand(const ReadingsRecord& record, int points) {
   const int first = record.TrimFront;
   const int last = record.NumReadings - record.TrimEnd;
   const int strongest = StrongestReading(record, first, last);
-  const float peak = record.Readings(strongest);
+  const double peak = record.Readings(strongest);
+  if (peak == 0.0) throw RunTimeError(fault::kOverflow);
   std::vector<double> values;
   for (int j = 1, i = strongest; j <= points; ++j, i = i == last ? first : i + 1) {
-    const double ratio = CheckedRatio(record.Readings(i), peak);
+    const double ratio = record.Readings(i) / peak;
     values.push_back(ratio * ratio * std::abs(std::sin(2.0 * kPi * j / points)));
   }
   return values;

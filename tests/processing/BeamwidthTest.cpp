@@ -1,0 +1,79 @@
+#include "processing/Beamwidth.h"
+
+#include <gtest/gtest.h>
+
+namespace lobegraph {
+namespace {
+
+TEST(BeamwidthTest, IsTheSmallerWayRoundBetweenTheTwoPoints) {
+  EXPECT_EQ(BeamwidthBetween(30, 330, 1.F), 60.F);
+  EXPECT_EQ(BeamwidthBetween(330, 30, 1.F), 60.F);
+  EXPECT_EQ(BeamwidthBetween(165, 195, 1.F), 30.F);
+  EXPECT_EQ(BeamwidthBetween(100, 220, .5F), 60.F);
+  EXPECT_EQ(BeamwidthBetween(7, 7, 1.F), 0.F);
+}
+
+struct RatioCase {
+  const char* Elements;
+  double Ratio;
+};
+
+class ElementRatioTest : public ::testing::TestWithParam<RatioCase> {};
+
+TEST_P(ElementRatioTest, FollowsTheNumberOfElementsAndInvertsForVertical) {
+  const auto horizontal = ElementRatioOf(GetParam().Elements, true);
+  const auto vertical = ElementRatioOf(GetParam().Elements, false);
+  EXPECT_EQ(horizontal.value_or(0), GetParam().Ratio);
+  if (GetParam().Ratio != 0) {
+    EXPECT_EQ(vertical.value_or(0), 1 / GetParam().Ratio);
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, ElementRatioTest,
+                         ::testing::Values(RatioCase{"  2", 2.0}, RatioCase{"3", 1.5}, RatioCase{"4", 1.4},
+                                           RatioCase{"5", 1.3}, RatioCase{"8", 1.15},
+                                           RatioCase{"  > 8!", 1.0}, RatioCase{"", 1.5}, RatioCase{"12", 1.5},
+                                           RatioCase{"2.5", 1.5}, RatioCase{"  1", 0}));
+
+TEST(ElementRatioTest, SixAndSevenElementsTakeTheRatioOfThreeOnPurpose) {
+  EXPECT_EQ(ElementRatioOf("6", true), 1.5);
+  EXPECT_EQ(ElementRatioOf("7", true), 1.5);
+}
+
+TEST(GainTest, ASingleElementGetsNeitherRatioNorAdditionOnPurpose) {
+  EXPECT_NEAR(GainFromBeamwidth("1", 60, true), 0.97, 0.005);
+  EXPECT_EQ(GainFromBeamwidth("1", 60, true), GainFromBeamwidth("1", 60, false));
+}
+
+TEST(GainTest, TwoElementsAt60Degrees) {
+  EXPECT_NEAR(GainFromBeamwidth("2", 60, true), 7.89, 0.005);
+  EXPECT_NEAR(GainFromBeamwidth("2", 60, false), 13.91, 0.005);
+}
+
+TEST(GainTest, EachRowAt60DegreesHorizontal) {
+  const std::pair<const char*, double> cases[] = {
+      {"3", 9.14}, {"4", 9.44}, {"5", 9.76}, {"8", 10.29}, {"> 8!", 10.90}};
+  for (const auto& [elements, gain] : cases)
+    EXPECT_NEAR(GainFromBeamwidth(elements, 60, true), gain, 0.005) << elements;
+}
+
+TEST(FiguresTest, AreShownWithTwoDecimals) {
+  const Figures figures = FiguresOf(60.F, "2", true);
+  EXPECT_EQ(figures.txtAngle, "60.00");
+  EXPECT_EQ(figures.txtGain, "7.89 dBi");
+  EXPECT_NEAR(figures.GainEstimate.value_or(0), 7.891, 0.001);
+}
+
+TEST(FiguresTest, ABeamwidthOutside0To180ShowsThePlaceholders) {
+  for (const float beamwidth : {0.F, -1.F, 180.F, 200.F}) {
+    const Figures figures = FiguresOf(beamwidth, "2", true);
+    EXPECT_EQ(figures.txtAngle, "Angle") << beamwidth;
+    EXPECT_EQ(figures.txtGain, "Gain") << beamwidth;
+    EXPECT_FALSE(figures.GainEstimate) << beamwidth;
+  }
+  EXPECT_EQ(FiguresOf(179.99F, "2", true).txtAngle, "179.99");
+  EXPECT_EQ(FiguresOf(.01F, "2", true).txtAngle, "0.01");
+}
+
+}  // namespace
+}  // namespace lobegraph
