@@ -19,6 +19,9 @@ struct Colour {
   constexpr bool operator==(const Colour&) const = default;
 };
 
+inline constexpr Colour kBlack{0, 0, 0};
+inline constexpr Colour kWhite{255, 255, 255};
+
 namespace status_colour {
 inline constexpr Colour kYellow{255, 255, 0};         ///< idle, or too weak
 inline constexpr Colour kGreen{0, 255, 0};            ///< ready
@@ -26,5 +29,9 @@ inline constexpr Colour kLightRed{255, 192, 192};     ///< overload, or calibrat
 inline constexpr Colour kRed{255, 0, 0};              ///< error
 inline constexpr Colour kLightYellow{255, 255, 192};  ///< the calibrate box at rest
 }  // namespace status_colour
+
+/// Black or white, whichever has the higher contrast (WCAG 2.1 relative luminance) as text on the given
+/// colour.
+Colour ReadableOn(Colour background);
 
 }  // namespace lobegraph
