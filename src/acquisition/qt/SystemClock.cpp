@@ -1,0 +1,39 @@
+#include "acquisition/qt/SystemClock.h"
+
+#include <cerrno>
+#include <ctime>
+
+namespace lobegraph {
+namespace {
+
+constexpr std::int64_t kNsPerMs = 1'000'000;
+constexpr std::int64_t kNsPerSecond = 1'000'000'000;
+
+std::int64_t MonotonicNs() {
+  timespec now{};
+  clock_gettime(CLOCK_MONOTONIC, &now);
+  return now.tv_sec * kNsPerSecond + now.tv_nsec;
+}
+
+}  // namespace
+
+SystemClock::SystemClock() : startNs_(MonotonicNs()) {}
+
+std::int64_t SystemClock::ElapsedNs() const { return MonotonicNs() - startNs_; }
+
+std::int32_t SystemClock::timeGetTime() {
+  return static_cast<std::int32_t>(static_cast<std::uint32_t>(ElapsedNs() / kNsPerMs));
+}
+
+void SystemClock::Sleep(int milliseconds) { SleepUntil(ElapsedNs() + milliseconds * kNsPerMs); }
+
+void SystemClock::SleepToNextTick() { SleepUntil((ElapsedNs() / kNsPerMs + 1) * kNsPerMs); }
+
+/// To an absolute time, so that a signal in between does not make the sleep longer.
+void SystemClock::SleepUntil(std::int64_t elapsedNs) const {
+  const std::int64_t untilNs = startNs_ + elapsedNs;
+  const timespec until{untilNs / kNsPerSecond, untilNs % kNsPerSecond};
+  while (clock_nanosleep(CLOCK_MONOTONIC, TIMER_ABSTIME, &until, nullptr) == EINTR) continue;
+}
+
+}  // namespace lobegraph

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "acquisition/Clock.h"
+
+namespace lobegraph {
+
+/// The system's monotonic clock. Starts at 0 when it is made, so that 32 bits last for 24 days.
+class SystemClock final : public Clock {
+ public:
+  SystemClock();
+  std::int32_t timeGetTime() override;
+  void Sleep(int milliseconds) override;
+  void SleepToNextTick() override;
+
+ private:
+  std::int64_t ElapsedNs() const;
+  void SleepUntil(std::int64_t elapsedNs) const;
+
+  std::int64_t startNs_;
+};
+
+}  // namespace lobegraph
