@@ -41,9 +41,10 @@ class TemporaryFile {
     }
   }
 
-  void KeepAs(const std::string& target, mode_t mode) {
+  void KeepAs(const std::string& target, mode_t mode, Durability durability) {
     fchmod(handle_, mode);
-    if (fsync(handle_) != 0 && errno != EINVAL) Fail(errno, target);
+    const bool sync = durability == Durability::PowerCut;
+    if (sync && fsync(handle_) != 0 && errno != EINVAL) Fail(errno, target);
     const int closed = close(handle_);
     handle_ = -1;
     if (closed != 0 || rename(name_.c_str(), target.c_str()) != 0) Fail(errno, target);
@@ -77,12 +78,12 @@ mode_t ModeFor(const std::string& target) {
 
 }  // namespace
 
-void ReplaceFile(const std::string& path, std::string_view bytes) {
+void ReplaceFile(const std::string& path, std::string_view bytes, Durability durability) {
   const std::string target = Target(path);
   const mode_t mode = ModeFor(target);
   TemporaryFile temporary(target);
   temporary.Write(bytes);
-  temporary.KeepAs(target, mode);
+  temporary.KeepAs(target, mode, durability);
 }
 
 int FaultOfErrno(int errorNumber) {

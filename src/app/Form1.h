@@ -1,0 +1,82 @@
+#pragma once
+
+#include <functional>
+#include <map>
+#include <string>
+
+#include "acquisition/LevelReader.h"
+#include "acquisition/ManualTrigger.h"
+#include "app/FileCommands.h"
+#include "app/PlotBoard.h"
+#include "app/PlotCommands.h"
+#include "app/RunCommands.h"
+#include "app/RunPanel.h"
+#include "app/SafetyCopy.h"
+#include "app/ShellCommands.h"
+#include "app/TransformCommands.h"
+
+namespace lobegraph {
+
+/// The platform under the main window: one real implementation of each, one double in tests.
+struct Platform {
+  ControlView& View;
+  UserDialogs& Dialogs;
+  SystemText& System;
+  FileAccess& Files;
+  ProgramEnd& End;
+  DrawingSurface& Surface;
+  SettingsStore& Store;
+  Clock& Time;
+  EventPump& Pump;
+  CaptureDevice& SoundDevice;
+  InputDevices& Devices;
+  MeterPort& MSComm1;
+  MeterWindow& frmdBMeter;
+  MeterPoll& ExternalMeter;
+  std::string VersionText;    ///< "V1.2.3"
+  std::string WorkingFolder;  ///< the current directory with its separator
+  std::string StateFolder;    ///< where safety copies go
+};
+
+/// The main window without its looks: owns what the program shares, and every handler.
+class Form1 {
+ public:
+  Form1(const Platform& platform, const PlotGeometry& geometry);
+  Form1(const Form1&) = delete;
+  Form1& operator=(const Form1&) = delete;
+
+  /// Runs the handler of a control that the user pressed, ticked, moved or chose from; nothing for one
+  /// without handler.
+  void Click(Control control);
+
+  PlotCommands& Plot() { return plot_; }
+  FileCommands& File() { return file_; }
+  TransformCommands& Transform() { return transform_; }
+  RunCommands& Run() { return run_; }
+  ShellCommands& Shell() { return shell_; }
+  Globals& Shared() { return globals_; }
+
+ private:
+  CollectionParts RunParts(const Platform& platform);
+  void ConnectHandlers();
+
+  Globals globals_;
+  AppParts parts_;
+  PlotBoard board_;
+  PlotCommands plot_;
+  FileCommands file_;
+  TransformCommands transform_;
+  SafetyCopy copy_;
+  frmDX_Record frmDX_Record_;
+  SoundCardCapture sound_;
+  SourceWatch watch_;
+  DeviceMessages waiting_;
+  ManualTrigger trigger_;
+  RunPanel panel_;
+  ChosenInput input_;
+  RunCommands run_;
+  ShellCommands shell_;
+  std::map<Control, std::function<void()>> handlers_;
+};
+
+}  // namespace lobegraph

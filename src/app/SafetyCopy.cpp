@@ -1,0 +1,92 @@
+#include "app/SafetyCopy.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <ctime>
+#include <filesystem>
+#include <utility>
+#include <vector>
+
+#include "data/PatternFile.h"
+#include "data/ReplaceFile.h"
+#include "data/RunTimeError.h"
+
+namespace lobegraph {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* kPrefix = "turn ";
+
+bool IsCopy(const fs::path& path) {
+  return path.filename().string().starts_with(kPrefix) && path.extension() == ".lbg";
+}
+
+/// A second turn within the same second gets a name of its own.
+std::string FreePath(const std::string& folder, const std::string& when) {
+  fs::path path = fs::path(folder) / (kPrefix + when + ".lbg");
+  std::error_code ignored;
+  for (int again = 2; fs::exists(path, ignored); ++again)
+    path = fs::path(folder) / (kPrefix + when + " " + std::to_string(again) + ".lbg");
+  return path.string();
+}
+
+}  // namespace
+
+std::string StateFolder() {
+  const char* state = std::getenv("XDG_STATE_HOME");
+  if (state != nullptr && *state == '/') return (fs::path(state) / "lobegraph").string();
+  const char* home = std::getenv("HOME");
+  return (fs::path(home != nullptr ? home : "/") / ".local/state/lobegraph").string();
+}
+
+SafetyCopy::SafetyCopy(std::string folder, std::string versionText)
+    : folder_(std::move(folder)), versionText_(std::move(versionText)) {}
+
+void SafetyCopy::Begin(const std::string& when) {
+  failure_.clear();
+  path_ = FreePath(folder_, when);
+}
+
+void SafetyCopy::Store(const ReadingsRecord& record, int lastIndex) {
+  ReadingsRecord soFar = record;
+  soFar.NumReadings = static_cast<std::int16_t>(lastIndex);
+  Write(soFar, false);
+}
+
+void SafetyCopy::Finish(const ReadingsRecord& record) {
+  if (!path_.empty() && record.NumReadings >= 0) Write(record, true);
+  DropOldest();
+}
+
+void SafetyCopy::Write(const ReadingsRecord& record, bool ended) {
+  try {
+    std::error_code ignored;
+    fs::create_directories(folder_, ignored);
+    ReplaceFile(path_, WritePatternText(record, versionText_),
+                ended ? Durability::PowerCut : Durability::Kill);
+    failure_.clear();
+  } catch (const RunTimeError& error) {
+    failure_ = error.Description();
+  }
+}
+
+void SafetyCopy::DropOldest() const {
+  std::error_code ignored;
+  std::vector<fs::path> copies;
+  for (const auto& entry : fs::directory_iterator(folder_, ignored))
+    if (IsCopy(entry.path())) copies.push_back(entry.path());
+  std::sort(copies.begin(), copies.end());
+  for (std::size_t i = 0; i + kKept < copies.size(); ++i) fs::remove(copies[i], ignored);
+}
+
+std::string TimeForFileName() {
+  const std::time_t now = std::time(nullptr);
+  std::tm local{};
+  localtime_r(&now, &local);
+  char text[32];
+  std::strftime(text, sizeof text, "%Y-%m-%d %H.%M.%S", &local);
+  return text;
+}
+
+}  // namespace lobegraph
