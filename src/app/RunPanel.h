@@ -1,6 +1,11 @@
 #pragma once
 
+#include <optional>
+#include <span>
+#include <string>
+
 #include "acquisition/CollectionPanel.h"
+#include "acquisition/SoundCapture.h"
 #include "app/AppParts.h"
 #include "app/PlotBoard.h"
 #include "app/PlotCommands.h"

@@ -1,0 +1,66 @@
+#include "settings/SettingsReader.h"
+
+#include <span>
+
+#include "data/RunTimeError.h"
+#include "settings/SettingsConversion.h"
+
+namespace lobegraph {
+namespace {
+
+void ReadRow(SettingsStore& store, const SettingRow& row, SettingsValues& values) {
+  const std::string text = store.Get(kLobegraphApplication, kSettingsSection, row.Key, row.Default);
+  try {
+    AssignSetting(row, text, values);
+  } catch (const RunTimeError& error) {
+    throw RunTimeError(error.Number(), store.Place(kLobegraphApplication) + ": [" +
+                                           std::string(kSettingsSection) + "] " + std::string(row.Key) + "=" +
+                                           text);
+  }
+}
+
+void ReadRows(SettingsStore& store, std::span<const SettingRow> rows, SettingsValues& values) {
+  for (const SettingRow& row : rows) ReadRow(store, row, values);
+}
+
+constexpr SettingRow kDialogRows[] = {RowOf("PlotUserColour"),  RowOf("PlotUserOverlayColour"),
+                                      RowOf("PlotLineColour"),  RowOf("PlotLineOverlayColour"),
+                                      RowOf("PlotGridColour"),  RowOf("PlotBackground"),
+                                      RowOf("StartupDelay"),    RowOf("DetectStartLevel"),
+                                      RowOf("DetectStopLevel"), RowOf("DetectStopNumberOfReadings"),
+                                      RowOf("PeakInputLevel"),  RowOf("SpikeDetectLevel"),
+                                      RowOf("MaxRotationTime")};
+
+constexpr SettingRow kInputRows[] = {RowOf("InputDeviceIsLineIn"), RowOf("InputDeviceIsdBMeter"),
+                                     RowOf("ROSKAmeter"), RowOf("GaugeBridge"), RowOf("GaugeBridgeTrigger")};
+
+}  // namespace
+
+std::string ReadUsername(SettingsStore& store) {
+  SettingsValues values;
+  ReadRow(store, kSettingsTable.front(), values);
+  return values.Username;
+}
+
+void ReadRemaining(SettingsStore& store, SettingsValues& values) {
+  ReadRows(store, std::span(kSettingsTable).subspan<1>(), values);
+}
+
+SettingsValues ReadSettings(SettingsStore& store) {
+  SettingsValues values;
+  ReadRows(store, kSettingsTable, values);
+  return values;
+}
+
+void ReloadDialogSettings(SettingsStore& store, SettingsValues& values) {
+  ReadRows(store, kDialogRows, values);
+}
+
+void ReloadInputChoice(SettingsStore& store, InputChoice& choice) {
+  SettingsValues values;
+  values.Input = choice;
+  ReadRows(store, kInputRows, values);
+  choice = values.Input;
+}
+
+}  // namespace lobegraph

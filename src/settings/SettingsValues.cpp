@@ -1,0 +1,10 @@
+#include "settings/SettingsValues.h"
+
+#include "data/Numbers.h"
+#include "data/Rounding.h"
+
+namespace lobegraph {
+
+std::int32_t SettingsValues::Slider2Maximum() const { return ToInt32(LeadingNumber(MaxRotationTime) * 60.0); }
+
+}  // namespace lobegraph
