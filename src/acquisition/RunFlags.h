@@ -12,9 +12,15 @@ struct RunFlags {
   bool IsSweeping = false;  ///< the calibrate sweep is on
   bool CollectRequested = false;
   bool InputReady = false;
+  bool CloseRequested = false;  ///< the window goes: every run ends and leaves the record as it is
 
   /// A run is a collection or a calibrate sweep.
   bool Running() const { return IsCollecting || IsSweeping; }
+  /// Ends a run at its next yield, a wait for a trigger included.
+  void RequestClose() {
+    CloseRequested = true;
+    HaltRequested = 1;
+  }
 };
 
 }  // namespace lobegraph
