@@ -24,7 +24,7 @@ class DrawingSurface {
  public:
   virtual ~DrawingSurface() = default;
 
-  /// Fills everything with the background colour.
+  /// Fills everything with the background colour and moves the current position to the corner (0, 0).
   virtual void Clear() = 0;
 
   virtual void Line(SurfacePoint from, SurfacePoint to, Colour colour) = 0;

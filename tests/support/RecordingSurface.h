@@ -51,7 +51,10 @@ class RecordingSurface : public DrawingSurface {
   }
   int PenWidth() const { return penWidth_; }
 
-  void Clear() override { Operations.push_back("clear"); }
+  void Clear() override {
+    Operations.push_back("clear");
+    position_ = {};
+  }
   void Line(SurfacePoint from, SurfacePoint to, Colour colour) override {
     Add("line " + OperationPoint(from) + " " + OperationPoint(to), colour, to);
   }

@@ -1,0 +1,32 @@
+#include "render/qt/FontFaces.h"
+
+#include <QFontDatabase>
+#include <QStringList>
+#include <algorithm>
+
+#include "data/RunTimeError.h"
+
+namespace lobegraph {
+namespace {
+
+QStringList CandidatesFor(const QString& name) {
+  if (name != QLatin1String("Arial")) return {name};
+  return {name,        "Liberation Sans", "Arimo", "Nimbus Sans", "Nimbus Sans L", "TeX Gyre Heros",
+          "Helvetica", "FreeSans"};
+}
+
+}  // namespace
+
+FontFaces::FontFaces(const QString& defaultName) { known_.emplace(defaultName.toStdString(), defaultName); }
+
+const QString& FontFaces::FamilyFor(const std::string& name) {
+  const auto known = known_.find(name);
+  if (known != known_.end()) return known->second;
+  const QStringList candidates = CandidatesFor(QString::fromStdString(name));
+  const auto found = std::find_if(candidates.begin(), candidates.end(),
+                                  [](const QString& family) { return QFontDatabase::hasFamily(family); });
+  if (found == candidates.end()) throw RunTimeError(fault::kInvalidProcedureCall, "no typeface " + name);
+  return known_.emplace(name, *found).first->second;
+}
+
+}  // namespace lobegraph

@@ -1,0 +1,48 @@
+#include "render/qt/PaintLayer.h"
+
+#include <gtest/gtest.h>
+
+#include <QImage>
+
+namespace lobegraph {
+namespace {
+
+int BlackPixels(const QImage& image, int y) {
+  int count = 0;
+  for (int x = 0; x < image.width(); ++x) count += image.pixel(x, y) == qRgb(0, 0, 0) ? 1 : 0;
+  return count;
+}
+
+QImage Painted(const PictureLayer& layer) {
+  QImage window(60, 40, QImage::Format_RGB32);
+  window.fill(Qt::white);
+  QPainter painter(&window);
+  painter.setPen(Qt::red);
+  PaintLayer(painter, layer);
+  EXPECT_EQ(painter.pen().color(), QColor(Qt::red)) << "the painter comes back as it was";
+  return window;
+}
+
+TEST(PaintLayer, a_dashed_line_leaves_gaps_and_a_solid_one_none) {
+  PictureLayer layer;
+  layer.Show(1, {{10, 20}, {50, 20}, kBlack});
+  layer.Show(2, {{10, 30}, {50, 30}, kBlack, false});
+  const QImage window = Painted(layer);
+  EXPECT_EQ(BlackPixels(window, 30), 40);
+  EXPECT_GT(BlackPixels(window, 20), 15);
+  EXPECT_LT(BlackPixels(window, 20), 40);
+}
+
+TEST(PaintLayer, a_hidden_line_shows_again_what_is_beneath) {
+  PictureLayer layer;
+  layer.Show(1, {{10, 20}, {50, 20}, kBlack});
+  layer.Hide(1);
+  EXPECT_EQ(BlackPixels(Painted(layer), 20), 0);
+}
+
+TEST(PaintLayer, the_rectangle_to_repaint_holds_the_line) {
+  EXPECT_EQ(TouchedBy({{50, 20}, {10, 20}, kBlack}), QRect(9, 19, 42, 2));
+}
+
+}  // namespace
+}  // namespace lobegraph
