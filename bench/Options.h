@@ -1,0 +1,35 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "bench/Turn.h"
+
+namespace lobegraph {
+
+/// What the command line asks for.
+struct BenchOptions {
+  TurnSettings Turn;
+  std::string Antenna = "beam";
+  std::string File;  ///< a pattern file instead of the antenna; empty for none
+  std::string Sink;  ///< empty: the server's default sink
+  bool List = false;
+  bool Plain = false;
+};
+
+/// Either options, or a text to show and the code to end with (help, or a complaint about the command line).
+struct ParsedCommandLine {
+  std::optional<BenchOptions> Options;
+  int ExitCode = 0;
+  std::string Output;
+  std::string Complaint;
+};
+ParsedCommandLine ParseCommandLine(int argc, const char* const* argv);
+
+/// The antennas and their true beamwidth. Plain: "beam<tab>63.42", one a line, for scripts.
+std::string ListText(bool plain);
+
+/// "turn 2  bearing 123.4  level 512.3", or what is left of the silence before.
+std::string ProgressText(const Turn& turn, double seconds);
+
+}  // namespace lobegraph

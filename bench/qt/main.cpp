@@ -1,0 +1,81 @@
+#include <unistd.h>
+
+#include <cmath>
+#include <iostream>
+#include <string>
+
+#include "bench/FilePattern.h"
+#include "bench/Options.h"
+#include "bench/Tone.h"
+#include "bench/qt/PulsePlayer.h"
+
+namespace {
+
+using namespace lobegraph;
+
+VoltagePattern ChosenPattern(const BenchOptions& options) {
+  if (options.File.empty()) return AntennaNamed(options.Antenna).Voltage;
+  DiskFiles files;
+  return PatternFromFile(files, options.File);
+}
+
+/// A line a second; on a terminal the line stays in its place.
+class Progress {
+ public:
+  void Show(const Turn& turn, double seconds) {
+    const double wholeSecond = std::floor(seconds);
+    if (wholeSecond == shownSecond_) return;
+    shownSecond_ = wholeSecond;
+    std::cout << (onTerminal_ ? "\r\033[K" : "") << ProgressText(turn, seconds) << (onTerminal_ ? "" : "\n")
+              << std::flush;
+  }
+  void Finish() const {
+    if (onTerminal_) std::cout << '\n';
+  }
+
+ private:
+  bool onTerminal_ = isatty(STDOUT_FILENO) == 1;
+  double shownSecond_ = -1;
+};
+
+void Play(const BenchOptions& options) {
+  Turn turn(options.Turn, ChosenPattern(options));
+  Tone tone([&turn](double seconds) { return turn.Level(seconds); });
+  Progress progress;
+  PulsePlayer player(options.Sink, [&](std::span<std::int16_t> samples) {
+    tone.Fill(samples);
+    if (turn.Over(tone.Seconds())) return false;
+    progress.Show(turn, tone.Seconds());
+    return true;
+  });
+  player.Run();
+  progress.Finish();
+  if (player.Gaps() > 0)
+    std::cerr << "lobegraph-bench: the audio had " << player.Gaps() << " gaps, this machine was too busy\n";
+}
+
+int Run(int argc, char** argv) {
+  const ParsedCommandLine commandLine = ParseCommandLine(argc, argv);
+  std::cout << commandLine.Output;
+  std::cerr << commandLine.Complaint;
+  if (!commandLine.Options) return commandLine.ExitCode;
+  if (commandLine.Options->List)
+    std::cout << ListText(commandLine.Options->Plain);
+  else
+    Play(*commandLine.Options);
+  return 0;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  try {
+    return Run(argc, argv);
+  } catch (const RunTimeError& error) {
+    std::cerr << "lobegraph-bench: " << error.Description() << (error.Detail().empty() ? "" : ": ")
+              << error.Detail() << '\n';
+  } catch (const std::exception& error) {
+    std::cerr << "lobegraph-bench: " << error.what() << '\n';
+  }
+  return 1;
+}

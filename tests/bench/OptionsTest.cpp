@@ -1,0 +1,126 @@
+#include "bench/Options.h"
+
+#include <gmock/gmock.h>
+
+#include <vector>
+
+namespace lobegraph {
+namespace {
+
+using ::testing::HasSubstr;
+
+ParsedCommandLine Parse(std::vector<const char*> arguments) {
+  arguments.insert(arguments.begin(), "lobegraph-bench");
+  return ParseCommandLine(static_cast<int>(arguments.size()), arguments.data());
+}
+
+TEST(Options, WithoutArgumentsABeamTurnsInAMinuteForEver) {
+  const auto parsed = Parse({});
+  ASSERT_TRUE(parsed.Options);
+  EXPECT_EQ(parsed.Options->Antenna, "beam");
+  EXPECT_EQ(parsed.Options->Turn.SecondsPerTurn, 60);
+  EXPECT_EQ(parsed.Options->Turn.StartBearingDeg, 180);
+  EXPECT_EQ(parsed.Options->Turn.PeakLevel, 900);
+  EXPECT_EQ(parsed.Options->Turn.NoiseDb, 0);
+  EXPECT_EQ(parsed.Options->Turn.SpikesPerTurn, 0);
+  EXPECT_EQ(parsed.Options->Turn.SilenceSeconds, 0);
+  EXPECT_FALSE(parsed.Options->Turn.Turns);
+  EXPECT_EQ(parsed.Options->Sink, "");
+  EXPECT_FALSE(parsed.Options->List);
+}
+
+TEST(Options, EachOptionReachesItsSetting) {
+  const auto parsed = Parse({"--antenna",
+                             "dipole",
+                             "--seconds",
+                             "36.5",
+                             "--turns",
+                             "2",
+                             "--start-bearing",
+                             "-45",
+                             "--noise",
+                             "0.5",
+                             "--spikes",
+                             "4",
+                             "--seed",
+                             "99",
+                             "--sink",
+                             "rx",
+                             "--peak",
+                             "700",
+                             "--seconds-of-silence-before",
+                             "2.5"});
+  ASSERT_TRUE(parsed.Options) << parsed.Complaint;
+  const TurnSettings& turn = parsed.Options->Turn;
+  EXPECT_EQ(parsed.Options->Antenna, "dipole");
+  EXPECT_EQ(turn.SecondsPerTurn, 36.5);
+  EXPECT_EQ(turn.Turns, 2);
+  EXPECT_EQ(turn.StartBearingDeg, -45);
+  EXPECT_EQ(turn.NoiseDb, 0.5);
+  EXPECT_EQ(turn.SpikesPerTurn, 4);
+  EXPECT_EQ(turn.Seed, 99U);
+  EXPECT_EQ(parsed.Options->Sink, "rx");
+  EXPECT_EQ(turn.PeakLevel, 700);
+  EXPECT_EQ(turn.SilenceSeconds, 2.5);
+}
+
+TEST(Options, AFileStartsWithItsFirstReadingUnlessABearingIsGiven) {
+  EXPECT_EQ(Parse({"--file", "a.lbg"}).Options->Turn.StartBearingDeg, 0);
+  EXPECT_EQ(Parse({"--file", "a.lbg", "--start-bearing", "90"}).Options->Turn.StartBearingDeg, 90);
+  EXPECT_EQ(Parse({"--file", "a.lbg"}).Options->File, "a.lbg");
+}
+
+TEST(Options, WhatMakesNoSenseIsRefusedWithAReason) {
+  const std::vector<std::vector<const char*>> cases{
+      {"--antenna", "loop"},
+      {"--antenna", "beam", "--file", "a.lbg"},
+      {"--seconds", "0"},
+      {"--seconds", "x"},
+      {"--turns", "0"},
+      {"--turns", "1.5"},
+      {"--start-bearing", "361"},
+      {"--noise", "-1"},
+      {"--spikes", "91"},
+      {"--peak", "0"},
+      {"--peak", "1024"},
+      {"--seconds-of-silence-before", "-1"},
+      {"--plain"},
+      {"--unknown"},
+      {"--seconds"},
+      {"stray"},
+  };
+  for (const auto& arguments : cases) {
+    const auto parsed = Parse(arguments);
+    EXPECT_FALSE(parsed.Options) << arguments.front();
+    EXPECT_NE(parsed.ExitCode, 0) << arguments.front();
+    EXPECT_NE(parsed.Complaint, "") << arguments.front();
+  }
+}
+
+TEST(Options, HelpNamesEveryOptionAndShowsExamples) {
+  const auto help = Parse({"--help"});
+  EXPECT_FALSE(help.Options);
+  EXPECT_EQ(help.ExitCode, 0);
+  for (const char* text :
+       {"--list", "--plain", "--antenna", "--file", "--seconds", "--turns", "--start-bearing", "--noise",
+        "--spikes", "--seed", "--sink", "--peak", "--seconds-of-silence-before", "Examples:"})
+    EXPECT_THAT(help.Output, HasSubstr(text));
+}
+
+TEST(ListText, NamesEachAntennaWithItsBeamwidth) {
+  EXPECT_THAT(ListText(false), HasSubstr("beam           62.23  3-element beam with minor lobes\n"));
+  EXPECT_EQ(ListText(true), "dipole\t77.95\ncardioid\t130.85\nbeam\t62.23\nomni\t360.00\n");
+  EXPECT_TRUE(Parse({"--list", "--plain"}).Options->Plain);
+}
+
+TEST(ProgressText, TellsTurnBearingAndLevel) {
+  TurnSettings settings;
+  settings.SecondsPerTurn = 10;
+  settings.SilenceSeconds = 2;
+  const Turn turn(settings, [](double) { return 0.5; });
+  EXPECT_EQ(ProgressText(turn, 1), "silence before the first turn");
+  EXPECT_EQ(ProgressText(turn, 14.5), "turn 2  bearing 270.0  level 450.0");
+}
+
+}  // namespace
+}  // namespace lobegraph
