@@ -1,0 +1,98 @@
+#include "app/qt/ControlWidgets.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFontMetrics>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSlider>
+
+#include "app/qt/WindowLayout.h"
+
+namespace lobegraph {
+namespace {
+
+QString Q(std::string_view text) {
+  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+QWidget* MakeButton(const ControlRow& row, QWidget& parent) {
+  auto* button = new QPushButton(Q(row.Caption), &parent);
+  button->setAutoDefault(true);  // Enter presses the button that has the focus
+  return button;
+}
+
+QWidget* MakeLabel(const ControlRow& row, QWidget& parent) {
+  auto* label = new QLabel(&parent);
+  label->setTextFormat(Qt::PlainText);
+  label->setText(Q(row.Caption));
+  return label;
+}
+
+QWidget* MakeTextBox(const ControlRow& row, QWidget& parent) {
+  auto* box = new QLineEdit(Q(row.Caption), &parent);
+  box->setReadOnly(row.Kind == ControlKind::ReadOnlyBox);
+  // What only shows a value is no stop on the way through the window by keyboard.
+  if (box->isReadOnly()) box->setFocusPolicy(Qt::ClickFocus);
+  return box;
+}
+
+QWidget* MakeSlider(QWidget& parent) {
+  auto* slider = new QSlider(Qt::Horizontal, &parent);
+  slider->setPageStep(10);
+  return slider;
+}
+
+QWidget* MakeDropDown(QWidget& parent) {
+  auto* box = new QComboBox(&parent);
+  for (const auto item : ElementItems()) box->addItem(Q(item));
+  box->setCurrentIndex(-1);
+  return box;
+}
+
+QWidget* MakeBare(const ControlRow& row, QWidget& parent) {
+  switch (row.Kind) {
+    case ControlKind::Button:
+      return MakeButton(row, parent);
+    case ControlKind::CheckBox:
+      return new QCheckBox(Q(row.Caption).trimmed(), &parent);
+    case ControlKind::Label:
+      return MakeLabel(row, parent);
+    case ControlKind::Slider:
+      return MakeSlider(parent);
+    case ControlKind::DropDown:
+      return MakeDropDown(parent);
+    default:
+      return MakeTextBox(row, parent);
+  }
+}
+
+/// What the frame of a control takes beside its caption.
+int FrameWidth(ControlKind kind) {
+  if (kind == ControlKind::CheckBox) return 20;
+  return kind == ControlKind::Button ? 10 : 2;
+}
+
+}  // namespace
+
+QWidget* MakeWidget(const ControlRow& row, QWidget& parent) {
+  QWidget* widget = MakeBare(row, parent);
+  widget->setObjectName(Q(row.Name));
+  widget->setToolTip(ComesLater(row.Id)
+                         ? Q(row.ToolTip) + (row.ToolTip.empty() ? "" : ": ") + "not in this version yet"
+                         : Q(row.ToolTip));
+  widget->setAccessibleName(row.AccessibleName.empty() ? Q(row.Caption).remove('&').trimmed()
+                                                       : Q(row.AccessibleName));
+  widget->setGeometry(PlaceOf(row.Id));
+  widget->setEnabled(!ComesLater(row.Id));
+  return widget;
+}
+
+bool CaptionFits(const ControlRow& row, const QFont& font) {
+  const QFontMetrics metrics(font);
+  const int needed = metrics.horizontalAdvance(Q(row.Caption).remove('&').trimmed()) + FrameWidth(row.Kind);
+  return needed <= PlaceOf(row.Id).width() && metrics.height() <= PlaceOf(row.Id).height();
+}
+
+}  // namespace lobegraph

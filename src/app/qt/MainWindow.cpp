@@ -1,0 +1,183 @@
+#include "app/qt/MainWindow.h"
+
+#include <QAbstractButton>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QCoreApplication>
+#include <QDir>
+#include <QFrame>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QSlider>
+#include <QTimer>
+#include <cstdlib>
+
+#include "app/qt/WindowLayout.h"
+
+namespace lobegraph {
+
+MainWindow::MainWindow(const std::string& versionText)
+    : surfaceFrame_(this),
+      surface_(QSize(kPlotWidth, kSurfaceHeight), devicePixelRatioF(), Colour{224, 224, 224}),
+      plot_(surface_, &surfaceFrame_),
+      panel_(&surfaceFrame_),
+      view_(*this, plot_, panel_, surface_),
+      form_(MakePlatform(versionText), MakePlotGeometry(kSurfaceWidth, kSurfaceHeight, kPanelWidth)) {
+  setObjectName("Form1");
+  dialogs_.SetOwner(this);
+  plot_.setGeometry(0, 0, kPlotWidth, kSurfaceHeight);
+  panel_.setGeometry(kPlotWidth, 0, kPanelWidth, kSurfaceHeight);
+  panel_.setObjectName("Frame1");
+  MakePanel();
+  Connect();
+  setMinimumSize(kSurfaceWidth, kSurfaceHeight);
+  resize(kSurfaceWidth, kSurfaceHeight);
+}
+
+Platform MainWindow::MakePlatform(const std::string& versionText) {
+  return {.View = view_,
+          .Dialogs = dialogs_,
+          .System = system_,
+          .Files = files_,
+          .End = *this,
+          .Surface = surface_,
+          .Store = store_,
+          .Time = clock_,
+          .Pump = pump_,
+          .SoundDevice = sound_,
+          .Devices = meters_,
+          .MSComm1 = meters_,
+          .frmdBMeter = meters_,
+          .ExternalMeter = meters_,
+          .VersionText = versionText,
+          .WorkingFolder = (QDir::currentPath() + '/').toStdString(),
+          .StateFolder = StateFolder()};
+}
+
+void MainWindow::MakePanel() {
+  int number = 1;
+  for (const int top : SeparatorTops()) {
+    auto* line = new QFrame(&panel_);
+    line->setObjectName(QString("Line%1").arg(number++));
+    line->setFrameStyle(QFrame::HLine | QFrame::Sunken);
+    line->setGeometry(8, top, kPanelWidth - 16, 2);
+  }
+}
+
+void MainWindow::Connect() {
+  for (const ControlRow& row : ControlTable()) ConnectControl(row);
+  auto& description = static_cast<QLineEdit&>(view_.Widget(Control::txtDescription));
+  connect(&description, &QLineEdit::textEdited, this, [this] { form_.File().txtDescription_Change(); });
+  connect(&description, &QLineEdit::editingFinished, this, [this] { Click(Control::txtDescription); });
+  view_.Widget(Control::lblOperator).setFocusPolicy(Qt::TabFocus);
+  connect(&view_.Timer1(), &QTimer::timeout, this, [this] { Run([this] { form_.Run().Timer1_Timer(); }); });
+  // Drawing is not for the middle of a repaint.
+  connect(&plot_, &PlotWidget::RatioChanged, this, &MainWindow::DrawForRatio, Qt::QueuedConnection);
+}
+
+void MainWindow::ConnectControl(const ControlRow& row) {
+  QWidget& widget = view_.Widget(row.Id);
+  const Control id = row.Id;
+  widget.installEventFilter(this);
+  if (auto* button = qobject_cast<QAbstractButton*>(&widget))
+    connect(button, &QAbstractButton::clicked, this, [this, id] { Click(id); });
+  if (auto* slider = qobject_cast<QSlider*>(&widget))
+    connect(slider, &QSlider::valueChanged, this, [this, id] { Click(id); });
+  if (auto* dropDown = qobject_cast<QComboBox*>(&widget))
+    connect(dropDown, &QComboBox::activated, this, [this, id] { Click(id); });
+  auto* box = qobject_cast<QLineEdit*>(&widget);
+  if (box != nullptr && row.Kind == ControlKind::TextBox && id != Control::txtDescription)
+    connect(box, &QLineEdit::returnPressed, this, [this, id] { Click(id); });
+}
+
+void MainWindow::Run(const std::function<void()>& handler) {
+  if (left_) return;
+  ++depth_;
+  handler();
+  --depth_;
+  if (leavePending_ && depth_ == 0 && !form_.Shared().Run.Running()) Leave();
+}
+
+void MainWindow::Leave() {
+  if (left_) return;
+  if (form_.Shared().Run.Running()) {
+    leavePending_ = true;
+    form_.Shared().Run.RequestClose();
+    return;
+  }
+  leavePending_ = false;
+  form_.Shell().Form_QueryUnload();
+  form_.Shell().Form_Unload();
+}
+
+void MainWindow::LeaveNow() {
+  dialogs_.CloseAll();
+  Leave();
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+  event->setAccepted(left_);
+  Leave();
+}
+
+void MainWindow::EndAtOnce() { std::_Exit(EXIT_FAILURE); }
+
+void MainWindow::EndProgram() {
+  left_ = true;
+  hide();
+  QCoreApplication::exit(EXIT_SUCCESS);
+}
+
+void MainWindow::resizeEvent(QResizeEvent*) { PlaceSurface(); }
+
+void MainWindow::showEvent(QShowEvent*) {
+  PlaceSurface();
+  DrawForRatio(devicePixelRatioF());
+}
+
+void MainWindow::PlaceSurface() {
+  const int surfaceWidth = view_.Grown() ? kSurfaceWidth : kPlotWidth;
+  surfaceFrame_.setGeometry((width() - surfaceWidth) / 2, (height() - kSurfaceHeight) / 2, surfaceWidth,
+                            kSurfaceHeight);
+}
+
+void MainWindow::DrawForRatio(qreal ratio) {
+  if (form_.Shared().Run.Running()) return;  // the picture grows with the screen until the run has ended
+  surface_.Resize(QSize(kPlotWidth, kSurfaceHeight), ratio);
+  form_.Plot().RedrawAll();
+}
+
+bool MainWindow::event(QEvent* event) {
+  // A box of the program's own is part of its window: closing it is no return to the window, or a message
+  // that the redraw itself shows would come back for ever.
+  if (event->type() == QEvent::WindowDeactivate && dialogs_.IsOpen()) ownBoxClosed_ = true;
+  if (event->type() == QEvent::WindowActivate && !std::exchange(ownBoxClosed_, false) && !dialogs_.IsOpen())
+    QTimer::singleShot(0, this, [this] { Run([this] { form_.Shell().Form_Activate(); }); });
+  return QWidget::event(event);
+}
+
+bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::KeyPress && SwallowsKey(*watched, static_cast<const QKeyEvent&>(*event)))
+    return true;
+  if (event->type() == QEvent::MouseButtonDblClick && watched == &view_.Widget(Control::lblOperator))
+    Click(Control::lblOperator);
+  if (event->type() == QEvent::FocusIn) {
+    auto* box = qobject_cast<QLineEdit*>(watched);
+    if (box != nullptr && watched != &view_.Widget(Control::txtDescription))
+      QTimer::singleShot(0, box, &QLineEdit::selectAll);
+  }
+  return QWidget::eventFilter(watched, event);
+}
+
+bool MainWindow::SwallowsKey(QObject& watched, const QKeyEvent& key) {
+  const bool enter = key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
+  // A held Enter on Collect Data must not press Halt, which gets the focus next.
+  if (key.isAutoRepeat() && (enter || key.key() == Qt::Key_Space) && qobject_cast<QAbstractButton*>(&watched))
+    return true;
+  if (&watched == &view_.Widget(Control::txtDescription)) return key.text() == "\"";
+  if (&watched != &view_.Widget(Control::lblOperator) || !enter) return false;
+  Click(Control::lblOperator);
+  return true;
+}
+
+}  // namespace lobegraph

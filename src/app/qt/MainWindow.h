@@ -1,0 +1,78 @@
+#pragma once
+
+#include <QWidget>
+
+#include "acquisition/qt/PulseCapture.h"
+#include "acquisition/qt/QtEventPump.h"
+#include "acquisition/qt/SystemClock.h"
+#include "app/Form1.h"
+#include "app/qt/NoMeters.h"
+#include "app/qt/PlotWidget.h"
+#include "app/qt/QtDialogs.h"
+#include "app/qt/QtSystemText.h"
+#include "app/qt/WidgetView.h"
+#include "render/qt/ImageSurface.h"
+#include "settings/FileSettingsStore.h"
+
+namespace lobegraph {
+
+/// The main window: the real parts put together, and the way from a click to its handler.
+class MainWindow : public QWidget, private ProgramEnd {
+  Q_OBJECT
+
+ public:
+  /// @param versionText "V1.2.3"
+  explicit MainWindow(const std::string& versionText);
+
+  /// Start-up; the window is shown afterwards.
+  void Load() { form_.Shell().Form_Load(); }
+  /// Leaves in good order: at once when idle, else as soon as the run has ended.
+  void Leave();
+  /// Leave, whatever box is open: the desktop session ends or the process was asked to.
+  void LeaveNow();
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void showEvent(QShowEvent* event) override;
+  bool event(QEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  Platform MakePlatform(const std::string& versionText);
+  void MakePanel();
+  void Connect();
+  void ConnectControl(const ControlRow& row);
+  /// Runs a handler; a close that was asked for in the middle of its run happens after it.
+  void Run(const std::function<void()>& handler);
+  void Click(Control control) {
+    Run([this, control] { form_.Click(control); });
+  }
+  void PlaceSurface();
+  void DrawForRatio(qreal ratio);
+  bool SwallowsKey(QObject& watched, const QKeyEvent& key);
+
+  void EndAtOnce() override;
+  void EndProgram() override;
+
+  QWidget surfaceFrame_;
+  ImageSurface surface_;
+  PlotWidget plot_;
+  QWidget panel_;
+  WidgetView view_;
+  QtDialogs dialogs_;
+  QtSystemText system_;
+  DiskFiles files_;
+  FileSettingsStore store_;
+  SystemClock clock_;
+  QtEventPump pump_;
+  PulseCapture sound_;
+  NoMeters meters_;
+  Form1 form_;
+  bool leavePending_ = false;
+  bool left_ = false;
+  bool ownBoxClosed_ = false;
+  int depth_ = 0;
+};
+
+}  // namespace lobegraph

@@ -1,0 +1,82 @@
+#include "app/qt/QtDialogs.h"
+
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QMessageBox>
+
+namespace lobegraph {
+namespace {
+
+QString Q(const std::string& text) { return QString::fromStdString(text); }
+
+QString Lines(const std::string& text) { return Q(text).replace("\r\n", "\n"); }
+
+/// "A (*.a)|*.a|B (*.*)|*.*" as the list of its texts.
+QStringList FilterTexts(const QString& filter) {
+  QStringList texts;
+  const QStringList parts = filter.split('|');
+  for (qsizetype i = 0; i < parts.size(); i += 2) texts << parts[i];
+  return texts;
+}
+
+}  // namespace
+
+int QtDialogs::Run(QDialog& dialog) {
+  if (closing_) return QDialog::Rejected;
+  const QPointer<QDialog> before = current_;
+  current_ = &dialog;
+  ++open_;
+  const int result = dialog.exec();
+  --open_;
+  current_ = before;
+  return result;
+}
+
+void QtDialogs::CloseAll() {
+  closing_ = true;
+  if (current_) current_->reject();
+}
+
+void QtDialogs::Show(const UserMessage& message) {
+  QMessageBox box(owner_);
+  box.setWindowTitle(message.Title.empty() ? "Lobegraph" : Q(message.Title));
+  box.setTextFormat(Qt::PlainText);
+  box.setText(Lines(message.Text));
+  box.setIcon(message.Exclamation ? QMessageBox::Warning : QMessageBox::NoIcon);
+  box.setStandardButtons(QMessageBox::Ok);
+  Run(box);
+}
+
+bool QtDialogs::AskYesNo(const std::string& text) {
+  QMessageBox box(owner_);
+  box.setWindowTitle("Lobegraph");
+  box.setTextFormat(Qt::PlainText);
+  box.setText(Lines(text));
+  box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+  box.setDefaultButton(QMessageBox::No);  // a stray Enter must not cost a file
+  return Run(box) == QMessageBox::Yes;
+}
+
+std::optional<std::string> QtDialogs::InputBox(const std::string& prompt, const std::string& title) {
+  QInputDialog box(owner_);
+  box.setWindowTitle(Q(title));
+  box.setLabelText(Q(prompt));
+  if (Run(box) != QDialog::Accepted) return std::nullopt;
+  return box.textValue().toStdString();
+}
+
+std::optional<std::string> QtDialogs::OpenFile(const std::string& folder) { return AskFile(folder, false); }
+std::optional<std::string> QtDialogs::SaveFile(const std::string& folder) { return AskFile(folder, true); }
+
+std::optional<std::string> QtDialogs::AskFile(const std::string& folder, bool save) {
+  QFileDialog dialog(owner_, save ? "Save File" : "Get File", Q(folder));
+  dialog.setOption(QFileDialog::DontUseNativeDialog);  // native ones refuse a name that does not exist yet
+  dialog.setOption(QFileDialog::DontConfirmOverwrite);
+  dialog.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+  dialog.setFileMode(QFileDialog::AnyFile);
+  dialog.setNameFilters(FilterTexts(kPatternFilter));
+  if (Run(dialog) != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
+  return dialog.selectedFiles().first().toStdString();
+}
+
+}  // namespace lobegraph

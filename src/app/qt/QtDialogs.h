@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QPointer>
+#include <QWidget>
+
+#include "app/UserDialogs.h"
+
+namespace lobegraph {
+
+/// The boxes as a person meets them, each over the main window. While one is open IsOpen holds, so that its
+/// closing is not taken for a return to the window.
+class QtDialogs final : public UserDialogs {
+ public:
+  void SetOwner(QWidget* owner) { owner_ = owner; }
+  bool IsOpen() const { return open_ > 0; }
+  /// Closes what is open, as its cancel button would: the program ends.
+  void CloseAll();
+
+  void Show(const UserMessage& message) override;
+  bool AskYesNo(const std::string& text) override;
+  std::optional<std::string> InputBox(const std::string& prompt, const std::string& title) override;
+  std::optional<std::string> OpenFile(const std::string& folder) override;
+  std::optional<std::string> SaveFile(const std::string& folder) override;
+
+ private:
+  int Run(QDialog& dialog);
+  std::optional<std::string> AskFile(const std::string& folder, bool save);
+
+  QWidget* owner_ = nullptr;
+  int open_ = 0;
+  bool closing_ = false;
+  QPointer<QDialog> current_;
+};
+
+}  // namespace lobegraph
