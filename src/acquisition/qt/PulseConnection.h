@@ -2,7 +2,6 @@
 
 #include <pulse/pulseaudio.h>
 
-#include <chrono>
 #include <functional>
 #include <memory>
 #include <string>
