@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "acquisition/SoundFakes.h"
+#include "support/SoundFakes.h"
 #include "acquisition/frmDX_Record.h"
 
 namespace lobegraph::test {
@@ -26,5 +26,6 @@ class CaptureForm : public ::testing::Test {
   FakeDevice device_;
   SoundLevelState state_;
   frmDX_Record form_{device_, state_};
+};
 
 }  // namespace lobegraph::test

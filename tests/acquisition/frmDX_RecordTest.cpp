@@ -12,7 +12,6 @@ namespace {
 
 using test::BlockOf;
 using test::CaptureForm;
-};
 
 TEST_F(CaptureForm, TenMillisecondBlocksOf44100HzStereo) {
   EXPECT_EQ(Initialize(), "");
