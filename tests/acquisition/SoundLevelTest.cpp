@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "acquisition/SoundFakes.h"
+#include "support/SoundFakes.h"
 
 namespace lobegraph {
 namespace {

@@ -5,7 +5,7 @@
 #include <atomic>
 #include <thread>
 
-#include "acquisition/SoundFakes.h"
+#include "support/SoundFakes.h"
 #include "data/RunTimeError.h"
 
 namespace lobegraph {
