@@ -1,0 +1,12 @@
+#!/usr/bin/env bash
+# Style of all sources, and the linter over the pure layers. Uses a configured dev build for the compile commands.
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")/.."
+
+mapfile -t sources < <(git ls-files '*.cpp' '*.h')
+clang-format --dry-run --Werror "${sources[@]}"
+
+cmake --preset dev >/dev/null
+mapfile -t pure < <(git ls-files 'src/*.cpp' 'cli/*.cpp' 'bench/*.cpp' | grep -v '/qt/')
+# One file each, as many at once as there are cores.
+printf '%s\n' "${pure[@]}" | xargs -P "$(nproc)" -n 4 clang-tidy --quiet -p build/dev 2> >(grep -v 'warnings generated' >&2)

@@ -1,0 +1,225 @@
+"""Operates Lobegraph from outside, as a person would: a display and a sound server of its own, the accessibility tree.
+
+Must run inside a session bus of its own: dbus-run-session -- /usr/bin/python3 ...
+"""
+import contextlib
+import os
+import pathlib
+import re
+import shutil
+import signal
+import subprocess
+import tempfile
+import time
+
+import gi
+
+gi.require_version("Atspi", "2.0")
+from gi.repository import Atspi, GLib  # noqa: E402
+
+
+def wait_for(what, seconds, condition, every=0.05):
+    """The first true value of condition(); raises TimeoutError with `what` after that many seconds."""
+    end = time.monotonic() + seconds
+    while True:
+        value = condition()
+        if value:
+            return value
+        if time.monotonic() > end:
+            raise TimeoutError(f"waited {seconds} s for {what}")
+        time.sleep(every)
+
+
+class Stage(contextlib.ExitStack):
+    """Everything that was started here is stopped here, by its own process id, last first."""
+
+    def __init__(self):
+        super().__init__()
+        self.folder = pathlib.Path(tempfile.mkdtemp(prefix="lobegraph-"))
+        self.callback(shutil.rmtree, self.folder, ignore_errors=True)
+        runtime = self.folder / "runtime"
+        runtime.mkdir(mode=0o700)
+        self.environment = dict(os.environ)
+        for name in ("XDG_CONFIG_HOME", "XDG_STATE_HOME", "WAYLAND_DISPLAY", "SESSION_MANAGER"):
+            self.environment.pop(name, None)
+        self.environment.update(
+            HOME=str(self.folder), XDG_RUNTIME_DIR=str(runtime), QT_QPA_PLATFORM="xcb",
+            QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", NO_AT_BRIDGE="0", LC_ALL="C.UTF-8")
+
+    @property
+    def config(self):
+        """The folder of the settings files."""
+        return self.folder / ".config" / "lobegraph"
+
+    @property
+    def turns(self):
+        """The folder of the safety copies."""
+        return self.folder / ".local" / "state" / "lobegraph"
+
+    def start(self, *command, log=None, **options):
+        output = open(log, "wb") if log else subprocess.DEVNULL
+        process = subprocess.Popen([str(part) for part in command], env=self.environment, stdout=output,
+                                   stderr=subprocess.STDOUT if log else subprocess.DEVNULL, **options)
+        self.callback(stop, process)
+        return process
+
+    def virtual_display(self, size="1280x1024"):
+        reading, writing = os.pipe()
+        self.start("Xvfb", "-displayfd", str(writing), "-screen", "0", f"{size}x24", "-nolisten", "tcp",
+                   pass_fds=[writing])
+        os.close(writing)
+        with os.fdopen(reading) as answer:
+            self.environment["DISPLAY"] = ":" + answer.readline().strip()
+        self.start("openbox")
+        wait_for("the window manager", 15, lambda: "window id" in self.output("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"))
+
+    def private_sound(self):
+        """A sound server whose default input hears the null sink "rx"; nothing reaches anybody's speakers."""
+        socket = self.folder / "pulse.sock"
+        server = self.start(
+            "pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1", "--use-pid-file=no", "--disable-shm=yes",
+            "--realtime=yes", "--high-priority=yes",
+            "-L", f"module-native-protocol-unix auth-anonymous=1 socket={socket}",
+            "-L", "module-null-sink sink_name=rx rate=44100 channels=2 format=s16le norewinds=1"
+                  " sink_properties=device.description=Receiver")
+        self.environment["PULSE_SERVER"] = f"unix:{socket}"
+        wait_for("the sound server", 15, lambda: "rx.monitor" in self.output("pactl", "list", "short", "sources"))
+        self.output("pactl", "set-default-source", "rx.monitor")
+        return server
+
+    def output(self, *command):
+        done = subprocess.run([str(part) for part in command], env=self.environment, capture_output=True, text=True,
+                              check=False)
+        return done.stdout + done.stderr
+
+    def picture(self, path, title="Lobegraph V"):
+        """The window whose title begins so, as a PNG."""
+        tree = self.output("xwininfo", "-root", "-tree")
+        window = re.search(r'(0x[0-9a-f]+) "' + re.escape(title), tree)
+        self.output("import", "-window", window.group(1) if window else "root", path)
+
+
+def stop(process):
+    if process.poll() is None:
+        process.send_signal(signal.SIGTERM)
+        try:
+            process.wait(5)
+        except subprocess.TimeoutExpired:
+            process.kill()
+            process.wait()
+
+
+def nodes(root):
+    """The node and all below it; what vanishes meanwhile is passed over."""
+    try:
+        yield root
+        for index in range(root.get_child_count()):
+            child = root.get_child_at_index(index)
+            if child is not None:
+                yield from nodes(child)
+    except GLib.Error:
+        return
+
+
+class Program:
+    """A running program in the accessibility tree. Controls are found by their accessible names."""
+
+    def __init__(self, process):
+        self.process = process
+        self.root = wait_for("the program in the accessibility tree", 20, self._application)
+
+    def _application(self):
+        # The tree is read afresh each time: what was cached before the program came says nothing.
+        desktop = Atspi.get_desktop(0)
+        desktop.clear_cache()
+        for index in range(desktop.get_child_count()):
+            child = desktop.get_child_at_index(index)
+            try:
+                if child is not None and child.get_process_id() == self.process.pid:
+                    return child
+            except GLib.Error:
+                continue
+        return None
+
+    def find(self, name, role=None, seconds=10, within=None):
+        def look():
+            for node in nodes(within or self.root):
+                try:
+                    if node.get_name() == name and (role is None or node.get_role_name() == role):
+                        return node
+                except GLib.Error:
+                    continue
+            return None
+
+        return wait_for(f"a control named {name!r}", seconds, look)
+
+    def press(self, name, role="push button", within=None):
+        node = self.find(name, role, within=within)
+        wait_for(f"{name!r} to be enabled", 10, lambda: self.enabled(node))
+        node.get_action_iface().do_action(0)
+
+    def tick(self, name):
+        self.press(name, "check box")
+
+    def ticked(self, name):
+        return self.has(self.find(name, "check box"), Atspi.StateType.CHECKED)
+
+    def enabled(self, node_or_name, role="push button"):
+        node = self.find(node_or_name, role) if isinstance(node_or_name, str) else node_or_name
+        return self.has(node, Atspi.StateType.ENABLED)
+
+    @staticmethod
+    def has(node, state):
+        node.clear_cache()
+        return node.get_state_set().contains(state)
+
+    def text(self, name):
+        node = self.find(name, "text")
+        return Atspi.Text.get_text(node, 0, Atspi.Text.get_character_count(node))
+
+    def label(self, name):
+        """What a label shows, found by its accessible name (its description carries the words)."""
+        node = self.find(name, "label")
+        return Atspi.Text.get_text(node, 0, Atspi.Text.get_character_count(node))
+
+    def type(self, name, text, within=None):
+        node = self.find(name, "text", within=within)
+        Atspi.EditableText.set_text_contents(node, text)
+
+    def slide(self, name, value):
+        node = self.find(name, "slider")
+        Atspi.Value.set_current_value(node, value)
+
+    def box(self, title, seconds=10):
+        """An open dialog or message box."""
+        return wait_for(f"a box titled {title!r}", seconds, lambda: self.open_box(title))
+
+    def open_box(self, title):
+        for node in nodes(self.root):
+            try:
+                if node.get_role_name() in ("dialog", "alert", "file chooser") and node.get_name() == title:
+                    return node
+            except GLib.Error:
+                continue
+        return None
+
+    def words(self, box):
+        """Every text in a box."""
+        return [node.get_name() for node in nodes(box) if node.get_role_name() == "label"]
+
+    def answer_file(self, title, path):
+        """Types a path into a file dialog and confirms it."""
+        box = self.box(title)
+        field = next(node for node in nodes(box) if node.get_role_name() == "text" and self.has(node, Atspi.StateType.EDITABLE))
+        Atspi.EditableText.set_text_contents(field, str(path))
+        button = "Save" if title == "Save File" else "Open"
+        self.press(button, within=box)
+        wait_for("the file dialog to close", 10, lambda: self.open_box(title) is None)
+
+    def answer_input(self, title, text):
+        """Types into an input box and confirms it."""
+        box = self.box(title)
+        field = next(node for node in nodes(box) if node.get_role_name() == "text")
+        Atspi.EditableText.set_text_contents(field, text)
+        self.press("OK", within=box)
+        wait_for("the input box to close", 10, lambda: self.open_box(title) is None)

@@ -1,0 +1,24 @@
+# Debian packages for each purpose, and one function that installs what is missing. Sourced by ./run and ./test.
+
+PACKAGES_BUILD="g++ cmake ninja-build pkg-config qt6-base-dev libgl-dev libpulse-dev libutfcpp-dev libcli11-dev"
+# A display, a window manager, a sound server and an accessibility bus of the demo's own.
+PACKAGES_DEMO="xvfb xauth openbox x11-utils imagemagick fonts-liberation dbus at-spi2-core gir1.2-atspi-2.0 python3
+  python3-gi pulseaudio pulseaudio-utils"
+PACKAGES_TEST="libgtest-dev libgmock-dev libbenchmark-dev clang-tidy clang-format locales xdotool"
+
+# need PACKAGE... : installs those that are not there; asks for root rights only then.
+need() {
+  local missing=() package
+  for package in "$@"; do
+    dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'ok installed' || missing+=("$package")
+  done
+  [ ${#missing[@]} -eq 0 ] && return 0
+  local root=()
+  if [ "$(id -u)" -ne 0 ]; then
+    command -v sudo >/dev/null || { echo "Please install as root: ${missing[*]}" >&2; return 1; }
+    root=(sudo)
+  fi
+  echo "Installing: ${missing[*]}"
+  "${root[@]}" apt-get update -qq
+  "${root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
+}
