@@ -1,6 +1,5 @@
 #include "app/FileCommands.h"
 
-
 namespace lobegraph {
 namespace {
 
@@ -82,6 +81,7 @@ void FileCommands::Save(const std::string& path) {
   shared.Record.FileName = FileNameOf(path);
   shared.WorkingFolder = FolderOf(path);
   parts_.View.SetText(Control::txtFileName, shared.Record.FileName);
+  parts_.View.SetText(Control::lblHint, "Saved in " + shared.WorkingFolder);
 }
 
 bool FileCommands::MayReplace(const std::string& path) {

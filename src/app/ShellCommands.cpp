@@ -35,9 +35,7 @@ void ShellCommands::Form_Load() {
   if (!loaded) parts_.End.EndAtOnce();
 }
 
-void ShellCommands::SetIdentity() {
-  parts_.Shared.NoticeText = "Lobegraph comes without any warranty; figures are estimates.";
-}
+void ShellCommands::SetIdentity() { parts_.Shared.NoticeText = "No warranty. Figures are estimates."; }
 
 void ShellCommands::AskCallSign() {
   Globals& shared = parts_.Shared;
@@ -62,6 +60,8 @@ void ShellCommands::ReadAndApplySettings() {
   view.SetChecked(Control::chkAutoStart, settings.AutoStart != 0);
   view.SetChecked(Control::chkAutoStop, settings.AutoStop != 0);
   view.SetChecked(Control::chkTrigger, settings.Trigger != 0);
+  view.SetBackground(Control::txtChan1, status_colour::kYellow);
+  view.SetBackground(Control::chkCalibrate, status_colour::kLightYellow);
   view.SetWindowBackground(Colour::FromStored(settings.PlotBackground));
   parts_.Shared.Thresholds = SoundThresholds::FromPeak(settings.PeakInputLevel);
   view.SetMaximum(Control::Slider2, settings.Slider2Maximum());

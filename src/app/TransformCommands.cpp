@@ -34,9 +34,16 @@ void TransformCommands::DeSpikeReadings() {
 
 void TransformCommands::cmdRescaleData_Click() {
   plot_.EndOverlay();
+  bool done = false;
   AutoOrient(
-      parts_.Shared.Record, parts_.Shared.Settings.LinearMode, [&] { return plot_.ReDraw(); },
+      parts_.Shared.Record, parts_.Shared.Settings.LinearMode,
+      [&] {
+        const PlotResult plot = plot_.ReDraw();
+        done = plot.PlotDone;
+        return plot;
+      },
       [&] { plot_.ShowRotation(); });
+  if (done) parts_.View.SetText(Control::lblHint, "Save File keeps the pattern.");
 }
 
 void TransformCommands::cmdOriginalData_Click() {

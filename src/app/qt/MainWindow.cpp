@@ -67,7 +67,7 @@ void MainWindow::MakePanel() {
 void MainWindow::Connect() {
   for (const ControlRow& row : ControlTable()) ConnectControl(row);
   auto& description = static_cast<QLineEdit&>(view_.Widget(Control::txtDescription));
-  connect(&description, &QLineEdit::textEdited, this, [this] { form_.File().txtDescription_Change(); });
+  connect(&description, &QLineEdit::textChanged, this, [this] { form_.File().txtDescription_Change(); });
   connect(&description, &QLineEdit::editingFinished, this, [this] { Click(Control::txtDescription); });
   view_.Widget(Control::lblOperator).setFocusPolicy(Qt::TabFocus);
   connect(&view_.Timer1(), &QTimer::timeout, this, [this] { Run([this] { form_.Run().Timer1_Timer(); }); });
