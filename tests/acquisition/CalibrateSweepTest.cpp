@@ -103,6 +103,13 @@ TEST(CalibrateSweep, begins_in_its_order) {
                                  "DrawCircularGrid"));
 }
 
+TEST(CalibrateSweep, forgets_a_press_of_the_manual_trigger) {
+  CollectionRig rig;
+  rig.Flags.ManualTriggerPressed = true;
+  rig.Sweep.Timer1_Timer();
+  EXPECT_FALSE(rig.Flags.ManualTriggerPressed);
+}
+
 TEST(CalibrateSweep, each_point_is_three_samples_each_with_a_pause_of_5_ms) {
   CollectionRig rig;
   UntickAfter(rig, 1);

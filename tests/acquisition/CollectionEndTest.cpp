@@ -49,10 +49,13 @@ TEST(CollectionEnd, the_new_readings_are_the_original_ones) {
 
 TEST(Halt, before_the_first_reading_leaves_no_readings) {
   CollectionRig rig;
-  rig.HoldPattern(360);
+  rig.HoldPattern(361);
   rig.Window.OnYield = [&](int) { rig.Engine.cmdHaltInput_Click(); };
   const RunReport report = rig.Collect();
   EXPECT_EQ(rig.Record.NumReadings, -1);
+  EXPECT_EQ(rig.Record.Readings(0), 0.0F);
+  EXPECT_EQ(rig.Record.Readings(359), 0.0F);
+  EXPECT_EQ(rig.Record.Readings(360), 50.0F) << "a turn owns entries 0 to 359";
   EXPECT_EQ(rig.Record.ReadingCount, 0.0);
   EXPECT_EQ(rig.Panel.ReadingNumber, "0");
   EXPECT_EQ(rig.Panel.ReadingsPlotted, "0");
