@@ -7,6 +7,9 @@
 #include <algorithm>
 #include <cerrno>
 #include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <utility>
 
 #include "data/ReplaceFile.h"
 #include "data/RunTimeError.h"
@@ -19,6 +22,7 @@ class Handle {
  public:
   explicit Handle(int value) : value_(value) {}
   Handle(const Handle&) = delete;
+  Handle(Handle&& other) noexcept : value_(std::exchange(other.value_, -1)) {}
   Handle& operator=(const Handle&) = delete;
   ~Handle() {
     if (value_ >= 0) close(value_);
@@ -37,18 +41,40 @@ class Handle {
   throw RunTimeError(number == fault::kPathNotFound && folderThere ? fault::kFileNotFound : number, path);
 }
 
-char LowerAscii(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+std::size_t SizeOf(const Handle& file) {
+  struct stat status {};
+  fstat(file.Value(), &status);
+  return static_cast<std::size_t>(status.st_size);
+}
 
-}  // namespace
-
-std::string DiskFiles::Read(const std::string& path) {
+Handle OpenPlainFile(const std::string& path) {
   // Without O_NONBLOCK a named pipe would hold the window until somebody writes to it.
-  const Handle file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+  Handle file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
   if (file.Value() < 0) FailToOpen(errno, path);
   struct stat status {};
   if (fstat(file.Value(), &status) != 0 || !S_ISREG(status.st_mode))
     throw RunTimeError(fault::kPathFileAccess, path);
-  std::string bytes(std::min(static_cast<std::size_t>(status.st_size), kLargestFile), '\0');
+  return file;
+}
+
+char LowerAscii(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+
+}  // namespace
+
+std::unique_ptr<std::istream> FileAccess::Open(const std::string& path) {
+  return std::make_unique<std::istringstream>(Read(path));
+}
+
+std::unique_ptr<std::istream> DiskFiles::Open(const std::string& path) {
+  OpenPlainFile(path);  // says why when it cannot be read, and waits for no pipe
+  auto file = std::make_unique<std::ifstream>(path, std::ios::binary);
+  if (!file->is_open()) throw RunTimeError(fault::kPathFileAccess, path);
+  return file;
+}
+
+std::string DiskFiles::Read(const std::string& path) {
+  const Handle file = OpenPlainFile(path);
+  std::string bytes(std::min(SizeOf(file), kLargestFile), '\0');
   std::size_t filled = 0;
   while (filled < bytes.size()) {
     const ssize_t got = read(file.Value(), bytes.data() + filled, bytes.size() - filled);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <istream>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -14,6 +16,8 @@ class FileAccess {
   /// @throws RunTimeError 53 (no such file), 76 (no such folder), 75 (a directory, a device, no right to
   /// read).
   virtual std::string Read(const std::string& path) = 0;
+  /// A plain file to be read piece by piece, however large it is. @throws RunTimeError as Read.
+  virtual std::unique_ptr<std::istream> Open(const std::string& path);
   /// Whether a file of exactly this name is there.
   virtual bool Exists(const std::string& path) = 0;
   /// New content in one step. @throws RunTimeError 61, 75, 76; the old content then stands.
@@ -27,6 +31,7 @@ class FileAccess {
 class DiskFiles : public FileAccess {
  public:
   std::string Read(const std::string& path) override;
+  std::unique_ptr<std::istream> Open(const std::string& path) override;
   bool Exists(const std::string& path) override;
   void Replace(const std::string& path, std::string_view bytes) override;
 };
