@@ -28,7 +28,7 @@ void FileCommands::Load(const std::string& path) {
   Globals& shared = parts_.Shared;
   if (!shared.Overlay)
     shared.Beneath.reset();
-  else if (shared.Record.Held())
+  else if (shared.Record.Held() && !shared.HalfLoaded)
     shared.Beneath = shared.Record;
   shared.Loading = true;
   ReadInto(path, bytes);
@@ -63,7 +63,7 @@ void FileCommands::ShowLoaded(const LoadOutcome& outcome) {
 
 void FileCommands::cmdSaveData_Click() {
   Globals& shared = parts_.Shared;
-  if (shared.Record.ReadingCount == 0.0) return parts_.Dialogs.ShowText("LBG003 No data to save");
+  if (!shared.Record.Held()) return parts_.Dialogs.ShowText("LBG003 No data to save");
   const std::string typed = parts_.View.Text(Control::txtDescription);
   shared.Record.Description = typed.empty() ? "No description" : typed;
   parts_.View.SetText(Control::lblFileDescription, shared.Record.Description);

@@ -1,5 +1,7 @@
 #include "app/PlotCommands.h"
 
+#include <algorithm>
+
 #include "data/Numbers.h"
 #include "data/Rounding.h"
 #include "processing/Beamwidth.h"
@@ -8,6 +10,9 @@
 
 namespace lobegraph {
 namespace {
+
+/// A file may hold any scale; the slider takes the nearest that it has.
+constexpr float kBeyondTheSlider = 1000.F;
 
 Control BoxOf(PlotBox box) {
   switch (box) {
@@ -25,7 +30,7 @@ Control BoxOf(PlotBox box) {
 PlotResult PlotCommands::ReDraw() {
   PlotResult plot;
   if (!MayDraw()) return plot;
-  board_.DrawCircularGrid();
+  if (!parts_.Shared.Overlay) board_.DrawCircularGrid();
   Guarded(parts_.Dialogs, "ReDraw", [&] {
     plot = BeginPlot(parts_.Shared.Record, Texts(), board_.Options());
     ShowRefusal(plot);
@@ -46,7 +51,8 @@ void PlotCommands::Complete(PlotResult& plot) {
 void PlotCommands::RedrawAll() {
   Globals& shared = parts_.Shared;
   if (!MayDraw()) return;
-  if (!shared.Record.Held() || shared.HalfLoaded) return board_.DrawCircularGrid();
+  if (!shared.Record.Held() || shared.HalfLoaded)
+    return shared.Beneath ? DrawBeneath() : board_.DrawCircularGrid();
   if (!shared.Beneath) {
     ReDraw();
     return;
@@ -170,7 +176,7 @@ void PlotCommands::ShowRecord() {
   parts_.View.SetText(Control::txtFileName, record.FileName);
   parts_.View.SetText(Control::cboElements, record.Elements);
   parts_.View.SetChecked(Control::chk180, record.Plot180);
-  parts_.View.SetValue(Control::Slider1, ToInt32(record.ScaleSetting));
+  parts_.View.SetValue(Control::Slider1, ToInt32(std::clamp(record.ScaleSetting, 0.F, kBeyondTheSlider)));
   parts_.Shared.Record.ScaleSetting = static_cast<float>(parts_.View.Value(Control::Slider1));
   parts_.View.SetText(Control::lblCollectedBy, record.CollectedBy);
   parts_.View.SetText(Control::lblCollectedDate, record.CollectedDate);
