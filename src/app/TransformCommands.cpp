@@ -13,10 +13,11 @@ void TransformCommands::cmdSmooth_Click() {
 void TransformCommands::cmdReverse_Click() {
   ReadingsRecord& record = parts_.Shared.Record;
   plot_.EndOverlay();
+  const bool turned = record.Rotate != 0.F;
   Reverse(record);
   parts_.View.SetText(Control::txtTrimFront, std::to_string(record.TrimFront));
   parts_.View.SetText(Control::txtTrimEnd, std::to_string(record.TrimEnd));
-  plot_.ShowRotation();
+  if (turned) plot_.ShowRotation();
   cmdRescaleData_Click();
 }
 
