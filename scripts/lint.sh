@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Style of all sources, and the linter over the pure layers. Uses a configured dev build for the compile commands.
+# Style of all sources, and the linter over the pure layers. Clang 16: the first that knows std::source_location.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
@@ -9,4 +9,4 @@ clang-format --dry-run --Werror "${sources[@]}"
 cmake --preset dev >/dev/null
 mapfile -t pure < <(git ls-files 'src/*.cpp' 'cli/*.cpp' 'bench/*.cpp' | grep -v '/qt/')
 # One file each, as many at once as there are cores.
-printf '%s\n' "${pure[@]}" | xargs -P "$(nproc)" -n 4 clang-tidy --quiet -p build/dev 2> >(grep -v 'warnings generated' >&2)
+printf '%s\n' "${pure[@]}" | xargs -P "$(nproc)" -n 4 clang-tidy-16 --quiet -p build/dev 2> >(grep -v 'warnings generated' >&2)

@@ -15,7 +15,7 @@ import time
 import gi
 
 gi.require_version("Atspi", "2.0")
-from gi.repository import Atspi, GLib  # noqa: E402
+from gi.repository import Atspi, Gio, GLib  # noqa: E402
 
 
 def wait_for(what, seconds, condition, every=0.05):
@@ -30,11 +30,20 @@ def wait_for(what, seconds, condition, every=0.05):
         time.sleep(every)
 
 
+def use_the_session_bus():
+    """The accessibility bus of this session. A desktop announces its own on its display, where the program is not."""
+    session = Gio.bus_get_sync(Gio.BusType.SESSION)
+    answer = session.call_sync("org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus", "GetAddress", None, None,
+                               Gio.DBusCallFlags.NONE, -1, None)
+    os.environ["AT_SPI_BUS_ADDRESS"] = answer.unpack()[0]
+
+
 class Stage(contextlib.ExitStack):
     """Everything that was started here is stopped here, by its own process id, last first."""
 
     def __init__(self):
         super().__init__()
+        use_the_session_bus()
         self.folder = pathlib.Path(tempfile.mkdtemp(prefix="lobegraph-"))
         self.callback(shutil.rmtree, self.folder, ignore_errors=True)
         runtime = self.folder / "runtime"
@@ -42,19 +51,29 @@ class Stage(contextlib.ExitStack):
         self.environment = dict(os.environ)
         for name in ("XDG_CONFIG_HOME", "XDG_STATE_HOME", "WAYLAND_DISPLAY", "SESSION_MANAGER"):
             self.environment.pop(name, None)
+        self.environment.setdefault("XAUTHORITY", os.path.expanduser("~/.Xauthority"))
         self.environment.update(
-            HOME=str(self.folder), XDG_RUNTIME_DIR=str(runtime), QT_QPA_PLATFORM="xcb",
-            QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", NO_AT_BRIDGE="0", LC_ALL="C.UTF-8")
+            XDG_RUNTIME_DIR=str(runtime), QT_QPA_PLATFORM="xcb", QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1",
+            NO_AT_BRIDGE="0", LC_ALL="C.UTF-8")
+        self.homes = 0
+        self.new_home()
+
+    def new_home(self):
+        """A home in which nobody has been yet, for the programs started from now on."""
+        self.homes += 1
+        self.home = self.folder / f"home{self.homes}"
+        self.home.mkdir()
+        self.environment["HOME"] = str(self.home)
 
     @property
-    def config(self):
-        """The folder of the settings files."""
-        return self.folder / ".config" / "lobegraph"
+    def settings(self):
+        """The program's settings file."""
+        return self.home / ".config" / "lobegraph" / "Lobegraph.conf"
 
     @property
     def turns(self):
         """The folder of the safety copies."""
-        return self.folder / ".local" / "state" / "lobegraph"
+        return self.home / ".local" / "state" / "lobegraph"
 
     def start(self, *command, log=None, **options):
         output = open(log, "wb") if log else subprocess.DEVNULL
@@ -93,9 +112,9 @@ class Stage(contextlib.ExitStack):
         return done.stdout + done.stderr
 
     def picture(self, path, title="Lobegraph V"):
-        """The window whose title begins so, as a PNG."""
+        """The window whose title begins so, as a PNG; without a title, or such a window, the whole screen."""
         tree = self.output("xwininfo", "-root", "-tree")
-        window = re.search(r'(0x[0-9a-f]+) "' + re.escape(title), tree)
+        window = re.search(r'(0x[0-9a-f]+) "' + re.escape(title), tree) if title else None
         self.output("import", "-window", window.group(1) if window else "root", path)
 
 
@@ -176,6 +195,11 @@ class Program:
     def text(self, name):
         node = self.find(name, "text")
         return Atspi.Text.get_text(node, 0, Atspi.Text.get_character_count(node))
+
+    def number(self, name):
+        """The number that a box shows; 0 while it shows none."""
+        text = self.text(name)
+        return float(text) if text.replace(".", "", 1).isdigit() else 0.0
 
     def label(self, name):
         """What a label shows, found by its accessible name (its description carries the words)."""
