@@ -20,7 +20,6 @@ void RunCommands::Timer1_Timer() {
 
 void RunCommands::AfterRun(const RunReport& report) {
   if (!report.Ran || parts_.Shared.Run.CloseRequested) return;
-  parts_.Shared.HalfLoaded = false;
   copy_.Finish(parts_.Shared.Record);
   parts_.View.SetText(Control::lblHint, AfterRunHint(report, copy_.Failure()));
 }

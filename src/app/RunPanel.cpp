@@ -66,7 +66,8 @@ float RunPanel::PrepareAngularStep() {
   Globals& shared = parts_.Shared;
   shared.Record.Rotate = RotationFor(shared.Record, shared.Settings.LinearMode);
   board_.StartLiveTrace();
-  parts_.View.SetText(Control::lblSource, sound_.SoundSourceName());
+  if (!shared.Settings.Input.InputDeviceIsdBMeter)
+    parts_.View.SetText(Control::lblSource, sound_.SoundSourceName());
   return DegreesBetween(kWholeTurn, shared.Record.Plot180);
 }
 
@@ -89,7 +90,10 @@ void RunPanel::ShowReadingsPlotted(const std::string& text) {
   parts_.View.SetText(Control::txtReadingsPlotted, text);
 }
 
-void RunPanel::ReadingStored(int index) { copy_.Store(parts_.Shared.Record, index); }
+void RunPanel::ReadingStored(int index) {
+  parts_.Shared.HalfLoaded = false;
+  copy_.Store(parts_.Shared.Record, index);
+}
 
 void RunPanel::ShowRecordAgain() {
   parts_.Shared.DescriptionLoaded = descriptionWasLoaded_;

@@ -51,6 +51,8 @@ void SafetyCopy::Begin(const std::string& when) {
 void SafetyCopy::Store(const ReadingsRecord& record, int lastIndex) {
   ReadingsRecord soFar = record;
   soFar.NumReadings = static_cast<std::int16_t>(lastIndex);
+  soFar.ReadingsPlotted = static_cast<std::int16_t>(lastIndex + 1);
+  soFar.PeakIndex = 0;  // the record still has that of the pattern before
   Write(soFar, false);
 }
 
@@ -76,7 +78,10 @@ void SafetyCopy::DropOldest() const {
   std::vector<fs::path> copies;
   for (const auto& entry : fs::directory_iterator(folder_, ignored))
     if (IsCopy(entry.path())) copies.push_back(entry.path());
-  std::sort(copies.begin(), copies.end());
+  // The present turn is the newest, whatever a clock that was set back says.
+  std::sort(copies.begin(), copies.end(), [this](const fs::path& a, const fs::path& b) {
+    return (a == path_) != (b == path_) ? b == path_ : a < b;
+  });
   for (std::size_t i = 0; i + kKept < copies.size(); ++i) fs::remove(copies[i], ignored);
 }
 
