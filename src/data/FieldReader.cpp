@@ -8,8 +8,15 @@
 
 namespace lobegraph {
 namespace {
-constexpr std::string_view kSeparators = ",\r\n";
+
+/// Where the field that begins at `from` ends: a plain loop, because most of the time of reading a thousand
+/// files goes into it.
+std::size_t FindSeparator(std::string_view text, std::size_t from) {
+  while (from < text.size() && text[from] != ',' && text[from] != '\r' && text[from] != '\n') ++from;
+  return from;
 }
+
+}  // namespace
 
 std::string FieldReader::NextText() { return std::string(Next()); }
 
@@ -21,7 +28,7 @@ FieldReader::Field FieldReader::Next() {
   position_ = std::min(text_.find_first_not_of(" \t", position_), text_.size());
   if (position_ == text_.size()) throw RunTimeError(fault::kInputPastEnd);
   if (text_[position_] == '"') return NextQuoted();
-  const std::size_t end = std::min(text_.find_first_of(kSeparators, position_), text_.size());
+  const std::size_t end = FindSeparator(text_, position_);
   std::string_view field = text_.substr(position_, end - position_);
   field = field.substr(0, field.find_last_not_of(" \t") + 1);
   position_ = end;
@@ -33,7 +40,7 @@ FieldReader::Field FieldReader::NextQuoted() {
   const std::size_t begin = position_ + 1;
   const std::size_t end = text_.find('"', begin);
   if (end == std::string_view::npos) throw RunTimeError(fault::kInputPastEnd);
-  position_ = std::min(text_.find_first_of(kSeparators, end + 1), text_.size());
+  position_ = FindSeparator(text_, end + 1);
   SkipPastSeparator();
   return text_.substr(begin, end - begin);
 }

@@ -171,9 +171,10 @@ double Db(double ratio) { return 10.0 * std::log10(ratio); }
 /// The cut turned about the axis of its beam, both halves averaged: 4 / integral of g |sin|.
 double IntegratedDirectivity(const FromPeak& cut) {
   const double step = 2.0 * std::numbers::pi / cut.Count();
+  const auto power = [&](int offset) { return std::exp(cut.At(offset) * std::numbers::ln10 / 10.0); };
   double sum = 0.0;
-  for (int offset = 1; offset < cut.Count(); ++offset)
-    sum += std::pow(10.0, cut.At(offset) / 10.0) * std::abs(std::sin(offset * step));
+  for (int offset = 1; 2 * offset < cut.Count(); ++offset)
+    sum += (power(offset) + power(-offset)) * std::sin(offset * step);
   return Db(4.0 / (sum * step));
 }
 

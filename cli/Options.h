@@ -1,0 +1,49 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "cli/PatternSession.h"
+#include "cli/Report.h"
+
+namespace lobegraph {
+
+struct ReportRequest {
+  std::vector<std::string> Files = {};
+  bool Json = false;
+  ReportExtras Extras = {};
+  SessionOptions Session = {};
+  unsigned Jobs = 0;  ///< files at the same time; 0: one for each core
+};
+
+struct RenderRequest {
+  std::vector<std::string> Files = {};
+  std::string Out = {};  ///< "{}" in it stands for the name of each file without folder and ending
+  std::vector<std::string> Overlays = {};
+  std::string ColoursFile = {};
+  std::string Title = {};
+  int Width = 0;  ///< pixels; 0: one for each unit
+  int Height = 0;
+  SessionOptions Session = {};
+};
+
+struct ConvertRequest {
+  std::string In = {};
+  std::string Out = {};
+  bool Table = false;  ///< CSV with several columns
+};
+
+/// What the command line asks for: one request, or a text to show and the code to end with (help, version, or
+/// a complaint about the command line).
+struct CommandLine {
+  std::optional<ReportRequest> Report;
+  std::optional<RenderRequest> Render;
+  std::optional<ConvertRequest> Convert;
+  int ExitCode = 0;  ///< 0, or 2 for wrong use
+  std::string Output = {};
+  std::string Complaint = {};
+};
+CommandLine ParseCommandLine(int argc, const char* const* argv, const std::string& version);
+
+}  // namespace lobegraph

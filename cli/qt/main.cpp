@@ -1,0 +1,42 @@
+#include <unistd.h>
+
+#include <iostream>
+
+#include "cli/Options.h"
+#include "cli/ReportCommand.h"
+
+namespace {
+
+using namespace lobegraph;
+
+int Run(int argc, char** argv) {
+  const CommandLine commandLine = ParseCommandLine(argc, argv, LOBEGRAPH_VERSION);
+  std::cout << commandLine.Output;
+  std::cerr << commandLine.Complaint;
+  DiskFiles files;
+  const CommandParts parts{files, std::cout, std::cerr, isatty(STDERR_FILENO) == 1};
+  if (commandLine.Report) return RunReport(*commandLine.Report, parts);
+  return commandLine.ExitCode;
+}
+
+/// What was printed has to arrive: a full disk behind a redirection is no success.
+int Finished(int exitCode) {
+  std::cout.flush();
+  if (std::cout.good()) return exitCode;
+  std::cerr << "lobegraph-cli: standard output: cannot be written\n";
+  return kSomeFailed;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  std::ios::sync_with_stdio(false);
+  try {
+    return Finished(Run(argc, argv));
+  } catch (const RunTimeError& error) {
+    std::cerr << "lobegraph-cli: " << error.what() << '\n';
+  } catch (const std::exception& error) {
+    std::cerr << "lobegraph-cli: " << error.what() << '\n';
+  }
+  return kSomeFailed;
+}
