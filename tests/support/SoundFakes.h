@@ -55,6 +55,7 @@ class FakeDevice final : public CaptureDevice {
   void Open(const std::string& identifier, const CaptureBuffer& buffer, CaptureListener& listener) override {
     calls += "open:" + identifier + " ";
     if (!openError.empty()) throw CaptureError(openError);
+    description = "Fake microphone";
     ring = std::make_unique<SoundRing>(buffer, [] {});
     listener_ = &listener;
   }
@@ -68,7 +69,7 @@ class FakeDevice final : public CaptureDevice {
     ring.reset();
   }
   void Read(std::int32_t offset, std::span<std::byte> out) const override { ring->Read(offset, out); }
-  std::string Description() const override { return "Fake microphone"; }
+  std::string Description() const override { return description; }
 
   /// Hands the waiting notices to the listener, as a yield of the window does.
   void Deliver() {
@@ -77,6 +78,7 @@ class FakeDevice final : public CaptureDevice {
   void Fail(const std::string& text) { listener_->CaptureFailed(text); }
 
   std::string calls, firstError, openError, startError, defaultDevice = "mic";
+  std::string description = "Fake microphone";
   std::unique_ptr<SoundRing> ring;
 
  private:

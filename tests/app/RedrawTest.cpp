@@ -1,0 +1,244 @@
+// What the window draws by itself, and the labels and controls that go with a grid.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "support/AppFixture.h"
+
+namespace lobegraph {
+namespace {
+
+using enum Control;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class RedrawTest : public testing::Test, protected AppFixture {
+ protected:
+  RedrawTest() { Start(); }
+  void HoldPair() {
+    HoldBeam(0);
+    PutFile("/patterns/second.lbg", FileRecord(90));
+    Overlay("/patterns/second.lbg");
+  }
+  bool AnalysisVisible() const {
+    return std::all_of(AnalysisControls().begin(), AnalysisControls().end(),
+                       [this](Control control) { return View.Of(control).Visible; });
+  }
+  bool AnalysisHidden() const {
+    return std::none_of(AnalysisControls().begin(), AnalysisControls().end(),
+                        [this](Control control) { return View.Of(control).Visible; });
+  }
+};
+
+TEST_F(RedrawTest, ActivationDrawsTheGridWhenNothingIsHeld) {
+  Activate();
+  EXPECT_EQ(Grids(), 1);
+  EXPECT_EQ(Surface.Count("line", kTraceColour), 0);
+  EXPECT_THAT(Dialogs.Texts(), IsEmpty());
+}
+
+TEST_F(RedrawTest, ActivationDrawsGridAndReadings) {
+  HoldBeam();
+  Activate();
+  EXPECT_EQ(Grids(), 1);
+  EXPECT_EQ(Surface.Count("line", kTraceColour), 360);
+  EXPECT_EQ(Surface.Count("line", kUserColour), 2);
+}
+
+TEST_F(RedrawTest, ActivationIsIgnoredDuringCollectionSweepAndLoad) {
+  HoldBeam();
+  for (bool* gate : {&Shared.Run.IsCollecting, &Shared.Run.IsSweeping, &Shared.Loading}) {
+    *gate = true;
+    Activate();
+    EXPECT_THAT(Surface.Operations, IsEmpty());
+    *gate = false;
+  }
+  Activate();
+  EXPECT_EQ(Grids(), 1);
+}
+
+TEST_F(RedrawTest, AnActivationBehindTheWarningOfALoadDrawsNothing) {
+  ReadingsRecord strong = FileRecord();
+  strong.Readings(0) = 2000.F;
+  long gridsWhileOpen = 0;
+  long gridsBefore = 0;
+  Dialogs.WhileOpen = [&] {
+    gridsBefore = Grids();
+    Activate();
+    gridsWhileOpen = Grids();
+  };
+  LoadRecord(strong);
+  EXPECT_EQ(Dialogs.Messages.size(), 1U);
+  EXPECT_EQ(gridsWhileOpen, gridsBefore);
+  EXPECT_FALSE(Shared.Loading);
+}
+
+TEST_F(RedrawTest, AnOverlayIsDrawnInItsOwnColoursOverThePlotThatIsShown) {
+  HoldPair();
+  EXPECT_EQ(Grids(), 0) << "nothing is cleared";
+  EXPECT_EQ(Surface.Count("line", kOverlayTraceColour), 360);
+  EXPECT_EQ(Surface.Count("line", kUserOverlayColour), 2);
+  EXPECT_EQ(Surface.Count("line", kTraceColour), 0) << "what lies beneath is still there";
+  EXPECT_FALSE(Shared.Overlay);
+}
+
+TEST_F(RedrawTest, AnOverlayDrawsNoSecondGridOverThePlotThatIsShown) {
+  HoldPair();
+  EXPECT_THAT(Surface.Only("circle"), IsEmpty()) << "its blank middle would wipe the first trace away";
+}
+
+TEST_F(RedrawTest, ActivationDrawsBothPatternsTheOneBeneathFirst) {
+  HoldPair();
+  Forget();
+  Activate();
+  EXPECT_EQ(Grids(), 1);
+  EXPECT_EQ(Surface.Count("line", kTraceColour), 360);
+  EXPECT_EQ(Surface.Count("line", kUserColour), 2);
+  EXPECT_EQ(Surface.Count("line", kOverlayTraceColour), 360);
+  EXPECT_EQ(Surface.Count("line", kUserOverlayColour), 2);
+  EXPECT_LT(Surface.FirstIn(kTraceColour), Surface.FirstIn(kOverlayTraceColour));
+  EXPECT_LT(Surface.FirstIn(kUserColour), Surface.FirstIn(kOverlayTraceColour));
+  EXPECT_FALSE(Shared.Overlay);
+}
+
+TEST_F(RedrawTest, ThePairSurvivesEveryFurtherActivation) {
+  HoldPair();
+  for (int time = 0; time < 3; ++time) {
+    Forget();
+    Activate();
+    EXPECT_EQ(Surface.Count("line", kTraceColour), 360);
+    EXPECT_EQ(Surface.Count("line", kOverlayTraceColour), 360);
+  }
+  EXPECT_EQ(Text(txtFileName), "second.lbg") << "the boxes speak of the upper one";
+}
+
+TEST_F(RedrawTest, TheScaleSliderRescalesBothPatterns) {
+  HoldPair();
+  Forget();
+  Slide(Slider1, 60);
+  EXPECT_EQ(Surface.Count("line", kTraceColour), 360);
+  EXPECT_EQ(Surface.Count("line", kOverlayTraceColour), 360);
+}
+
+TEST_F(RedrawTest, ThePatternBeneathKeepsItsOwnTrimsAndRotation) {
+  HoldBeam();
+  Enter(txtTrimEnd, "100");
+  Enter(txtRotate, "90");
+  PutFile("/patterns/second.lbg", FileRecord(90));
+  Overlay("/patterns/second.lbg");
+  Forget();
+  Activate();
+  EXPECT_EQ(Surface.Count("line", kTraceColour), 260);
+  EXPECT_EQ(Surface.Count("line", kOverlayTraceColour), 360);
+  EXPECT_EQ(Text(txtTrimEnd), "0");
+}
+
+TEST_F(RedrawTest, ATransformEndsThePair) {
+  HoldPair();
+  Forget();
+  Press(cmdSmooth);
+  EXPECT_EQ(Surface.Count("line", kTraceColour), 360);
+  EXPECT_EQ(Surface.Count("line", kOverlayTraceColour), 0);
+  Forget();
+  Activate();
+  EXPECT_EQ(Surface.Count("line", kOverlayTraceColour), 0);
+}
+
+TEST_F(RedrawTest, AnOverlayOverNothingIsDrawnAlone) {
+  PutFile("/patterns/second.lbg", FileRecord());
+  Overlay("/patterns/second.lbg");
+  Forget();
+  Activate();
+  EXPECT_EQ(Surface.Count("line", kTraceColour), 360);
+  EXPECT_EQ(Surface.Count("line", kOverlayTraceColour), 0);
+}
+
+TEST_F(RedrawTest, AThirdPatternLiesOverTheSecond) {
+  HoldPair();
+  PutFile("/patterns/third.lbg", FileRecord(180));
+  Overlay("/patterns/third.lbg");
+  ASSERT_TRUE(Shared.Beneath);
+  EXPECT_EQ(Shared.Beneath->FileName, "second.lbg");
+}
+
+TEST_F(RedrawTest, EveryGridRefreshesTheLabels) {
+  HoldBeam();
+  for (const Control label : {lblDateTime, lblCollectedBy, lblCollectedDate}) Type(label, "stale");
+  System.Now = "11:11 22/11/2026";
+  Activate();
+  EXPECT_EQ(Text(lblDateTime), "11:11 22/11/2026");
+  EXPECT_EQ(Text(lblCollectedBy), "K1AB");
+  EXPECT_EQ(Text(lblCollectedDate), "12:00 01/02/2020");
+}
+
+TEST_F(RedrawTest, AnOverlayShowsWhoCollectedIt) {
+  HoldBeam();
+  ReadingsRecord second = FileRecord();
+  second.CollectedBy = "DL0XY";
+  PutFile("/patterns/second.lbg", second);
+  Overlay("/patterns/second.lbg");
+  EXPECT_EQ(Text(lblCollectedBy), "DL0XY");
+}
+
+TEST_F(RedrawTest, TheCircleHidesTheAnalysisControls) {
+  for (const Control control : AnalysisControls()) View.Of(control).Visible = true;
+  View.Of(cmdPatternAnalysis).Visible = true;
+  Shared.AnalysisShown = true;
+  Activate();
+  EXPECT_TRUE(AnalysisHidden());
+  EXPECT_FALSE(View.Of(cmdPatternAnalysis).Visible);
+}
+
+TEST_F(RedrawTest, TheRectangularDrawingOffersTheAnalysis) {
+  Press(cmdLinear);
+  EXPECT_TRUE(View.Of(cmdPatternAnalysis).Visible);
+  EXPECT_TRUE(AnalysisHidden());
+  Shared.AnalysisShown = true;
+  Activate();
+  EXPECT_TRUE(AnalysisVisible());
+}
+
+TEST_F(RedrawTest, AFaultOfTheCircularGridIsShownAndEndsTheProgramOnPurpose) {
+  Surface.Fails = true;
+  Activate();
+  ASSERT_GE(Dialogs.Messages.size(), 1U);
+  EXPECT_THAT(
+      Dialogs.Messages[0].Text,
+      testing::MatchesRegex(
+          "Error 57 \\(Device I/O error\\) in line [0-9]+ of procedure DrawCircularGrid of Form Form1"));
+  EXPECT_EQ(Dialogs.Messages[0].Title, "");
+  EXPECT_EQ(End.AtOnce, 1);
+  EXPECT_EQ(End.InGoodOrder, 0);
+  EXPECT_THAT(Store.Log, testing::Not(testing::Contains(testing::StartsWith("save"))));
+}
+
+TEST_F(RedrawTest, AFaultOfTheRectangularGridIsShownAndTheProgramLives) {
+  Shared.Settings.LinearMode = true;
+  Surface.Fails = true;
+  Activate();
+  ASSERT_EQ(Dialogs.Messages.size(), 1U);
+  EXPECT_THAT(Dialogs.Messages[0].Text, testing::EndsWith(" of procedure DrawRectangularGrid of Form Form1"));
+  EXPECT_EQ(End.AtOnce, 0);
+}
+
+TEST_F(RedrawTest, NothingIsRedrawnInsideACollection) {
+  HoldBeam();
+  Shared.Run.IsCollecting = true;
+  for (const Control control :
+       {txtRotate, txtTrimFront, txtTrimEnd, chk180, chkShow3dB, Slider1, cboElements}) {
+    Press(control);
+    EXPECT_THAT(Surface.Operations, IsEmpty()) << RowOf(control).Name;
+  }
+  EXPECT_FALSE(Form.Plot().ReDraw().PlotDone);
+  EXPECT_THAT(Surface.Operations, IsEmpty());
+  EXPECT_THAT(Dialogs.Texts(), IsEmpty());
+}
+
+TEST_F(RedrawTest, TheSliderDoesNotRedrawInsideASweep) {
+  Shared.Run.IsSweeping = true;
+  Slide(Slider1, 50);
+  EXPECT_THAT(Surface.Operations, IsEmpty());
+  EXPECT_EQ(Shared.Record.ScaleSetting, 50.F) << "and yet it mirrors";
+}
+
+}  // namespace
+}  // namespace lobegraph

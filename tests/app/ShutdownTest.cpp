@@ -1,0 +1,87 @@
+// How the program leaves.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "support/AppFixture.h"
+
+namespace lobegraph {
+namespace {
+
+using enum Control;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class ShutdownTest : public testing::Test, protected AppFixture {
+ protected:
+  ShutdownTest() { Start(); }
+};
+
+TEST_F(ShutdownTest, UnloadsInItsOrder) {
+  View.Of(Slider1).Value = 42;
+  View.Of(Slider2).Value = 77;
+  View.Of(chkAutoStart).Checked = true;
+  View.Of(chkTrigger).Checked = true;
+  Shared.Settings.LinearMode = true;
+  Shared.Settings.ShowLogScale = false;
+  EXPECT_TRUE(Form.Shell().Form_Unload());
+  EXPECT_THAT(
+      Log, ElementsAre("CloseUsbModule", "save Scale=42", "save RotateTime=77", "save AutoStart=1",
+                       "save AutoStop=0", "save Trigger=1", "save LinearMode=True", "save ShowLogScale=False",
+                       "CloseMeterPort", "CloseTriggerPort", "EndProgram"));
+}
+
+TEST_F(ShutdownTest, CaptureThatStillRunsIsStoppedBeforeTheEnd) {
+  Shared.Sound.SoundCaptureActive = true;
+  Form.Shell().Form_Unload();
+  EXPECT_FALSE(Shared.Sound.SoundCaptureActive);
+}
+
+TEST_F(ShutdownTest, AFailedUsbCloseSavesNothingAndDoesNotEnd) {
+  Meters.UsbCloses = false;
+  EXPECT_FALSE(Form.Shell().Form_Unload());
+  EXPECT_THAT(Log, ElementsAre("CloseUsbModule"));
+  EXPECT_EQ(End.InGoodOrder, 0);
+}
+
+TEST_F(ShutdownTest, ExitEndsTheProgramOnce) {
+  Press(cmdExit);
+  EXPECT_EQ(End.InGoodOrder, 1);
+  EXPECT_TRUE(Logged("save Scale=35"));
+}
+
+TEST_F(ShutdownTest, ExitEndsTheProgramEvenWhenTheUsbModuleDoesNotClose) {
+  Meters.UsbCloses = false;
+  Press(cmdExit);
+  EXPECT_THAT(Log, ElementsAre("CloseUsbModule", "EndProgram"));
+}
+
+TEST_F(ShutdownTest, QueryUnloadReleasesTheSoundCard) {
+  Shared.Sound.SoundCaptureActive = true;
+  Form.Shell().Form_QueryUnload();
+  EXPECT_FALSE(Shared.Sound.SoundCaptureActive);
+}
+
+TEST_F(ShutdownTest, QueryUnloadLeavesAMeterAlone) {
+  Shared.Settings.Input.InputDeviceIsdBMeter = true;
+  Shared.Sound.SoundCaptureActive = true;
+  Form.Shell().Form_QueryUnload();
+  EXPECT_TRUE(Shared.Sound.SoundCaptureActive);
+  EXPECT_THAT(Log, IsEmpty());
+}
+
+TEST_F(ShutdownTest, AStoreThatCannotSaveDoesNotHoldTheProgram) {
+  Store.FailsToSave = true;
+  EXPECT_TRUE(Form.Shell().Form_Unload());
+  EXPECT_EQ(End.InGoodOrder, 1);
+  EXPECT_THAT(Dialogs.Texts(), IsEmpty());
+}
+
+TEST_F(ShutdownTest, TheOperatorsNameOfThisRunIsNotSaved) {
+  Dialogs.Answer = "DL0XY";
+  Press(lblOperator);
+  Form.Shell().Form_Unload();
+  EXPECT_EQ(Store.Held("Username"), "N0CALL");
+}
+
+}  // namespace
+}  // namespace lobegraph
