@@ -110,7 +110,15 @@ void MainWindow::Leave() {
   form_.Shell().Form_Unload();
 }
 
+void MainWindow::Load() {
+  form_.Shell().Form_Load();
+  loaded_ = true;
+}
+
 void MainWindow::LeaveNow() {
+  // Asked to end at the call sign prompt: no setting has been read yet, so there is none to save, and the
+  // question comes again at the next start.
+  if (!loaded_) std::_Exit(EXIT_SUCCESS);
   dialogs_.CloseAll();
   Leave();
 }

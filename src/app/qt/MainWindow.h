@@ -25,7 +25,7 @@ class MainWindow : public QWidget, private ProgramEnd {
   explicit MainWindow(const std::string& versionText);
 
   /// Start-up; the window is shown afterwards.
-  void Load() { form_.Shell().Form_Load(); }
+  void Load();
   /// Leaves in good order: at once when idle, else as soon as the run has ended.
   void Leave();
   /// Leave, whatever box is open: the desktop session ends or the process was asked to.
@@ -71,6 +71,7 @@ class MainWindow : public QWidget, private ProgramEnd {
   Form1 form_;
   bool leavePending_ = false;
   bool left_ = false;
+  bool loaded_ = false;
   bool ownBoxClosed_ = false;
   int depth_ = 0;
 };
