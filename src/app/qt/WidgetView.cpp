@@ -23,6 +23,13 @@ Kind& As(QWidget& widget) {
   return static_cast<Kind&>(widget);
 }
 
+/// A text that is longer than its box shows how it begins; under the user's cursor nothing moves.
+void SetBoxText(QLineEdit& box, const QString& text) {
+  const int cursor = box.hasFocus() ? box.cursorPosition() : 0;
+  box.setText(text);
+  box.setCursorPosition(cursor);
+}
+
 /// Shows any text, one that a file brought included.
 void SetDropDownText(QComboBox& box, const QString& text) {
   const int known = static_cast<int>(ElementItems().size());
@@ -98,6 +105,8 @@ void WidgetView::SetText(Control control, const std::string& text) {
   const QSignalBlocker quiet(widget);
   switch (RowOf(control).Kind) {
     case ControlKind::Label:
+      // A label with a name of its own says its words to a screen reader as its description.
+      if (!RowOf(control).AccessibleName.empty()) widget.setAccessibleDescription(shown);
       return As<QLabel>(widget).setText(shown);
     case ControlKind::DropDown:
       return SetDropDownText(As<QComboBox>(widget), shown);
@@ -105,7 +114,7 @@ void WidgetView::SetText(Control control, const std::string& text) {
     case ControlKind::CheckBox:
       return As<QAbstractButton>(widget).setText(shown);
     default:
-      As<QLineEdit>(widget).setText(shown);
+      SetBoxText(As<QLineEdit>(widget), shown);
   }
 }
 
