@@ -2,7 +2,9 @@
 
 Must run inside a session bus of its own: dbus-run-session -- /usr/bin/python3 ...
 """
+import atexit
 import contextlib
+import functools
 import os
 import pathlib
 import re
@@ -30,12 +32,22 @@ def wait_for(what, seconds, condition, every=0.05):
         time.sleep(every)
 
 
-def use_the_session_bus():
-    """The accessibility bus of this session. A desktop announces its own on its display, where the program is not."""
+@functools.cache
+def use_own_accessibility_bus():
+    """The accessibility bus of this session, in a folder of its own.
+
+    A desktop announces its bus on its display and keeps it in the user's runtime folder; neither is touched.
+    """
+    folder = tempfile.mkdtemp(prefix="lobegraph-a11y-")
+    atexit.register(shutil.rmtree, folder, ignore_errors=True)
     session = Gio.bus_get_sync(Gio.BusType.SESSION)
-    answer = session.call_sync("org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus", "GetAddress", None, None,
-                               Gio.DBusCallFlags.NONE, -1, None)
-    os.environ["AT_SPI_BUS_ADDRESS"] = answer.unpack()[0]
+
+    def call(name, path, method, arguments=None):
+        return session.call_sync(name, path, name, method, arguments, None, Gio.DBusCallFlags.NONE, -1, None).unpack()
+
+    call("org.freedesktop.DBus", "/org/freedesktop/DBus", "UpdateActivationEnvironment",
+         GLib.Variant("(a{ss})", ({"XDG_RUNTIME_DIR": folder},)))
+    os.environ["AT_SPI_BUS_ADDRESS"] = call("org.a11y.Bus", "/org/a11y/bus", "GetAddress")[0]
 
 
 class Stage(contextlib.ExitStack):
@@ -43,13 +55,13 @@ class Stage(contextlib.ExitStack):
 
     def __init__(self):
         super().__init__()
-        use_the_session_bus()
+        use_own_accessibility_bus()
         self.folder = pathlib.Path(tempfile.mkdtemp(prefix="lobegraph-"))
         self.callback(shutil.rmtree, self.folder, ignore_errors=True)
         runtime = self.folder / "runtime"
         runtime.mkdir(mode=0o700)
         self.environment = dict(os.environ)
-        for name in ("XDG_CONFIG_HOME", "XDG_STATE_HOME", "WAYLAND_DISPLAY", "SESSION_MANAGER"):
+        for name in ("XDG_CONFIG_HOME", "XDG_STATE_HOME", "WAYLAND_DISPLAY", "SESSION_MANAGER", "AT_SPI_BUS_ADDRESS"):
             self.environment.pop(name, None)
         self.environment.setdefault("XAUTHORITY", os.path.expanduser("~/.Xauthority"))
         self.environment.update(
@@ -76,9 +88,9 @@ class Stage(contextlib.ExitStack):
         return self.home / ".local" / "state" / "lobegraph"
 
     def start(self, *command, log=None, **options):
-        output = open(log, "wb") if log else subprocess.DEVNULL
-        process = subprocess.Popen([str(part) for part in command], env=self.environment, stdout=output,
-                                   stderr=subprocess.STDOUT if log else subprocess.DEVNULL, **options)
+        with open(log or os.devnull, "ab") as output:
+            process = subprocess.Popen([str(part) for part in command], env=self.environment, stdout=output,
+                                       stderr=output, **options)
         self.callback(stop, process)
         return process
 
@@ -145,6 +157,7 @@ class Program:
 
     def __init__(self, process):
         self.process = process
+        self.known = {}
         self.root = wait_for("the program in the accessibility tree", 20, self._application)
 
     def _application(self):
@@ -161,21 +174,33 @@ class Program:
         return None
 
     def find(self, name, role=None, seconds=10, within=None):
-        def look():
-            for node in nodes(within or self.root):
-                try:
-                    if node.get_name() == name and (role is None or node.get_role_name() == role):
-                        return node
-                except GLib.Error:
-                    continue
-            return None
+        """Controls once found are remembered: while the program measures, each question waits for a reading to end."""
+        known = self.known.get((name, role)) if within is None else None
+        if known is not None and self.says(known, name, role):
+            return known
+        node = wait_for(f"a control named {name!r}", seconds,
+                        lambda: next((node for node in nodes(within or self.root) if self.says(node, name, role)), None))
+        if within is None:
+            self.known[name, role] = node
+        return node
 
-        return wait_for(f"a control named {name!r}", seconds, look)
+    def learn(self):
+        """Remembers every control there is now, so that finding them later costs no questions."""
+        for node in nodes(self.root):
+            name, role = node.get_name(), node.get_role_name()
+            self.known.setdefault((name, role), node)
+
+    @staticmethod
+    def says(node, name, role):
+        try:
+            return node.get_name() == name and (role is None or node.get_role_name() == role)
+        except GLib.Error:
+            return False
 
     def press(self, name, role="push button", within=None):
         node = self.find(name, role, within=within)
         wait_for(f"{name!r} to be enabled", 10, lambda: self.enabled(node))
-        node.get_action_iface().do_action(0)
+        Atspi.Action.do_action(node, 0)
 
     def tick(self, name):
         self.press(name, "check box")
@@ -202,9 +227,10 @@ class Program:
         return float(text) if text.replace(".", "", 1).isdigit() else 0.0
 
     def label(self, name):
-        """What a label shows, found by its accessible name (its description carries the words)."""
+        """What a label shows, found by its accessible name; its description carries the words."""
         node = self.find(name, "label")
-        return Atspi.Text.get_text(node, 0, Atspi.Text.get_character_count(node))
+        node.clear_cache()
+        return node.get_description()
 
     def type(self, name, text, within=None):
         node = self.find(name, "text", within=within)
@@ -230,6 +256,11 @@ class Program:
     def words(self, box):
         """Every text in a box."""
         return [node.get_name() for node in nodes(box) if node.get_role_name() == "label"]
+
+    def messages(self):
+        """What the open message boxes say."""
+        boxes = [node for node in nodes(self.root) if node.get_role_name() in ("dialog", "alert")]
+        return [" ".join(filter(None, self.words(box))) for box in boxes]
 
     def answer_file(self, title, path):
         """Types a path into a file dialog and confirms it."""
