@@ -115,6 +115,21 @@ TEST_F(DamagedFilesTest, ADamagedFileShowsTheFieldsBeforeTheDamage) {
   EXPECT_TRUE(Shared.DescriptionLoaded);
 }
 
+TEST_F(DamagedFilesTest, ADamagedFileKeepsNothingOfTheFormerPlot) {
+  HoldBeam();
+  Tick(chk180, true);
+  Enter(txtTrimFront, "3");
+  Files.Held["/patterns/damaged.lbg"] = CutBefore(200);
+  Load("/patterns/damaged.lbg");
+  EXPECT_FALSE(View.Of(chk180).Checked);
+  EXPECT_FALSE(Shared.Record.Plot180);
+  for (const Control box : {txtRotate, txtTrimFront, txtTrimEnd})
+    EXPECT_EQ(Text(box), "0") << RowOf(box).Name;
+  EXPECT_EQ(Text(txtAngle), "Angle");
+  EXPECT_EQ(Text(txtGain), "Gain");
+  EXPECT_EQ(Shared.BeamwidthDeg, 0.F);
+}
+
 TEST_F(DamagedFilesTest, WithoutADescriptionTheCaptionSaysSo) {
   HoldBeam();
   Files.Held["/patterns/damaged.lbg"] = CutBefore(kDescription);

@@ -134,6 +134,19 @@ TEST_F(LoadTest, APeakAboveTheInputLevelWarnsAndGoesOn) {
   EXPECT_EQ(Surface.Count("line", kTraceColour), 360);
 }
 
+TEST_F(LoadTest, TheFormerPlotIsGoneBeforeTheWarningIsShown) {
+  HoldBeam();
+  Tick(chk180, true);
+  ReadingsRecord strong = FileRecord();
+  strong.Readings(0) = 2000.F;
+  Dialogs.WhileOpen = [this] {
+    EXPECT_FALSE(View.Of(chk180).Checked);
+    EXPECT_EQ(Text(txtAngle), "Angle");
+    EXPECT_EQ(Surface.Operations.back().ends_with(kTraceColour), false);
+  };
+  LoadRecord(strong);
+}
+
 TEST_F(LoadTest, A180DegreeFileTicksItsBoxAndRedrawsOnce) {
   ReadingsRecord half = FileRecord();
   half.Plot180 = true;
