@@ -45,6 +45,7 @@ SafetyCopy::SafetyCopy(std::string folder, std::string versionText)
 
 void SafetyCopy::Begin(const std::string& when) {
   failure_.clear();
+  file_.reset();
   path_ = FreePath(folder_, when);
 }
 
@@ -53,20 +54,24 @@ void SafetyCopy::Store(const ReadingsRecord& record, int lastIndex) {
   soFar.NumReadings = static_cast<std::int16_t>(lastIndex);
   soFar.ReadingsPlotted = static_cast<std::int16_t>(lastIndex + 1);
   soFar.PeakIndex = 0;  // the record still has that of the pattern before
-  Write(soFar, false);
+  Try([&] {
+    if (!file_) file_.emplace(path_);
+    file_->Rewrite(WritePatternText(soFar, versionText_));
+  });
 }
 
 void SafetyCopy::Finish(const ReadingsRecord& record) {
-  if (!path_.empty() && record.NumReadings >= 0) Write(record, true);
+  file_.reset();
+  if (!path_.empty() && record.NumReadings >= 0)
+    Try([&] { ReplaceFile(path_, WritePatternText(record, versionText_)); });
   DropOldest();
 }
 
-void SafetyCopy::Write(const ReadingsRecord& record, bool ended) {
+void SafetyCopy::Try(const std::function<void()>& write) {
   try {
     std::error_code ignored;
-    fs::create_directories(folder_, ignored);
-    ReplaceFile(path_, WritePatternText(record, versionText_),
-                ended ? Durability::PowerCut : Durability::Kill);
+    if (!file_) fs::create_directories(folder_, ignored);
+    write();
     failure_.clear();
   } catch (const RunTimeError& error) {
     failure_ = error.Description();

@@ -1,7 +1,10 @@
 #pragma once
 
+#include <functional>
+#include <optional>
 #include <string>
 
+#include "data/GrowingFile.h"
 #include "data/ReadingsRecord.h"
 
 namespace lobegraph {
@@ -32,12 +35,13 @@ class SafetyCopy {
   const std::string& Path() const { return path_; }
 
  private:
-  void Write(const ReadingsRecord& record, bool ended);
+  void Try(const std::function<void()>& write);
   void DropOldest() const;
 
   std::string folder_;
   std::string versionText_;
   std::string path_;
+  std::optional<GrowingFile> file_;
   std::string failure_;
 };
 

@@ -41,10 +41,9 @@ class TemporaryFile {
     }
   }
 
-  void KeepAs(const std::string& target, mode_t mode, Durability durability) {
+  void KeepAs(const std::string& target, mode_t mode) {
     fchmod(handle_, mode);
-    const bool sync = durability == Durability::PowerCut;
-    if (sync && fsync(handle_) != 0 && errno != EINVAL) Fail(errno, target);
+    if (fsync(handle_) != 0 && errno != EINVAL) Fail(errno, target);
     const int closed = close(handle_);
     handle_ = -1;
     if (closed != 0 || rename(name_.c_str(), target.c_str()) != 0) Fail(errno, target);
@@ -78,12 +77,12 @@ mode_t ModeFor(const std::string& target) {
 
 }  // namespace
 
-void ReplaceFile(const std::string& path, std::string_view bytes, Durability durability) {
+void ReplaceFile(const std::string& path, std::string_view bytes) {
   const std::string target = Target(path);
   const mode_t mode = ModeFor(target);
   TemporaryFile temporary(target);
   temporary.Write(bytes);
-  temporary.KeepAs(target, mode, durability);
+  temporary.KeepAs(target, mode);
 }
 
 int FaultOfErrno(int errorNumber) {
