@@ -1,5 +1,7 @@
 #include "acquisition/SoundCapture.h"
 
+#include <algorithm>
+
 namespace lobegraph {
 namespace {
 
@@ -18,7 +20,8 @@ std::string SoundCardCapture::StartRecording() {
   if (!failure_.empty()) return failure_;
   blocksSeen_ = form_.BlocksAnalysed();
   form_.SoundStart();
-  lastBlockMs_ = clock_.timeGetTime();
+  lastAskedMs_ = clock_.timeGetTime();
+  silentMs_ = 0;
   failure_ = form_.Failure();
   return failure_;
 }
@@ -52,9 +55,14 @@ std::string SoundCardCapture::SoundFailure() {
 
 bool SoundCardCapture::NothingCameForTooLong() {
   const std::int32_t nowMs = clock_.timeGetTime();
-  if (form_.BlocksAnalysed() != blocksSeen_) lastBlockMs_ = nowMs;
+  const auto sinceAsked = static_cast<std::uint32_t>(nowMs) - static_cast<std::uint32_t>(lastAskedMs_);
+  // A program that stood still itself (suspended, stopped) has not heard what waits: one long gap alone is no
+  // silence.
+  const bool heard = form_.BlocksAnalysed() != blocksSeen_;
+  silentMs_ = heard ? 0 : silentMs_ + std::min(sinceAsked, kLongestWaitMs / 2);
+  lastAskedMs_ = nowMs;
   blocksSeen_ = form_.BlocksAnalysed();
-  return static_cast<std::uint32_t>(nowMs) - static_cast<std::uint32_t>(lastBlockMs_) >= kLongestWaitMs;
+  return silentMs_ >= kLongestWaitMs;
 }
 
 }  // namespace lobegraph

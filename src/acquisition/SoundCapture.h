@@ -52,7 +52,8 @@ class SoundCardCapture final : public SoundCapture {
   EventPump& pump_;
   std::string failure_;
   std::uint64_t blocksSeen_ = 0;
-  std::int32_t lastBlockMs_ = 0;
+  std::int32_t lastAskedMs_ = 0;
+  std::uint32_t silentMs_ = 0;  ///< since the last block, as far as this program was awake
 };
 
 }  // namespace lobegraph
