@@ -68,20 +68,22 @@ def first_window(stage, programs):
         start = time.monotonic()
         process = stage.start(programs / "lobegraph")
         stage.output("xdotool", "search", "--sync", "--onlyvisible", "--name", "Lobegraph V")
-        outside.wait_for("the plot", 20, lambda: plot_is_shown(stage), 0.01)
-        seconds.append(time.monotonic() - start)
+        seconds.append(outside.wait_for("the plot", 20, lambda: plot_shown_at(stage), 0.01) - start)
         outside.stop(process)
     return statistics.median(seconds[1:])
 
 
-def plot_is_shown(stage):
-    """The dark ring of 0 dB is where it belongs: three colours at least in that corner of the window."""
+def plot_shown_at(stage):
+    """When a picture of the window was taken that shows the ring of 0 dB; None when it does not yet."""
     tree = stage.output("xwininfo", "-root", "-tree")
     window = re.search(r'(0x[0-9a-f]+) "Lobegraph V', tree)
     if not window:
-        return False
-    colours = stage.output("import", "-window", window.group(1), "-crop", "60x60+220+30", "-unique-colors", "-format", "%w", "info:")
-    return colours.strip().isdigit() and int(colours) > 2
+        return None
+    corner = stage.folder / "corner.xwd"
+    stage.output("xwd", "-silent", "-id", window.group(1), "-out", corner)
+    taken = time.monotonic()
+    colours = stage.output("convert", corner, "-crop", "60x60+220+30", "-format", "%k", "info:").strip()
+    return taken if colours.isdigit() and int(colours) > 2 else None
 
 
 def table(head, rows):
@@ -106,8 +108,8 @@ def main():
     medians = drawing(programs)
     late = timing(programs)
     with outside.Stage() as stage:
-        stage.config.mkdir(parents=True)
-        (stage.config / "Lobegraph.conf").write_text("[Settings]\nUsername=N0CALL\n")
+        stage.settings.parent.mkdir(parents=True)
+        stage.settings.write_text("[Settings]\nUsername=N0CALL\n")
         stage.virtual_display()
         stage.private_sound()
         share, memory = collecting(stage, programs)
