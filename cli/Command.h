@@ -18,6 +18,7 @@ struct CommandParts {
 
 inline constexpr int kAllDone = 0;
 inline constexpr int kSomeFailed = 1;
+inline constexpr int kWrongUse = 2;
 
 /// "lobegraph-cli: beam.lbg: Error 53 (File not found)", one line.
 std::string ComplaintAbout(const std::string& file, const std::string& reason);

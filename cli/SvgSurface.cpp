@@ -52,6 +52,11 @@ void SvgSurface::BeginGroup(const std::string& name) {
 
 void SvgSurface::EndGroup() { elements_ += "</g>\n"; }
 
+void SvgSurface::GroupAll(const std::string& name) {
+  elements_.insert(0, "<g" + Attribute("class", XmlText(name)) + ">\n");
+  EndGroup();
+}
+
 std::string SvgSurface::Document() const {
   const std::string width = std::to_string(width_);
   const std::string height = std::to_string(height_);

@@ -17,6 +17,8 @@ class SvgSurface : public DrawingSurface {
   /// Elements up to the matching EndGroup get a parent of this class.
   void BeginGroup(const std::string& name);
   void EndGroup();
+  /// A parent for everything drawn so far.
+  void GroupAll(const std::string& name);
   /// What a viewer names the picture.
   void SetTitle(const std::string& title) { title_ = title; }
   /// The whole document, UTF-8. The groups have been ended.

@@ -33,8 +33,8 @@ float ArialWidth(std::string_view text) {
 std::string FittingText(std::string_view text, float widest, float size) {
   if (ArialWidth(text) * size <= widest) return std::string(text);
   while (!text.empty() && (ArialWidth(text) + ArialWidth("...")) * size > widest) {
+    while (text.size() > 1 && Continues(text.back())) text.remove_suffix(1);
     text.remove_suffix(1);
-    while (!text.empty() && Continues(text.back())) text.remove_suffix(1);
   }
   return std::string(text) + "...";
 }

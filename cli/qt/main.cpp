@@ -3,7 +3,10 @@
 #include <iostream>
 
 #include "cli/Options.h"
+#include "cli/OutputFiles.h"
+#include "cli/RenderCommand.h"
 #include "cli/ReportCommand.h"
+#include "cli/qt/QtPictureFiles.h"
 
 namespace {
 
@@ -13,9 +16,13 @@ int Run(int argc, char** argv) {
   const CommandLine commandLine = ParseCommandLine(argc, argv, LOBEGRAPH_VERSION);
   std::cout << commandLine.Output;
   std::cerr << commandLine.Complaint;
-  DiskFiles files;
+  OutputFiles files;
   const CommandParts parts{files, std::cout, std::cerr, isatty(STDERR_FILENO) == 1};
   if (commandLine.Report) return RunReport(*commandLine.Report, parts);
+  if (commandLine.Render) {
+    QtPictureFiles pictures;
+    return RunRender(*commandLine.Render, parts, pictures);
+  }
   return commandLine.ExitCode;
 }
 

@@ -77,6 +77,12 @@ const QImage& ImageSurface::Picture() {
   return image_;
 }
 
+void ImageSurface::TakeUp(const QImage& picture) {
+  if (painter_.isActive()) painter_.end();
+  image_ = picture;
+  touched_ = QRect({}, units_);
+}
+
 QRect ImageSurface::TakeTouched() { return std::exchange(touched_, QRect()); }
 
 void ImageSurface::Clear() {

@@ -30,6 +30,9 @@ class ImageSurface : public DrawingSurface {
   /// The picture up to now, units_ * ratio pixels large, its device pixel ratio set. Valid until the next
   /// drawing.
   const QImage& Picture();
+  /// Goes on from a picture taken before of the same size and ratio (an empty grid, say, that many plots
+  /// share); position, font, pen and fill stay.
+  void TakeUp(const QImage& picture);
   /// The rectangle, in units, in which anything was drawn since the last call; then none.
   QRect TakeTouched();
 

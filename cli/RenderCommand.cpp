@@ -1,0 +1,110 @@
+#include "cli/RenderCommand.h"
+
+#include <filesystem>
+#include <utility>
+
+#include "cli/Progress.h"
+
+namespace lobegraph {
+namespace {
+
+constexpr const char* kPng = ".png";
+constexpr const char* kSvg = ".svg";
+constexpr const char* kPdf = ".pdf";
+
+bool EndsWith(const std::string& path, const char* ending) { return WithEnding(path, ending) == path; }
+
+bool KnownPicture(const std::string& path) {
+  return EndsWith(path, kPng) || EndsWith(path, kSvg) || EndsWith(path, kPdf);
+}
+
+/// "pictures/{}.png" and "field/beam.lbg" make "pictures/beam.png".
+std::string OutputFor(std::string out, const std::string& file) {
+  const std::string name = std::filesystem::path(FileNameOf(file)).stem().string();
+  for (auto at = out.find("{}"); at != std::string::npos; at = out.find("{}", at + name.size()))
+    out.replace(at, 2, name);
+  return out;
+}
+
+/// One picture after the other.
+class Renderer {
+ public:
+  Renderer(const RenderRequest& request, const CommandParts& parts, PictureFiles& pictures,
+           const PlotColours& colours)
+      : request_(request), parts_(parts), pictures_(pictures), colours_(colours) {}
+
+  bool Render(const std::string& file) {
+    Picture picture{{}, colours_, request_.Title};
+    if (!Add(picture, file, request_.Session)) return false;
+    bool allDrawn = true;
+    for (const std::string& overlay : request_.Overlays) allDrawn = AddOver(picture, overlay) && allDrawn;
+    const std::string out = OutputFor(request_.Out, file);
+    try {
+      parts_.Files.Replace(out, BytesOf(picture, out));
+    } catch (const RunTimeError& error) {
+      parts_.Complaints << ComplaintAbout(out, error);
+      return false;
+    }
+    return allDrawn;
+  }
+
+ private:
+  bool AddOver(Picture& picture, const std::string& file) {
+    SessionOptions options = request_.Session;
+    options.txtRotate.reset();
+    options.txtTrimFront.reset();
+    options.txtTrimEnd.reset();
+    return Add(picture, file, options, picture.Patterns.front().Session.Options().ScaleSetting);
+  }
+
+  bool Add(Picture& picture, const std::string& file, const SessionOptions& options,
+           std::optional<float> scale = std::nullopt) {
+    PatternSession session(options, scale);
+    session.Run(parts_.Files, file);
+    if (session.Error()) parts_.Complaints << ComplaintAbout(file, *session.Error());
+    if (!session.Error())
+      for (const std::string& message : session.Messages())
+        parts_.Complaints << ComplaintAbout(file, message);
+    if (session.Error() || session.Plot().Trace.empty()) return false;
+    std::string name = LegendName(session.Record());
+    picture.Patterns.push_back({std::move(session), std::move(name)});
+    return true;
+  }
+
+  std::string BytesOf(const Picture& picture, const std::string& out) {
+    if (EndsWith(out, kSvg)) return SvgOf(picture);
+    if (EndsWith(out, kPdf)) return pictures_.Pdf(picture);
+    return pictures_.Png(picture, request_.Width, request_.Height);
+  }
+
+  const RenderRequest& request_;
+  const CommandParts& parts_;
+  PictureFiles& pictures_;
+  PlotColours colours_;
+};
+
+}  // namespace
+
+int RunRender(const RenderRequest& request, const CommandParts& parts, PictureFiles& pictures) {
+  if (!KnownPicture(request.Out)) {
+    parts.Complaints << ComplaintAbout(request.Out, "a picture's name ends in .png, .svg or .pdf");
+    return kWrongUse;
+  }
+  PlotColours colours = DefaultColours();
+  try {
+    if (!request.ColoursFile.empty()) colours = ReadColours(parts.Files.Read(request.ColoursFile));
+  } catch (const RunTimeError& error) {
+    parts.Complaints << ComplaintAbout(request.ColoursFile, error);
+    return kWrongUse;
+  }
+  Renderer renderer(request, parts, pictures, colours);
+  Progress progress(parts.Complaints, parts.OnTerminal, request.Files.size());
+  bool allDone = true;
+  for (std::size_t index = 0; index < request.Files.size(); ++index) {
+    allDone = renderer.Render(request.Files[index]) && allDone;
+    progress.Show(index + 1);
+  }
+  return allDone ? kAllDone : kSomeFailed;
+}
+
+}  // namespace lobegraph
