@@ -57,15 +57,14 @@ void PlotCommands::RedrawAll() {
     ReDraw();
     return;
   }
-  DrawBeneath();
+  DrawBeneath(*shared.Beneath);
   shared.Overlay = true;
   ReDraw();
   shared.Overlay = false;
 }
 
-void PlotCommands::DrawBeneath() {
+void PlotCommands::DrawBeneath(ReadingsRecord beneath) {
   board_.DrawCircularGrid();
-  ReadingsRecord beneath = *parts_.Shared.Beneath;
   const PlotTexts texts{SingleText(beneath.Rotate), std::to_string(beneath.TrimFront),
                         std::to_string(beneath.TrimEnd)};
   try {

@@ -48,7 +48,7 @@ class PlotCommands {
   void ShowPlotFields();
   void ShowRefusal(const PlotResult& plot);
   void Complete(PlotResult& plot);
-  void DrawBeneath();
+  void DrawBeneath(ReadingsRecord beneath);
   bool MayDraw() const { return !parts_.Shared.Run.IsCollecting; }
 
   AppParts parts_;

@@ -95,8 +95,7 @@ std::string TimeForFileName() {
   std::tm local{};
   localtime_r(&now, &local);
   char text[32];
-  std::strftime(text, sizeof text, "%Y-%m-%d %H.%M.%S", &local);
-  return text;
+  return {text, std::strftime(text, sizeof text, "%Y-%m-%d %H.%M.%S", &local)};
 }
 
 }  // namespace lobegraph

@@ -39,7 +39,7 @@ void TransformCommands::cmdRescaleData_Click() {
   AutoOrient(
       parts_.Shared.Record, parts_.Shared.Settings.LinearMode,
       [&] {
-        const PlotResult plot = plot_.ReDraw();
+        PlotResult plot = plot_.ReDraw();
         done = plot.PlotDone;
         return plot;
       },

@@ -21,7 +21,7 @@ std::string Environment(const char* name) {
 }
 
 std::string HomeFolder() {
-  const std::string home = Environment("HOME");
+  std::string home = Environment("HOME");
   if (!home.empty()) return home;
   const passwd* user = getpwuid(getuid());
   return user == nullptr ? "/" : user->pw_dir;
@@ -29,7 +29,8 @@ std::string HomeFolder() {
 
 /// An application name becomes a file name: it must not lead into another folder.
 bool IsApplicationName(std::string_view name) {
-  return !name.empty() && name.front() != '.' && name.find_first_of(std::string_view("/\0", 2)) == name.npos;
+  return !name.empty() && name.front() != '.' &&
+         name.find_first_of(std::string_view("/\0", 2)) == std::string_view::npos;
 }
 
 }  // namespace

@@ -4,8 +4,8 @@
 
 #include <string>
 
-#include "support/SoundFakes.h"
 #include "acquisition/frmDX_Record.h"
+#include "support/SoundFakes.h"
 
 namespace lobegraph::test {
 

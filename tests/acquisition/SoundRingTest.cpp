@@ -5,8 +5,8 @@
 #include <atomic>
 #include <thread>
 
-#include "support/SoundFakes.h"
 #include "data/RunTimeError.h"
+#include "support/SoundFakes.h"
 
 namespace lobegraph {
 namespace {
