@@ -12,6 +12,8 @@ void ReadRow(SettingsStore& store, const SettingRow& row, SettingsValues& values
   const std::string text = store.Get(kLobegraphApplication, kSettingsSection, row.Key, row.Default);
   try {
     AssignSetting(row, text, values);
+    // The slider takes these minutes in seconds: a number that does not fit it is a value that does not fit.
+    if (row.Key == "MaxRotationTime") static_cast<void>(values.Slider2Maximum());
   } catch (const RunTimeError& error) {
     throw RunTimeError(error.Number(), store.Place(kLobegraphApplication) + ": [" +
                                            std::string(kSettingsSection) + "] " + std::string(row.Key) + "=" +
