@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/ControlView.h"
+#include "app/DesktopAwake.h"
 #include "app/ErrorEdge.h"
 #include "app/Globals.h"
 #include "app/SystemText.h"
@@ -17,6 +18,7 @@ struct AppParts {
   SystemText& System;
   FileAccess& Files;
   ProgramEnd& End;
+  DesktopAwake& Desktop;
 };
 
 }  // namespace lobegraph

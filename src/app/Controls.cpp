@@ -113,6 +113,9 @@ constexpr std::array kAnalysisControls = {txtX,     txtY,      lblLeftButtonValu
 constexpr std::array kLabelsOnPlot = {lblOperator,      lblDateTime,        lblCollectTitle, lblCollectedBy,
                                       lblCollectedDate, lblFileDescription, lblNotice,       lblHint};
 
+constexpr std::array kTextOnPlot = {lblOperator,      lblDateTime,        lblCollectTitle, lblCollectedBy,
+                                    lblCollectedDate, lblFileDescription, lblNotice,       cmdShrink};
+
 bool Contains(std::span<const Control> list, Control control) {
   return std::find(list.begin(), list.end(), control) != list.end();
 }
@@ -127,5 +130,6 @@ std::span<const Control> LockedInCollection() { return kLockedInCollection; }
 std::span<const Control> LockedInSweep() { return kLockedInSweep; }
 std::span<const Control> AnalysisControls() { return kAnalysisControls; }
 std::span<const Control> LabelsOnPlot() { return kLabelsOnPlot; }
+std::span<const Control> TextOnPlot() { return kTextOnPlot; }
 
 }  // namespace lobegraph

@@ -112,5 +112,8 @@ std::span<const Control> LockedInSweep();
 std::span<const Control> AnalysisControls();
 /// Labels that lie on the plot and take its background.
 std::span<const Control> LabelsOnPlot();
+/// Seven labels and a button on the plot that can be switched off for a clean picture. The line that tells
+/// what to do next stays.
+std::span<const Control> TextOnPlot();
 
 }  // namespace lobegraph

@@ -11,9 +11,10 @@ namespace lobegraph {
 
 /// Shows a fault as the run-time error text; what the box does not say (a key, a file) goes to standard
 /// error.
-inline void ReportFault(UserMessages& messages, const RunTimeError& error, std::string_view procedure) {
+inline void ReportFault(UserMessages& messages, const RunTimeError& error, std::string_view procedure,
+                        std::string_view form = "Form1") {
   if (!error.Detail().empty()) std::cerr << "lobegraph: " << error.what() << '\n';
-  messages.Show({.Text = RunTimeErrorText(error, procedure)});
+  messages.Show({.Text = RunTimeErrorText(error, procedure, form)});
 }
 
 /// The edge at which faults end: runs a handler; the program lives on.

@@ -18,6 +18,12 @@ void FileCommands::cmdGetData_Click() {
   parts_.Shared.Overlay = false;
 }
 
+void FileCommands::LoadDropped(const std::string& path) {
+  if (parts_.Shared.Run.Running()) return;
+  parts_.Shared.Overlay = false;
+  Guarded(parts_.Dialogs, "cmdGetData_Click", [&] { Load(path); });
+}
+
 void FileCommands::cmdOverlay_Click() {
   parts_.Shared.Overlay = true;
   cmdGetData_Click();

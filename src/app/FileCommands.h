@@ -18,6 +18,9 @@ class FileCommands {
   void cmdGetData_Click();
   /// The same over the plot that is shown, in the current scale.
   void cmdOverlay_Click();
+  /// Loads a file that was dropped on the window, in place of the pattern that is shown. Nothing while a run
+  /// is on.
+  void LoadDropped(const std::string& path);
   /// Saves the record under a name that is asked for; the old file stays whole until the new one is.
   void cmdSaveData_Click();
 

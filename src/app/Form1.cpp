@@ -3,7 +3,8 @@
 namespace lobegraph {
 
 Form1::Form1(const Platform& platform, const PlotGeometry& geometry)
-    : parts_{globals_, platform.View, platform.Dialogs, platform.System, platform.Files, platform.End},
+    : parts_{globals_,       platform.View, platform.Dialogs, platform.System,
+             platform.Files, platform.End,  platform.Desktop},
       board_(parts_, platform.Surface, geometry),
       plot_(parts_, board_),
       file_(parts_, board_, plot_),
@@ -18,7 +19,8 @@ Form1::Form1(const Platform& platform, const PlotGeometry& geometry)
       input_({globals_.Settings, globals_.Run, globals_.Sound, globals_.Thresholds, globals_.Meter,
               platform.ExternalMeter, watch_, platform.Time, panel_}),
       run_(parts_, RunParts(platform), copy_),
-      shell_(parts_, plot_, platform.Store, platform.Devices, frmDX_Record_, sound_) {
+      shell_(parts_, plot_, platform.Store, platform.Devices, frmDX_Record_, sound_),
+      settings_(parts_, plot_, platform.Store) {
   globals_.VersionText = platform.VersionText;
   globals_.WorkingFolder = platform.WorkingFolder;
   ConnectHandlers();

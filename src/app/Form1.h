@@ -12,6 +12,7 @@
 #include "app/RunCommands.h"
 #include "app/RunPanel.h"
 #include "app/SafetyCopy.h"
+#include "app/SettingsCommands.h"
 #include "app/ShellCommands.h"
 #include "app/TransformCommands.h"
 
@@ -24,6 +25,7 @@ struct Platform {
   SystemText& System;
   FileAccess& Files;
   ProgramEnd& End;
+  DesktopAwake& Desktop;
   DrawingSurface& Surface;
   SettingsStore& Store;
   Clock& Time;
@@ -54,6 +56,7 @@ class Form1 {
   TransformCommands& Transform() { return transform_; }
   RunCommands& Run() { return run_; }
   ShellCommands& Shell() { return shell_; }
+  SettingsCommands& Settings() { return settings_; }
   Globals& Shared() { return globals_; }
 
  private:
@@ -76,6 +79,7 @@ class Form1 {
   ChosenInput input_;
   RunCommands run_;
   ShellCommands shell_;
+  SettingsCommands settings_;
   std::map<Control, std::function<void()>> handlers_;
 };
 

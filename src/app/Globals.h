@@ -33,6 +33,7 @@ struct Globals {
   bool HalfLoaded = false;
   bool Loading = false;        ///< start-up, or a file, is still filling the window
   bool AnalysisShown = false;  ///< the pattern analysis is switched on
+  bool PlotTextShown = true;   ///< what is written on the plot is to be seen
   std::string UserName;        ///< the operator for this run of the program
   std::string VersionText;     ///< "V1.2.3"
   std::string WorkingFolder;   ///< where file dialogs start

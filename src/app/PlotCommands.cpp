@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "app/FigureNotes.h"
 #include "data/Numbers.h"
 #include "data/Rounding.h"
 #include "processing/Beamwidth.h"
@@ -150,7 +151,10 @@ void PlotCommands::cmdIntegrate_Click() {
     ShowRefusal(refusal);
     if (!check.Passed) return;
     const auto gain = IntegratedGain(record);
-    if (gain) parts_.View.SetText(Control::txtGain, GainText(*gain));
+    if (!gain) return;
+    parts_.View.SetText(Control::txtGain, GainText(*gain));
+    parts_.View.SetToolTip(Control::txtGain,
+                           IntegratedGainNote(record.Elements, record.PolarizationHorizontal));
   });
 }
 
@@ -210,6 +214,9 @@ void PlotCommands::EndOverlay() {
 void PlotCommands::ShowFigures(const std::string& txtAngle, const std::string& txtGain) {
   parts_.View.SetText(Control::txtAngle, txtAngle);
   parts_.View.SetText(Control::txtGain, txtGain);
+  const ReadingsRecord& record = parts_.Shared.Record;
+  parts_.View.SetToolTip(Control::txtAngle, AngleNote(txtAngle));
+  parts_.View.SetToolTip(Control::txtGain, GainNote(txtGain, record.Elements, record.PolarizationHorizontal));
 }
 
 void PlotCommands::ShowRefusal(const PlotResult& plot) {

@@ -4,7 +4,10 @@ namespace lobegraph {
 
 void RunCommands::cmdCollectData_Click() {
   RunReport report;
-  Guarded(parts_.Dialogs, "cmdCollectData_Click", [&] { report = engine_.cmdCollectData_Click(); });
+  Guarded(parts_.Dialogs, "cmdCollectData_Click", [&] {
+    const StayAwake awake(parts_.Desktop);
+    report = engine_.cmdCollectData_Click();
+  });
   AfterRun(report);
 }
 
@@ -14,7 +17,10 @@ void RunCommands::chkCalibrate_Click() {
 
 void RunCommands::Timer1_Timer() {
   RunReport report;
-  Guarded(parts_.Dialogs, "Timer1_Timer", [&] { report = sweep_.Timer1_Timer(); });
+  Guarded(parts_.Dialogs, "Timer1_Timer", [&] {
+    const StayAwake awake(parts_.Desktop);
+    report = sweep_.Timer1_Timer();
+  });
   AfterRun(report);
 }
 

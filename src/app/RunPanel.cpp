@@ -1,5 +1,6 @@
 #include "app/RunPanel.h"
 
+#include "app/RunHints.h"
 #include "processing/PlotRange.h"
 
 namespace lobegraph {
@@ -25,6 +26,8 @@ std::string RunPanel::DateTimeText() {
 }
 
 void RunPanel::Lock() {
+  rotationSeconds_ = Slider2();
+  BeginHint(StartHint(chkAutoStart(), chkTrigger(), rotationSeconds_));
   Enable(LockedInCollection(), false);
   parts_.View.SetEnabled(Control::cmdHaltInput, true);
   parts_.View.SetFocus(Control::cmdHaltInput);
@@ -37,8 +40,20 @@ void RunPanel::Unlock() {
   parts_.View.SetFocus(Control::cmdRescaleData);
 }
 
-void RunPanel::LockForSweep() { Enable(LockedInSweep(), false); }
-void RunPanel::UnlockAfterSweep() { Enable(LockedInSweep(), true); }
+void RunPanel::LockForSweep() {
+  BeginHint(kCalibrateHint);
+  Enable(LockedInSweep(), false);
+}
+
+void RunPanel::UnlockAfterSweep() {
+  Enable(LockedInSweep(), true);
+  parts_.View.SetText(Control::lblHint, hintBefore_);
+}
+
+void RunPanel::BeginHint(const std::string& hint) {
+  hintBefore_ = parts_.View.Text(Control::lblHint);
+  parts_.View.SetText(Control::lblHint, hint);
+}
 
 void RunPanel::Enable(std::span<const Control> controls, bool enabled) {
   for (const Control control : controls) parts_.View.SetEnabled(control, enabled && !ComesLater(control));
@@ -93,9 +108,11 @@ void RunPanel::ShowReadingsPlotted(const std::string& text) {
 void RunPanel::ReadingStored(int index) {
   parts_.Shared.HalfLoaded = false;
   copy_.Store(parts_.Shared.Record, index);
+  parts_.View.SetText(Control::lblHint, ProgressHint(index + 1, chkTrigger(), rotationSeconds_));
 }
 
 void RunPanel::ShowRecordAgain() {
+  parts_.View.SetText(Control::lblHint, hintBefore_);
   parts_.Shared.DescriptionLoaded = descriptionWasLoaded_;
   plot_.ShowRecord();
   plot_.RedrawAll();

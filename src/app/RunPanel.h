@@ -61,6 +61,8 @@ class RunPanel final : public CollectionPanel {
 
  private:
   void Enable(std::span<const Control> controls, bool enabled);
+  /// The line tells of the run; what it told before comes back when nothing came of the run.
+  void BeginHint(const std::string& hint);
 
   AppParts parts_;
   PlotBoard& board_;
@@ -68,6 +70,8 @@ class RunPanel final : public CollectionPanel {
   SafetyCopy& copy_;
   SoundCapture& sound_;
   bool descriptionWasLoaded_ = false;
+  std::string hintBefore_;
+  int rotationSeconds_ = 0;
   std::optional<StatusColour> levelShade_;
 };
 

@@ -120,7 +120,7 @@ void ShellCommands::Form_Activate() {
 }
 
 void ShellCommands::cmdGrow_Click() {
-  if (parts_.View.State() == WindowState::Maximised) return;
+  if (parts_.View.State() != WindowState::Normal) return;
   parts_.View.SetWidth(kGrownWidth);
   parts_.View.SetVisible(Control::cmdGrow, false);
 }

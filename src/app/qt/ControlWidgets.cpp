@@ -3,11 +3,11 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFontMetrics>
-#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSlider>
 
+#include "app/qt/ElidingLabel.h"
 #include "app/qt/WindowLayout.h"
 
 namespace lobegraph {
@@ -24,7 +24,7 @@ QWidget* MakeButton(const ControlRow& row, QWidget& parent) {
 }
 
 QWidget* MakeLabel(const ControlRow& row, QWidget& parent) {
-  auto* label = new QLabel(&parent);
+  auto* label = new ElidingLabel(&parent);
   label->setTextFormat(Qt::PlainText);
   label->setText(Q(row.Caption));
   return label;
@@ -34,6 +34,8 @@ QWidget* MakeTextBox(const ControlRow& row, QWidget& parent) {
   auto* box = new QLineEdit(Q(row.Caption), &parent);
   box->setReadOnly(row.Kind == ControlKind::ReadOnlyBox);
   // What only shows a value is no stop on the way through the window by keyboard.
+  // A file dropped on a box is dropped on the window.
+  box->setAcceptDrops(false);
   if (box->isReadOnly()) box->setFocusPolicy(Qt::ClickFocus);
   return box;
 }

@@ -5,6 +5,7 @@
 #include <QComboBox>
 #include <QCoreApplication>
 #include <QDir>
+#include <QDropEvent>
 #include <QFrame>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -12,7 +13,10 @@
 #include <QTimer>
 #include <cstdlib>
 
+#include "app/qt/DroppedPattern.h"
+#include "app/qt/SettingsOpener.h"
 #include "app/qt/WindowLayout.h"
+#include "app/qt/frmSettings.h"
 
 namespace lobegraph {
 
@@ -40,6 +44,7 @@ Platform MainWindow::MakePlatform(const std::string& versionText) {
           .System = system_,
           .Files = files_,
           .End = *this,
+          .Desktop = awake_,
           .Surface = surface_,
           .Store = store_,
           .Time = clock_,
@@ -71,6 +76,10 @@ void MainWindow::Connect() {
   connect(&description, &QLineEdit::editingFinished, this, [this] { Click(Control::txtDescription); });
   view_.Widget(Control::lblOperator).setFocusPolicy(Qt::TabFocus);
   connect(&view_.Timer1(), &QTimer::timeout, this, [this] { Run([this] { form_.Run().Timer1_Timer(); }); });
+  new SettingsOpener(
+      *this, plot_, [this] { return !left_ && form_.Settings().MayOpen(SettingsWay::Mouse); },
+      [this](SettingsWay way) { Run([this, way] { OpenSettings(way); }); });
+  setAcceptDrops(true);
   // Drawing is not for the middle of a repaint.
   connect(&plot_, &PlotWidget::RatioChanged, this, &MainWindow::DrawForRatio, Qt::QueuedConnection);
 }
@@ -128,6 +137,28 @@ void MainWindow::closeEvent(QCloseEvent* event) {
   Leave();
 }
 
+void MainWindow::OpenSettings(SettingsWay way) {
+  SettingsCommands& settings = form_.Settings();
+  if (!settings.MayOpen(way)) return;
+  settings.Form_Load();
+  frmSettings dialog(settings, dialogs_, QString::fromStdString(form_.Shared().NoticeText), this);
+  dialogs_.Run(dialog);
+  settings.Closed();
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
+  if (!form_.Shared().Run.Running() && !dialogs_.IsOpen() && DroppedPattern(*event->mimeData()))
+    event->acceptProposedAction();
+}
+
+void MainWindow::dropEvent(QDropEvent* event) {
+  const auto path = DroppedPattern(*event->mimeData());
+  if (!path) return;
+  event->acceptProposedAction();
+  // A message box must not keep the program waiting from which the file was dragged.
+  QTimer::singleShot(0, this, [this, file = *path] { Run([&] { form_.File().LoadDropped(file); }); });
+}
+
 void MainWindow::EndAtOnce() { std::_Exit(EXIT_FAILURE); }
 
 void MainWindow::EndProgram() {
@@ -168,7 +199,7 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::KeyPress && SwallowsKey(*watched, static_cast<const QKeyEvent&>(*event)))
     return true;
   if (event->type() == QEvent::MouseButtonDblClick && watched == &view_.Widget(Control::lblOperator))
-    Click(Control::lblOperator);
+    return Click(Control::lblOperator), true;  // the plot below takes a double-click for the settings
   if (event->type() == QEvent::FocusIn) {
     auto* box = qobject_cast<QLineEdit*>(watched);
     if (box != nullptr && watched != &view_.Widget(Control::txtDescription))

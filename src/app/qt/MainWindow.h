@@ -6,6 +6,7 @@
 #include "acquisition/qt/QtEventPump.h"
 #include "acquisition/qt/SystemClock.h"
 #include "app/Form1.h"
+#include "app/qt/DBusAwake.h"
 #include "app/qt/NoMeters.h"
 #include "app/qt/PlotWidget.h"
 #include "app/qt/QtDialogs.h"
@@ -33,6 +34,8 @@ class MainWindow : public QWidget, private ProgramEnd {
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void showEvent(QShowEvent* event) override;
   bool event(QEvent* event) override;
@@ -50,6 +53,7 @@ class MainWindow : public QWidget, private ProgramEnd {
   }
   void PlaceSurface();
   void DrawForRatio(qreal ratio);
+  void OpenSettings(SettingsWay way);
   bool SwallowsKey(QObject& watched, const QKeyEvent& key);
 
   void EndAtOnce() override;
@@ -65,6 +69,7 @@ class MainWindow : public QWidget, private ProgramEnd {
   DiskFiles files_;
   FileSettingsStore store_;
   SystemClock clock_;
+  DBusAwake awake_;
   QtEventPump pump_;
   PulseCapture sound_;
   NoMeters meters_;

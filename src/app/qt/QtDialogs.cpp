@@ -29,6 +29,7 @@ int QtDialogs::Run(QDialog& dialog) {
   const int result = dialog.exec();
   --open_;
   current_ = before;
+  if (closing_ && before) before->reject();
   return result;
 }
 
@@ -38,7 +39,7 @@ void QtDialogs::CloseAll() {
 }
 
 void QtDialogs::Show(const UserMessage& message) {
-  QMessageBox box(owner_);
+  QMessageBox box(Owner());
   box.setWindowTitle(message.Title.empty() ? "Lobegraph" : Q(message.Title));
   box.setTextFormat(Qt::PlainText);
   box.setText(Lines(message.Text));
@@ -48,7 +49,7 @@ void QtDialogs::Show(const UserMessage& message) {
 }
 
 bool QtDialogs::AskYesNo(const std::string& text) {
-  QMessageBox box(owner_);
+  QMessageBox box(Owner());
   box.setWindowTitle("Lobegraph");
   box.setTextFormat(Qt::PlainText);
   box.setText(Lines(text));
@@ -58,7 +59,7 @@ bool QtDialogs::AskYesNo(const std::string& text) {
 }
 
 std::optional<std::string> QtDialogs::InputBox(const std::string& prompt, const std::string& title) {
-  QInputDialog box(owner_);
+  QInputDialog box(Owner());
   box.setWindowTitle(Q(title));
   box.setLabelText(Q(prompt));
   if (Run(box) != QDialog::Accepted) return std::nullopt;
@@ -69,7 +70,7 @@ std::optional<std::string> QtDialogs::OpenFile(const std::string& folder) { retu
 std::optional<std::string> QtDialogs::SaveFile(const std::string& folder) { return AskFile(folder, true); }
 
 std::optional<std::string> QtDialogs::AskFile(const std::string& folder, bool save) {
-  QFileDialog dialog(owner_, save ? "Save File" : "Get File", Q(folder));
+  QFileDialog dialog(Owner(), save ? "Save File" : "Get File", Q(folder));
   dialog.setOption(QFileDialog::DontUseNativeDialog);  // native ones refuse a name that does not exist yet
   dialog.setOption(QFileDialog::DontConfirmOverwrite);
   dialog.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);

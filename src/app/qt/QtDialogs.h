@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDialog>
 #include <QPointer>
 #include <QWidget>
 
@@ -15,6 +16,8 @@ class QtDialogs final : public UserDialogs {
   bool IsOpen() const { return open_ > 0; }
   /// Closes what is open, as its cancel button would: the program ends.
   void CloseAll();
+  /// Runs a dialog to its end. @return QDialog::Accepted, QDialog::Rejected or what the dialog gives
+  int Run(QDialog& dialog);
 
   void Show(const UserMessage& message) override;
   bool AskYesNo(const std::string& text) override;
@@ -23,7 +26,7 @@ class QtDialogs final : public UserDialogs {
   std::optional<std::string> SaveFile(const std::string& folder) override;
 
  private:
-  int Run(QDialog& dialog);
+  QWidget* Owner() const { return current_ ? current_.data() : owner_; }
   std::optional<std::string> AskFile(const std::string& folder, bool save);
 
   QWidget* owner_ = nullptr;

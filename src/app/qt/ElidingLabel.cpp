@@ -1,0 +1,31 @@
+#include "app/qt/ElidingLabel.h"
+
+#include <QHelpEvent>
+#include <QPainter>
+#include <QStyle>
+#include <QToolTip>
+
+namespace lobegraph {
+
+QString ElidingLabel::ShownText() const {
+  // A caption with an accelerator mark or a line break never stands here.
+  return fontMetrics().elidedText(text(), Qt::ElideRight, contentsRect().width());
+}
+
+void ElidingLabel::paintEvent(QPaintEvent* event) {
+  const QString shown = ShownText();
+  if (shown == text()) return QLabel::paintEvent(event);
+  QPainter painter(this);
+  style()->drawItemText(&painter, contentsRect(), static_cast<int>(alignment()), palette(), isEnabled(),
+                        shown, foregroundRole());
+}
+
+bool ElidingLabel::event(QEvent* event) {
+  if (event->type() != QEvent::ToolTip || ShownText() == text()) return QLabel::event(event);
+  const QString whole =
+      text().toHtmlEscaped() + (toolTip().isEmpty() ? "" : "<br>" + toolTip().toHtmlEscaped());
+  QToolTip::showText(static_cast<const QHelpEvent*>(event)->globalPos(), "<p>" + whole + "</p>", this);
+  return true;
+}
+
+}  // namespace lobegraph
