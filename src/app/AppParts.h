@@ -18,7 +18,7 @@ struct AppParts {
   SystemText& System;
   FileAccess& Files;
   ProgramEnd& End;
-  DesktopAwake& Desktop;
+  DesktopAwake* Desktop = nullptr;
 };
 
 }  // namespace lobegraph

@@ -11,16 +11,20 @@ class DesktopAwake {
   virtual void End() = 0;
 };
 
-/// Keeps the desktop awake as long as it lives.
+/// Keeps the desktop, if there is one, awake as long as it lives.
 class StayAwake {
  public:
-  explicit StayAwake(DesktopAwake& desktop) : desktop_(desktop) { desktop_.Begin(); }
-  ~StayAwake() { desktop_.End(); }
+  explicit StayAwake(DesktopAwake* desktop) : desktop_(desktop) {
+    if (desktop_ != nullptr) desktop_->Begin();
+  }
+  ~StayAwake() {
+    if (desktop_ != nullptr) desktop_->End();
+  }
   StayAwake(const StayAwake&) = delete;
   StayAwake& operator=(const StayAwake&) = delete;
 
  private:
-  DesktopAwake& desktop_;
+  DesktopAwake* desktop_;
 };
 
 }  // namespace lobegraph

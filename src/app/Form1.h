@@ -25,7 +25,6 @@ struct Platform {
   SystemText& System;
   FileAccess& Files;
   ProgramEnd& End;
-  DesktopAwake& Desktop;
   DrawingSurface& Surface;
   SettingsStore& Store;
   Clock& Time;
@@ -35,9 +34,10 @@ struct Platform {
   MeterPort& MSComm1;
   MeterWindow& frmdBMeter;
   MeterPoll& ExternalMeter;
-  std::string VersionText;    ///< "V1.2.3"
-  std::string WorkingFolder;  ///< the current directory with its separator
-  std::string StateFolder;    ///< where safety copies go
+  std::string VersionText;          ///< "V1.2.3"
+  std::string WorkingFolder;        ///< the current directory with its separator
+  std::string StateFolder;          ///< where safety copies go
+  DesktopAwake* Desktop = nullptr;  ///< none: there is no desktop to ask
 };
 
 /// The main window without its looks: owns what the program shares, and every handler.

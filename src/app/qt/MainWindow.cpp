@@ -44,7 +44,6 @@ Platform MainWindow::MakePlatform(const std::string& versionText) {
           .System = system_,
           .Files = files_,
           .End = *this,
-          .Desktop = awake_,
           .Surface = surface_,
           .Store = store_,
           .Time = clock_,
@@ -56,7 +55,8 @@ Platform MainWindow::MakePlatform(const std::string& versionText) {
           .ExternalMeter = meters_,
           .VersionText = versionText,
           .WorkingFolder = (QDir::currentPath() + '/').toStdString(),
-          .StateFolder = StateFolder()};
+          .StateFolder = StateFolder(),
+          .Desktop = &awake_};
 }
 
 void MainWindow::MakePanel() {
