@@ -72,8 +72,41 @@ QWidget* MakeBare(const ControlRow& row, QWidget& parent) {
 
 /// What the frame of a control takes beside its caption.
 int FrameWidth(ControlKind kind) {
-  if (kind == ControlKind::CheckBox) return 20;
-  return kind == ControlKind::Button ? 10 : 2;
+  switch (kind) {
+    case ControlKind::DropDown:
+      return 26;
+    case ControlKind::CheckBox:
+      return 20;
+    case ControlKind::Label:
+      return 2;
+    default:
+      return 10;
+  }
+}
+
+/// The widest text that a control shows at run time, where it is not its caption. Names and descriptions have
+/// no widest text: their labels end in dots, their boxes scroll.
+QString WidestText(const ControlRow& row) {
+  switch (row.Id) {
+    case Control::txtChan1:
+      return "1,000.0";
+    case Control::lblRotationTime:
+      return "1200";
+    case Control::txtReadingNumber:
+    case Control::txtTrimFront:
+    case Control::txtTrimEnd:
+    case Control::txtRotate:
+    case Control::txtReadingsPlotted:
+      return "360";
+    case Control::cboElements:
+      return "  > 8!";
+    case Control::txtAngle:
+      return "179.99";
+    case Control::txtGain:
+      return "-9.99 dBi";
+    default:
+      return Q(row.Caption).remove('&').trimmed();
+  }
 }
 
 }  // namespace
@@ -93,7 +126,7 @@ QWidget* MakeWidget(const ControlRow& row, QWidget& parent) {
 
 bool CaptionFits(const ControlRow& row, const QFont& font) {
   const QFontMetrics metrics(font);
-  const int needed = metrics.horizontalAdvance(Q(row.Caption).remove('&').trimmed()) + FrameWidth(row.Kind);
+  const int needed = metrics.horizontalAdvance(WidestText(row)) + FrameWidth(row.Kind);
   return needed <= PlaceOf(row.Id).width() && metrics.height() <= PlaceOf(row.Id).height();
 }
 
