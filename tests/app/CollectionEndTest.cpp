@@ -211,8 +211,9 @@ TEST_F(CollectionEndTest, AfterAnAbandonedStartADamagedPatternIsStillNotDrawn) {
 }
 
 TEST_F(CollectionEndTest, AWindowThatIsClosedInTheMiddleEndsTheTurnAndWritesNoMore) {
-  const std::string hint = Text(lblHint);
-  At(30, [this] {
+  std::string hint;
+  At(30, [this, &hint] {
+    hint = Text(lblHint);
     Shared.Run.RequestClose();
     Log.clear();
   });

@@ -75,7 +75,10 @@ TEST_F(RunHintsInTheWindow, AnAbandonedStartLeavesTheLineAsItWas) {
 TEST_F(RunHintsInTheWindow, ASweepTellsWhatToDoAndLeavesTheLineAsItWas) {
   const std::string before = Text(lblHint);
   bool told = false;
-  OnYield = [&] { told |= Text(lblHint) == kCalibrateHint; };
+  OnYield = [&] {
+    told |= Text(lblHint) == kCalibrateHint;
+    View.Of(chkCalibrate).Checked = false;
+  };
   View.Of(chkCalibrate).Checked = true;
   Form.Click(chkCalibrate);
   Form.Run().Timer1_Timer();

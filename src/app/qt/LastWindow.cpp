@@ -1,6 +1,7 @@
 #include "app/qt/LastWindow.h"
 
 #include <QApplication>
+#include <QWidget>
 #include <algorithm>
 #include <cstdlib>
 
