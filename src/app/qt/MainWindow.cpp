@@ -14,6 +14,7 @@
 #include <cstdlib>
 
 #include "app/qt/DroppedPattern.h"
+#include "app/qt/LastWindow.h"
 #include "app/qt/SettingsOpener.h"
 #include "app/qt/WindowLayout.h"
 #include "app/qt/frmSettings.h"
@@ -116,7 +117,16 @@ void MainWindow::Leave() {
   }
   leavePending_ = false;
   form_.Shell().Form_QueryUnload();
-  form_.Shell().Form_Unload();
+  if (!form_.Shell().Form_Unload()) LeaveWithModuleOpen();
+}
+
+/// The settings stay unsaved, and the meter window tells why.
+void MainWindow::LeaveWithModuleOpen() {
+  if (leavingNow_) return EndProgram();
+  left_ = true;
+  hide();
+  meters_.ShowMeterWindow();
+  EndWithLastWindow();
 }
 
 void MainWindow::Load() {
@@ -128,6 +138,7 @@ void MainWindow::LeaveNow() {
   // Asked to end at the call sign prompt: no setting has been read yet, so there is none to save, and the
   // question comes again at the next start.
   if (!loaded_) std::_Exit(EXIT_SUCCESS);
+  leavingNow_ = true;
   dialogs_.CloseAll();
   Leave();
 }

@@ -51,6 +51,7 @@ class MainWindow : public QWidget, private ProgramEnd {
   void Click(Control control) {
     Run([this, control] { form_.Click(control); });
   }
+  void LeaveWithModuleOpen();
   void PlaceSurface();
   void DrawForRatio(qreal ratio);
   void OpenSettings(SettingsWay way);
@@ -76,6 +77,7 @@ class MainWindow : public QWidget, private ProgramEnd {
   Form1 form_;
   bool leavePending_ = false;
   bool left_ = false;
+  bool leavingNow_ = false;  ///< the process was asked to end: no window stays
   bool loaded_ = false;
   bool ownBoxClosed_ = false;
   int depth_ = 0;
