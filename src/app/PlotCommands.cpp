@@ -52,14 +52,13 @@ void PlotCommands::Complete(PlotResult& plot) {
 void PlotCommands::RedrawAll() {
   Globals& shared = parts_.Shared;
   if (!MayDraw()) return;
-  if (!shared.Record.Held() || shared.HalfLoaded)
-    return shared.Beneath ? DrawBeneath() : board_.DrawCircularGrid();
-  if (!shared.Beneath) {
-    ReDraw();
-    return;
-  }
-  DrawBeneath(*shared.Beneath);
-  shared.Overlay = true;
+  const bool drawable = shared.Record.Held() && !shared.HalfLoaded;
+  if (shared.Beneath)
+    DrawBeneath(*shared.Beneath);
+  else if (!drawable)
+    board_.DrawCircularGrid();
+  if (!drawable) return;
+  shared.Overlay = shared.Beneath.has_value();
   ReDraw();
   shared.Overlay = false;
 }
