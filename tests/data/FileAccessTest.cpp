@@ -11,20 +11,11 @@
 #include <fstream>
 
 #include "data/PatternFile.h"
-#include "data/RunTimeError.h"
+#include "support/FaultOf.h"
 #include "support/TemporaryFolder.h"
 
 namespace lobegraph {
 namespace {
-
-int FaultOf(const auto& action) {
-  try {
-    action();
-  } catch (const RunTimeError& error) {
-    return error.Number();
-  }
-  return 0;
-}
 
 std::size_t FilesIn(const std::filesystem::path& folder) {
   return static_cast<std::size_t>(std::distance(std::filesystem::directory_iterator(folder), {}));

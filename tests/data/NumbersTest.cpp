@@ -5,19 +5,10 @@
 #include <clocale>
 
 #include "data/Rounding.h"
-#include "data/RunTimeError.h"
+#include "support/FaultOf.h"
 
 namespace lobegraph {
 namespace {
-
-int FaultOf(const auto& action) {
-  try {
-    action();
-  } catch (const RunTimeError& error) {
-    return error.Number();
-  }
-  return 0;
-}
 
 struct LeadingCase {
   const char* Text;

@@ -4,20 +4,11 @@
 
 #include <limits>
 
-#include "data/RunTimeError.h"
 #include "processing/RadiusRule.h"
+#include "support/FaultOf.h"
 
 namespace lobegraph {
 namespace {
-
-int FaultOf(const auto& action) {
-  try {
-    action();
-  } catch (const RunTimeError& error) {
-    return error.Number();
-  }
-  return 0;
-}
 
 TEST(DecibelsTest, PassThroughSinglesSoThatAThousandIsExactly60) {
   EXPECT_EQ(DecibelsBelow(1000.F, 1.F), 60.F);

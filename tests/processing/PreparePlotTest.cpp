@@ -4,7 +4,7 @@
 
 #include <cmath>
 
-#include "data/RunTimeError.h"
+#include "support/FaultOf.h"
 #include "support/TestRecord.h"
 
 namespace lobegraph {
@@ -12,15 +12,6 @@ namespace {
 
 PlotResult Plot(ReadingsRecord& record, const PlotTexts& texts = {}, const PlotOptions& options = {}) {
   return PreparePlot(record, texts, options);
-}
-
-int FaultOf(const auto& action) {
-  try {
-    action();
-  } catch (const RunTimeError& error) {
-    return error.Number();
-  }
-  return 0;
 }
 
 TEST(PreparePlotTest, Rotation0To359IsAcceptedAnythingElseRefused) {

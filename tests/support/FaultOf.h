@@ -1,0 +1,17 @@
+#pragma once
+
+#include "data/RunTimeError.h"
+
+namespace lobegraph {
+
+/// Number of the fault that an action ends with; 0 for none.
+int FaultOf(const auto& action) {
+  try {
+    action();
+  } catch (const RunTimeError& error) {
+    return error.Number();
+  }
+  return 0;
+}
+
+}  // namespace lobegraph
