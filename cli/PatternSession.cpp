@@ -113,6 +113,7 @@ void PatternSession::Orient() {
 void PatternSession::ShowOriginal() {
   record_.ScaleSetting = static_cast<float>(slider1_);
   beamwidthDeg_ = 0.F;
+  plot_ = {};
   plot_ = PlotOriginal(record_, Options());
   ShowRecord();
   txtAngle_ = plot_.txtAngle;
