@@ -54,7 +54,7 @@ void PatternSession::Load(FileAccess& files, const std::string& path) {
   record_.FileName = FileNameOf(path);
   const std::string bytes = files.Read(path);
   const LoadRules rules{.Overlay = overlayScale_.has_value(), .PeakInputLevel = options_.PeakInputLevel};
-  const LoadOutcome outcome = ReadPattern(path, bytes, rules, record_);
+  const LoadOutcome outcome = ReadPattern(path, bytes, rules, options_.Table, record_);
   messages_.insert(messages_.end(), outcome.Messages.begin(), outcome.Messages.end());
   halfLoaded_ = outcome.Error.has_value();
   ShowRecord();

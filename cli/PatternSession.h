@@ -21,6 +21,7 @@ struct SessionOptions {
   PlotScale Scale = PlotScale::Logarithmic;
   bool LinearMode = false;  ///< the rectangular drawing
   bool Calibrate = false;
+  bool Table = false;  ///< a CSV file has several columns
   float PeakInputLevel = 1000.F;
   std::int16_t SpikeDetectLevel = 50;
   std::optional<std::string> txtRotate =

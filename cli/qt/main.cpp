@@ -2,6 +2,7 @@
 
 #include <iostream>
 
+#include "cli/ConvertCommand.h"
 #include "cli/Options.h"
 #include "cli/OutputFiles.h"
 #include "cli/RenderCommand.h"
@@ -23,6 +24,7 @@ int Run(int argc, char** argv) {
     QtPictureFiles pictures;
     return RunRender(*commandLine.Render, parts, pictures);
   }
+  if (commandLine.Convert) return RunConvert(*commandLine.Convert, parts, "V" LOBEGRAPH_VERSION);
   return commandLine.ExitCode;
 }
 

@@ -1,0 +1,145 @@
+#include "cli/ConvertCommand.h"
+
+#include <gmock/gmock.h>
+
+#include <cmath>
+
+#include "cli/MemoryFiles.h"
+#include "cli/ReadPattern.h"
+
+namespace lobegraph {
+namespace {
+
+using ::testing::HasSubstr;
+using ::testing::StartsWith;
+
+class Convert : public ::testing::Test {
+ protected:
+  int Run(const std::string& in, const std::string& out, bool table = false) {
+    complaints_.str("");
+    return RunConvert({.In = in, .Out = out, .Table = table}, {files_, output_, complaints_, false},
+                      "V9.9.9");
+  }
+  ReadingsRecord Loaded(const std::string& path) {
+    ReadingsRecord record;
+    const LoadOutcome outcome = ReadPatternText(files_.Content[path], {}, record);
+    EXPECT_FALSE(outcome.Error) << path;
+    return record;
+  }
+
+  MemoryFiles files_;
+  std::ostringstream output_, complaints_;
+};
+
+TEST_F(Convert, ThereAndBackThroughEachFormatWithinItsResolution) {
+  ReadingsRecord record = StoredBeam();
+  record.Rotate = 25.F;
+  files_.Content["a.lbg"] = StoredText(record);
+  for (const std::string middle : {"m.msi", "m.az", "m.ant", "m.adf", "m.lbg"}) {
+    ASSERT_EQ(Run("a.lbg", middle), 0) << middle;
+    ASSERT_EQ(Run(middle, "b.lbg"), 0) << middle << complaints_.str();
+    const ReadingsRecord back = Loaded("b.lbg");
+    ASSERT_EQ(back.NumReadings, 359) << middle;
+    for (int i = 0; i < 360; ++i) {
+      const int theirs = (i + 25 - static_cast<int>(back.Rotate) + 360) % 360;
+      const float peak = back.Readings(back.PeakIndex);
+      const double db = 20 * std::log10(back.Readings(theirs) / peak / (record.Readings(i) / 900.F));
+      EXPECT_NEAR(db, 0, 0.0055) << middle << " " << i;
+    }
+  }
+}
+
+TEST_F(Convert, LevelsAloneAreReadBackAsTheEditorReadsThem) {
+  files_.Content["a.lbg"] = StoredText(StoredBeam(100));
+  ASSERT_EQ(Run("a.lbg", "m.csv"), 0);
+  ASSERT_EQ(Run("m.csv", "b.lbg"), 0);
+  EXPECT_EQ(Loaded("b.lbg").Readings, Loaded("a.lbg").Readings);
+  EXPECT_EQ(Loaded("b.lbg").NumReadings, 99);
+  EXPECT_THAT(files_.Content["b.lbg"], HasSubstr("V9.9.9"));
+}
+
+TEST_F(Convert, ACsvFileEndsAtItsLastLevelThatIsNotZero) {
+  files_.Content["m.csv"] = "Value\n5,0,7,0,0\n";
+  ASSERT_EQ(Run("m.csv", "b.lbg"), 0) << complaints_.str();
+  const ReadingsRecord record = Loaded("b.lbg");
+  EXPECT_EQ(record.NumReadings, 3) << "the heading reads as 0";
+  EXPECT_EQ(record.Readings(1), 5.F);
+  EXPECT_EQ(record.Readings(3), 7.F);
+  files_.Content["m.csv"] = "0\n0\n";
+  EXPECT_EQ(Run("m.csv", "b.lbg"), 1);
+}
+
+TEST_F(Convert, ATableHasABearingForEachPlottedReading) {
+  ReadingsRecord record = StoredBeam();
+  record.Rotate = 350.F;
+  record.TrimFront = 180;
+  files_.Content["a.lbg"] = StoredText(record);
+  ASSERT_EQ(Run("a.lbg", "m.csv", true), 0);
+  EXPECT_THAT(files_.Content["m.csv"], StartsWith("index,angle,level,dB\r\n180,350.000,"));
+  EXPECT_THAT(files_.Content["m.csv"], HasSubstr("\r\n185,0.000,"));
+  ASSERT_EQ(Run("m.csv", "b.lbg", true), 0) << complaints_.str();
+  EXPECT_EQ(Loaded("b.lbg").NumReadings, 179);
+}
+
+TEST_F(Convert, HalfATurnIsCompletedWithTheWeakestLevelAndSaysSo) {
+  ReadingsRecord record = StoredBeam();
+  record.Plot180 = true;
+  files_.Content["a.lbg"] = StoredText(record);
+  ASSERT_EQ(Run("a.lbg", "m.ant"), 0);
+  EXPECT_THAT(complaints_.str(), HasSubstr("m.ant: the half turn that was not measured"));
+  std::istringstream lines(files_.Content["m.ant"]);
+  std::vector<double> levels;
+  for (double level = 0; lines >> level;) levels.push_back(level);
+  ASSERT_EQ(levels.size(), 360U);
+  EXPECT_NEAR(levels[290], 0, 0.001) << "reading 40 of half a degree each, from 270 on";
+  EXPECT_NEAR(levels[180], 20 * std::log10(5.0 / 900.0), 0.001);
+}
+
+TEST_F(Convert, WhatAFormatCannotHoldIsSaid) {
+  files_.Content["a.lbg"] = StoredText(StoredBeam(100));
+  Run("a.lbg", "m.msi");
+  EXPECT_THAT(complaints_.str(), HasSubstr("m.msi: not in this format: "));
+  EXPECT_THAT(complaints_.str(), HasSubstr("100 readings become 360 levels"));
+  EXPECT_THAT(complaints_.str(), HasSubstr("vertical cut is unknown"));
+  Run("a.lbg", "m.csv");
+  EXPECT_THAT(complaints_.str(), HasSubstr("trims and rotation"));
+  Run("a.lbg", "m.lbg");
+  EXPECT_EQ(complaints_.str(), "");
+}
+
+TEST_F(Convert, ASetWithALevelOfZeroIsConverted) {
+  ReadingsRecord record = StoredBeam();
+  record.Readings(200) = 0.F;
+  files_.Content["a.lbg"] = StoredText(record);
+  ASSERT_EQ(Run("a.lbg", "m.ant"), 0) << complaints_.str();
+  EXPECT_THAT(files_.Content["m.ant"], HasSubstr("\r\n-100.000\r\n"));
+}
+
+TEST_F(Convert, WhatCannotBeReadOrWrittenIsNamed) {
+  files_.Content["a.lbg"] = StoredText(StoredBeam());
+  files_.Content["bad.msi"] = "nothing";
+  EXPECT_EQ(Run("none.lbg", "b.csv"), 1);
+  EXPECT_THAT(complaints_.str(), HasSubstr("none.lbg: Error 53 (File not found)"));
+  EXPECT_EQ(Run("bad.msi", "b.lbg"), 1);
+  EXPECT_THAT(complaints_.str(), HasSubstr("bad.msi: Error 13"));
+  EXPECT_EQ(Run("a.lbg", "b.xyz"), 2);
+  EXPECT_EQ(Run("a.lbg", "b.nec"), 2);
+  EXPECT_THAT(complaints_.str(), HasSubstr("b.nec: the new name ends in"));
+}
+
+TEST(ReadPattern, FormatsAreKnownByTheirEndingsInAnyCase) {
+  EXPECT_EQ(FormatOf("a.CSV"), PatternFormat::Csv);
+  EXPECT_EQ(FormatOf("a.msi"), PatternFormat::Planet);
+  EXPECT_EQ(FormatOf("a.AZ"), PatternFormat::Splat);
+  EXPECT_EQ(FormatOf("a.ant"), PatternFormat::RadioMobile);
+  EXPECT_EQ(FormatOf("a.adf"), PatternFormat::Nsma);
+  EXPECT_EQ(FormatOf("a.nec"), PatternFormat::Model);
+  EXPECT_EQ(FormatOf("a.out"), PatternFormat::Model);
+  EXPECT_EQ(FormatOf("a.lbg"), PatternFormat::Lbg);
+  EXPECT_EQ(FormatOf("a.txt", "-- RADIATION PATTERNS --"), PatternFormat::Model);
+  EXPECT_EQ(FormatOf("a.txt", "359\r\n"), PatternFormat::Lbg);
+  EXPECT_EQ(FormatOf("noending"), PatternFormat::Lbg);
+}
+
+}  // namespace
+}  // namespace lobegraph
