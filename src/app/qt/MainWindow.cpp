@@ -105,7 +105,9 @@ void MainWindow::Run(const std::function<void()>& handler) {
   ++depth_;
   handler();
   --depth_;
-  if (leavePending_ && depth_ == 0 && !form_.Shared().Run.Running()) Leave();
+  if (depth_ > 0 || form_.Shared().Run.Running()) return;
+  if (leavePending_) return Leave();
+  if (ratioPending_) DrawForRatio(devicePixelRatioF());
 }
 
 void MainWindow::Leave() {
@@ -192,7 +194,9 @@ void MainWindow::PlaceSurface() {
 }
 
 void MainWindow::DrawForRatio(qreal ratio) {
-  if (form_.Shared().Run.Running()) return;  // the picture grows with the screen until the run has ended
+  // Until a run has ended its picture is stretched to the new screen.
+  ratioPending_ = form_.Shared().Run.Running();
+  if (ratioPending_) return;
   surface_.Resize(QSize(kPlotWidth, kSurfaceHeight), ratio);
   form_.Plot().RedrawAll();
 }
@@ -200,9 +204,11 @@ void MainWindow::DrawForRatio(qreal ratio) {
 bool MainWindow::event(QEvent* event) {
   // A box of the program's own is part of its window: closing it is no return to the window, or a message
   // that the redraw itself shows would come back for ever.
-  if (event->type() == QEvent::WindowDeactivate && dialogs_.IsOpen()) ownBoxClosed_ = true;
-  if (event->type() == QEvent::WindowActivate && !std::exchange(ownBoxClosed_, false) && !dialogs_.IsOpen())
-    QTimer::singleShot(0, this, [this] { Run([this] { form_.Shell().Form_Activate(); }); });
+  if (event->type() == QEvent::WindowActivate) {
+    const bool fromOwnBox = std::exchange(boxesBefore_, dialogs_.Opened()) != dialogs_.Opened();
+    if (!fromOwnBox && !dialogs_.IsOpen())
+      QTimer::singleShot(0, this, [this] { Run([this] { form_.Shell().Form_Activate(); }); });
+  }
   return QWidget::event(event);
 }
 

@@ -76,10 +76,11 @@ class MainWindow : public QWidget, private ProgramEnd {
   NoMeters meters_;
   Form1 form_;
   bool leavePending_ = false;
+  bool ratioPending_ = false;
   bool left_ = false;
   bool leavingNow_ = false;  ///< the process was asked to end: no window stays
   bool loaded_ = false;
-  bool ownBoxClosed_ = false;
+  int boxesBefore_ = 0;  ///< opened before the window last became active
   int depth_ = 0;
 };
 

@@ -26,6 +26,7 @@ int QtDialogs::Run(QDialog& dialog) {
   const QPointer<QDialog> before = current_;
   current_ = &dialog;
   ++open_;
+  ++opened_;
   const int result = dialog.exec();
   --open_;
   current_ = before;

@@ -14,6 +14,8 @@ class QtDialogs final : public UserDialogs {
  public:
   void SetOwner(QWidget* owner) { owner_ = owner; }
   bool IsOpen() const { return open_ > 0; }
+  /// Boxes opened so far.
+  int Opened() const { return opened_; }
   /// Closes what is open, as its cancel button would: the program ends.
   void CloseAll();
   /// Runs a dialog to its end. @return QDialog::Accepted, QDialog::Rejected or what the dialog gives
@@ -31,6 +33,7 @@ class QtDialogs final : public UserDialogs {
 
   QWidget* owner_ = nullptr;
   int open_ = 0;
+  int opened_ = 0;
   bool closing_ = false;
   QPointer<QDialog> current_;
 };
