@@ -112,6 +112,7 @@ void WidgetView::SetText(Control control, const std::string& text) {
       return SetDropDownText(As<QComboBox>(widget), shown);
     case ControlKind::Button:
     case ControlKind::CheckBox:
+      if (RowOf(control).AccessibleName.empty()) widget.setAccessibleName(QString(shown).remove('&'));
       return As<QAbstractButton>(widget).setText(shown);
     default:
       SetBoxText(As<QLineEdit>(widget), shown);

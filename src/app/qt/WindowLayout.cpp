@@ -65,7 +65,7 @@ std::map<Control, QRect> PanelPlaces() {
       {txtTrimEnd, Box(row(2, 3), 213, 36)},
       {lblDegreesRotated, Box(row(2, 4), 8, 86)},
       {txtRotate, Box(row(2, 4), 94, 34)},
-      {lblNumberOfReadings, Box(row(2, 4), 132, 84)},
+      {lblNumberOfReadings, Box(row(2, 4), 132, 81)},
       {txtReadingsPlotted, Box(row(2, 4), 215, 34)},
 
       {cmdRescaleData, Cell(row(3, 0), 0, 3)},
