@@ -141,6 +141,22 @@ TEST(ControlTableOnScreenTest, ElementsAreOfferedPadded) {
   EXPECT_EQ(items, QStringList({"  1", "  2", "  3", "  4", "  5", "  8", "  > 8!"}));
 }
 
+TEST(ControlTableOnScreenTest, WhatTheUserMovesOrChoosesRunsItsHandler) {
+  RealWindow window;
+  window.LoadBeam();
+  const std::string before = window.Text("txtGain");
+  window.Find<QSlider>("Slider2").setValue(90);
+  EXPECT_EQ(window.Caption("lblRotationTime"), "90");
+  auto& elements = window.Find<QComboBox>("cboElements");
+  elements.setFocus();
+  QTest::keyClick(&elements, Qt::Key_Up);
+  EXPECT_EQ(elements.currentText(), "  2");
+  EXPECT_NE(window.Text("txtGain"), before);
+  window.MarkDrawing();
+  window.Find<QSlider>("Slider1").setValue(50);
+  EXPECT_TRUE(window.DrawnSinceMark());
+}
+
 TEST(ControlTableOnScreenTest, EveryControlHasATrueAccessibleName) {
   RealWindow window;
   std::set<std::pair<std::string, int>> names;

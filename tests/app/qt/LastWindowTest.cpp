@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
-#include <QWidget>
 #include <QTimer>
+#include <QWidget>
 
 namespace lobegraph {
 namespace {
