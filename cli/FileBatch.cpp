@@ -18,12 +18,13 @@ class Ring {
  public:
   Ring(std::size_t count, std::size_t places) : count_(count), places_(places) {}
 
-  /// The next file to work on; none when all are taken or the run has failed. Waits for a free place.
-  std::optional<std::size_t> Take() {
+  std::size_t Count() const { return count_; }
+
+  /// The next file to work on; the count when all are taken or the run has failed. Waits for a free place.
+  std::size_t Take() {
     std::unique_lock lock(mutex_);
     delivered_.wait(lock, [&] { return next_ < first_ + places_.size() || failure_ || next_ == count_; });
-    if (failure_ || next_ == count_) return std::nullopt;
-    return next_++;
+    return failure_ || next_ == count_ ? count_ : next_++;
   }
 
   void Put(std::size_t index, FileResult result) {
@@ -44,7 +45,7 @@ class Ring {
     std::unique_lock lock(mutex_);
     auto& place = places_[first_ % places_.size()];
     finished_.wait(lock, [&] { return place || failure_; });
-    if (failure_) std::rethrow_exception(failure_);
+    if (failure_ || !place) std::rethrow_exception(failure_);
     FileResult result = std::move(*place);
     place.reset();
     ++first_;
@@ -65,7 +66,8 @@ class Ring {
 
 void Work(Ring& ring, const FileWork& work) {
   try {
-    while (const auto index = ring.Take()) ring.Put(*index, work(*index));
+    for (std::size_t index = ring.Take(); index < ring.Count(); index = ring.Take())
+      ring.Put(index, work(index));
   } catch (...) {
     ring.Fail(std::current_exception());
   }

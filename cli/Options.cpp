@@ -1,6 +1,8 @@
 #include "cli/Options.h"
 
 #include <CLI/CLI.hpp>
+#include <map>
+#include <set>
 #include <sstream>
 
 namespace lobegraph {
@@ -44,8 +46,8 @@ const std::map<std::string, PlotScale> kScales = {
 /// Takes names from a table, so that the help says "{log,db50,linear}".
 template <typename Value>
 CLI::Validator OneOf(const std::map<std::string, Value>& table) {
-  std::vector<std::string> names;
-  for (const auto& [name, value] : table) names.push_back(name);
+  std::set<std::string> names;
+  for (const auto& [name, value] : table) names.insert(name);
   return CLI::IsMember(names);
 }
 

@@ -51,7 +51,8 @@ void DrawPattern(Plotter& plotter, const Picture& picture, std::size_t index, co
 void DrawLegend(DrawingSurface& surface, const Picture& picture) {
   for (std::size_t index = 0; index < picture.Patterns.size(); ++index) {
     const auto column = static_cast<float>(index % kColumns);
-    const auto row = static_cast<float>(index / kColumns);
+    const std::size_t rowsAbove = index / kColumns;
+    const auto row = static_cast<float>(rowsAbove);
     const SurfacePoint at{kLegendLeft + column * kLegendColumn, kLegendTop + row * kLegendRow};
     const float middle = at.Y + kLegendPoints * kUnitsPerPoint / 2.F;
     surface.SetPenWidth(2);

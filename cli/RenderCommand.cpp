@@ -61,8 +61,9 @@ class Renderer {
            std::optional<float> scale = std::nullopt) {
     PatternSession session(options, scale);
     session.Run(parts_.Files, file);
-    if (session.Error()) parts_.Complaints << ComplaintAbout(file, *session.Error());
-    if (!session.Error())
+    if (const auto& error = session.Error())
+      parts_.Complaints << ComplaintAbout(file, *error);
+    else
       for (const std::string& message : session.Messages())
         parts_.Complaints << ComplaintAbout(file, message);
     if (session.Error() || session.Plot().Trace.empty()) return false;

@@ -14,8 +14,10 @@ FileResult ReportOn(const ReportRequest& request, FileAccess& files, const std::
   PatternSession session(request.Session);
   session.Run(files, file);
   FileResult result;
-  result.Failed = session.Error().has_value();
-  if (result.Failed) result.Complaint = ComplaintAbout(file, *session.Error());
+  if (const auto& error = session.Error()) {
+    result.Failed = true;
+    result.Complaint = ComplaintAbout(file, *error);
+  }
   if (request.Json) {
     result.Output = ReportLine(session, file, request.Extras);
     return result;

@@ -42,9 +42,7 @@ std::string ColourText(Colour colour) {
 }  // namespace
 
 SvgSurface::SvgSurface(int width, int height, Colour background)
-    : width_(width), height_(height), background_(background) {
-  Clear();
-}
+    : width_(width), height_(height), background_(background) {}
 
 void SvgSurface::BeginGroup(const std::string& name) {
   elements_ += "<g" + Attribute("class", XmlText(name)) + ">\n";

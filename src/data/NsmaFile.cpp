@@ -20,7 +20,7 @@ Record RecordOf(std::string_view line) {
   const std::size_t comma = std::min(line.find(','), line.size());
   std::string_view key = Trimmed(line.substr(0, comma));
   if (key.ends_with(':')) key.remove_suffix(1);
-  std::string_view value = comma < line.size() ? line.substr(comma + 1) : std::string_view();
+  const std::string_view value = comma < line.size() ? line.substr(comma + 1) : std::string_view();
   return {key, Trimmed(value.substr(0, value.find('!')))};
 }
 
