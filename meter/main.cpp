@@ -1,0 +1,45 @@
+#include <csignal>
+#include <fstream>
+#include <iostream>
+#include <sstream>
+
+#include "meter/Options.h"
+#include "settings/FileSettingsStore.h"
+
+namespace {
+
+using namespace lobegraph;
+
+// A signal handler reaches nothing but what is at namespace scope.
+volatile std::sig_atomic_t ended = 0;
+void OnSignal(int) { ended = 1; }
+
+Calibration ReadCalibration(const std::string& path) {
+  std::ostringstream text;
+  if (!path.empty()) text << std::ifstream(path).rdbuf();
+  return Calibration::FromText(text.str());
+}
+
+int Run(int argc, char** argv) {
+  const ParsedMeterCommandLine commandLine = ParseMeterCommandLine(argc, argv);
+  std::cout << commandLine.Output;
+  std::cerr << commandLine.Complaint;
+  if (!commandLine.Options) return commandLine.ExitCode;
+  for (const int number : {SIGINT, SIGTERM, SIGHUP}) std::signal(number, OnSignal);
+  FileSettingsStore store;
+  RadioMeter(*commandLine.Options, ReadCalibration(commandLine.Options->CalibrationFile), store, std::cout,
+             [] { return ended != 0; })
+      .Run();
+  return 0;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  try {
+    return Run(argc, argv);
+  } catch (const std::exception& error) {
+    std::cerr << "lobegraph-meter: " << error.what() << '\n';
+  }
+  return 1;
+}

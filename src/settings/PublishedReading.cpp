@@ -1,0 +1,20 @@
+#include "settings/PublishedReading.h"
+
+#include "settings/SettingsTable.h"
+
+namespace lobegraph {
+
+void PublishedReading::Publish(const std::string& reading) {
+  store_.Save(kGaugeBridgeApplication, kSettingsSection, kPublishedReading.Key, reading);
+  SetActive(true);
+}
+
+void PublishedReading::Retract() { SetActive(false); }
+
+void PublishedReading::SetActive(bool active) {
+  if (active == active_) return;
+  active_ = active;
+  store_.Save(kGaugeBridgeApplication, kSettingsSection, kPublishedActive.Key, active ? "Y" : "N");
+}
+
+}  // namespace lobegraph
