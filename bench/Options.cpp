@@ -20,6 +20,8 @@ constexpr const char* kExamples =
     "      one turn after 5 seconds of silence: tries automatic start and stop\n"
     "  lobegraph-bench --file mine.lbg --noise 0.5 --spikes 4\n"
     "      a saved pattern with noise of 0.5 dB and four spikes a turn\n"
+    "  lobegraph-bench --as tarven --com 5 --antenna beam --seconds 60\n"
+    "      a TARVEN meter that Lobegraph finds at COM 5\n"
     "  lobegraph-bench --list\n"
     "      the antennas and their true beamwidth\n"
     "Nobody needs to hear it: play into a null sink (pactl load-module module-null-sink\n"
@@ -71,6 +73,26 @@ void AddDisturbanceOptions(CLI::App& app, TurnSettings& turn) {
   app.add_option("--seed", turn.Seed, "The same seed gives the same noise and spikes")->capture_default_str();
 }
 
+void AddMeterOptions(CLI::App& app, BenchOptions& options) {
+  const std::map<std::string, BenchKind> kinds = {{"sound", BenchKind::Sound},
+                                                  {"tarven", BenchKind::Tarven},
+                                                  {"roska", BenchKind::Roska},
+                                                  {"program", BenchKind::Program}};
+  auto* as =
+      app.add_option("--as", options.Kind,
+                     "What to be: sound (default), tarven or roska (a serial meter on a pseudo-terminal, "
+                     "whose path is printed), program (an external meter program)")
+          ->transform(CLI::CheckedTransformer(kinds, CLI::ignore_case));
+  app.add_option("--com", options.Com, "COM number that Lobegraph shall know the serial meter by")
+      ->check(CLI::Range(1, 32))
+      ->needs(as);
+  app.add_option(
+         "--pulses-to", options.PulsesTo,
+         "Turn in 360 steps with a trigger pulse each, on the RTS line of this serial port (wire it to "
+         "CTS); what is no serial port gets lines H and L")
+      ->needs(as);
+}
+
 ParsedCommandLine Ended(const CLI::App& app, const CLI::ParseError& reason) {
   std::ostringstream output, complaint;
   ParsedCommandLine parsed;
@@ -90,6 +112,7 @@ ParsedCommandLine ParseCommandLine(int argc, const char* const* argv) {
   AddAntennaOptions(app, options);
   AddTurnOptions(app, options.Turn);
   AddDisturbanceOptions(app, options.Turn);
+  AddMeterOptions(app, options);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& reason) {

@@ -3,6 +3,7 @@
 #include <optional>
 #include <string>
 
+#include "bench/Meter.h"
 #include "bench/Turn.h"
 
 namespace lobegraph {
@@ -13,6 +14,9 @@ struct BenchOptions {
   std::string Antenna = "beam";
   std::string File;  ///< a pattern file instead of the antenna; empty for none
   std::string Sink;  ///< empty: the server's default sink
+  BenchKind Kind = BenchKind::Sound;
+  std::optional<int> Com;  ///< COM number that a serial meter's terminal gets in the settings store
+  std::string PulsesTo;    ///< where trigger pulses go; empty for none
   bool List = false;
   bool Plain = false;
 };

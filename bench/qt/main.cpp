@@ -5,6 +5,7 @@
 #include <string>
 
 #include "bench/FilePattern.h"
+#include "bench/MeterPlayer.h"
 #include "bench/Options.h"
 #include "bench/Tone.h"
 #include "bench/qt/PulsePlayer.h"
@@ -38,6 +39,13 @@ class Progress {
   double shownSecond_ = -1;
 };
 
+void PlayMeter(const BenchOptions& options) {
+  Turn turn(options.Turn, ChosenPattern(options));
+  Progress progress;
+  MeterPlayer(options, turn, std::cout, [&](double seconds) { progress.Show(turn, seconds); }).Run();
+  progress.Finish();
+}
+
 void Play(const BenchOptions& options) {
   Turn turn(options.Turn, ChosenPattern(options));
   Tone tone([&turn](double seconds) { return turn.Level(seconds); });
@@ -61,6 +69,8 @@ int Run(int argc, char** argv) {
   if (!commandLine.Options) return commandLine.ExitCode;
   if (commandLine.Options->List)
     std::cout << ListText(commandLine.Options->Plain);
+  else if (commandLine.Options->Kind != BenchKind::Sound)
+    PlayMeter(*commandLine.Options);
   else
     Play(*commandLine.Options);
   return 0;
