@@ -93,6 +93,7 @@ void CollectionRun::TakeReadings() {
   report_.Ran = true;
   for (int index = 0; index < kReadingsPerTurn; ++index) parts_.Record.Readings(index) = 0.0F;
   nextDeadlineMs_ = parts_.Time.timeGetTime();
+  silence_.Begin(parts_.Meter.ValuesReceived, nextDeadlineMs_);
   for (counter_ = 0.0F; counter_ <= kLastCounter; counter_ += 1.0F) {
     parts_.Pump.ProcessPendingEvents();
     if (Halted() || !TakeReading()) return;
@@ -111,6 +112,7 @@ bool CollectionRun::TakeReading() {
   const float level = StoredLevel(mean.Mean(), parts_.Settings.PeakInputLevel);
   const int index = ToInt16(counter_);
   StoreReading(index, level);
+  if (!parts_.FromSoundCard()) NoteFreshness(index);
   PlotReading(index, level);
   if (parts_.Panel.chkAutoStop()) WatchForEnd(level);
   return true;
@@ -146,6 +148,10 @@ void CollectionRun::NoteLateness() {
   LateReadings& late = report_.Late;
   late.Last = ToInt16(counter_);
   if (late.Count++ == 0) late.First = late.Last;
+}
+
+void CollectionRun::NoteFreshness(int index) {
+  silence_.Reading(index, parts_.Meter.ValuesReceived, parts_.Time.timeGetTime());
 }
 
 void CollectionRun::StoreReading(int index, float level) {

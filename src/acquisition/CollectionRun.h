@@ -6,6 +6,7 @@
 
 #include "acquisition/CollectionParts.h"
 #include "acquisition/LiveReading.h"
+#include "acquisition/MeterSilence.h"
 #include "acquisition/RunReport.h"
 
 namespace lobegraph {
@@ -31,6 +32,7 @@ class CollectionRun {
   bool SampleAtTrigger(SampleMean& mean);
   void SampleUntilDeadline(SampleMean& mean);
   void NoteLateness();
+  void NoteFreshness(int index);
   void StoreReading(int index, float level);
   void PlotReading(int index, float level);
   void WatchForEnd(float level);
@@ -40,6 +42,7 @@ class CollectionRun {
   void Abandon();
   int LastIndex(bool faulty);
   void FinishPattern(bool faulty);
+  void CountSilence();
   void ShowCounts();
   void Unlock();
 
@@ -57,6 +60,7 @@ class CollectionRun {
   bool pacedByTrigger_ = false;  ///< the reading before this one waited for the trigger
   bool sourceStarted_ = false;
   bool heard_ = false;
+  MeterSilence silence_;
   std::int16_t lowRun_ = 0;
   float bestDownDb_ = std::numeric_limits<float>::max();
   std::int16_t bestIndex_ = 0;

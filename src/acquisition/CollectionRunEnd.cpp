@@ -34,6 +34,7 @@ void CollectionRun::Close(bool faulty) {
   } else {
     Abandon();
   }
+  if (report_.Silent.Count > 0) parts_.Messages.Show({SilenceText(report_.Silent)});
   if (!report_.SourceFailure.empty()) parts_.Messages.Show({report_.SourceFailure, kSoundErrorTitle, true});
   parts_.Waiting.ShowWaiting();
 }
@@ -55,6 +56,7 @@ int CollectionRun::LastIndex(bool faulty) {
 
 void CollectionRun::FinishPattern(bool faulty) {
   ReadingsRecord& record = parts_.Record;
+  CountSilence();
   record.NumReadings = ToInt16(LastIndex(faulty));
   record.TrimEnd = lowRun_;
   report_.ReadingsTaken = record.NumReadings + 1;
@@ -67,6 +69,12 @@ void CollectionRun::FinishPattern(bool faulty) {
   }
   ShowCounts();
   record.SaveReadings();
+}
+
+void CollectionRun::CountSilence() {
+  if (parts_.FromSoundCard()) return;
+  const bool gone = !parts_.Settings.Input.GaugeBridge && !parts_.MSComm1.PortOpen();
+  report_.Silent = silence_.End(parts_.Time.timeGetTime(), gone);
 }
 
 void CollectionRun::ShowCounts() {

@@ -2,6 +2,7 @@
 
 #include "acquisition/Clock.h"
 #include "acquisition/CollectionPanel.h"
+#include "acquisition/MeterState.h"
 #include "acquisition/RunFlags.h"
 #include "acquisition/SoundLevel.h"
 #include "settings/SettingsValues.h"
@@ -14,12 +15,6 @@ class LevelReader {
   virtual ~LevelReader() = default;
   /// Linear level: 1 to the peak input level (sound card), 1 to 1000 (meters).
   virtual float ReadInputLevel() = 0;
-};
-
-/// What the meters last said; written while the window is served.
-struct MeterState {
-  float MeterLevel = 0.0F;  ///< linear, 1000 at 60 dB
-  float MeterDb = 0.0F;     ///< 0 to 60
 };
 
 /// A meter whose value is fetched at each sample: the external meter program.

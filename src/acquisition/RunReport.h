@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "acquisition/MeterSilence.h"
+
 namespace lobegraph {
 
 /// Readings that ended more than one interval after their deadline: the program was not let run in time.
@@ -17,6 +19,7 @@ struct RunReport {
   int ReadingsTaken = 0;      ///< last index + 1
   bool NothingHeard = false;  ///< readings were taken from the sound card, and every one was silence
   LateReadings Late;
+  SilentReadings Silent;      ///< from a meter
   std::string SourceFailure;  ///< why the sound card failed; empty when it did not
 };
 

@@ -3,7 +3,10 @@
 namespace lobegraph {
 
 Form1::Form1(const Platform& platform, const PlotGeometry& geometry)
-    : parts_{globals_,       platform.View, platform.Dialogs, platform.System,
+    : shared_(platform.Shared),
+      globals_(*shared_),
+      triggerLine_(platform.Trigger),
+      parts_{globals_,       platform.View, platform.Dialogs, platform.System,
              platform.Files, platform.End,  platform.Desktop},
       board_(parts_, platform.Surface, geometry),
       plot_(parts_, board_),
@@ -14,13 +17,14 @@ Form1::Form1(const Platform& platform, const PlotGeometry& geometry)
       sound_(frmDX_Record_, globals_.Sound, platform.Time, platform.Pump),
       watch_(platform.Pump, sound_, globals_.Run),
       waiting_(globals_.Run, platform.Dialogs),
-      trigger_(globals_.Run, watch_, platform.Time),
+      trigger_(*triggerLine_, globals_.Run, watch_),
       panel_(parts_, board_, plot_, copy_, sound_),
       input_({globals_.Settings, globals_.Run, globals_.Sound, globals_.Thresholds, globals_.Meter,
               platform.ExternalMeter, watch_, platform.Time, panel_}),
       run_(parts_, RunParts(platform), copy_),
       shell_(parts_, plot_, platform.Store, platform.Devices, frmDX_Record_, sound_),
-      settings_(parts_, plot_, platform.Store) {
+      settings_(parts_, plot_, platform.Store),
+      chooseInput_(parts_, platform.Devices, sound_, platform.ShowChooser) {
   globals_.VersionText = platform.VersionText;
   globals_.WorkingFolder = platform.WorkingFolder;
   ConnectHandlers();
@@ -52,6 +56,7 @@ void Form1::Click(Control control) {
 void Form1::ConnectHandlers() {
   using enum Control;
   handlers_ = {
+      {cmdChooseInput, [this] { chooseInput_.cmdChooseInput_Click(); }},
       {cmdCollectData, [this] { run_.cmdCollectData_Click(); }},
       {cmdHaltInput, [this] { run_.cmdHaltInput_Click(); }},
       {cmdTrigger, [this] { run_.cmdTrigger_Click(); }},

@@ -2,11 +2,13 @@
 
 #include <functional>
 #include <map>
+#include <memory>
 #include <string>
 
 #include "acquisition/LevelReader.h"
-#include "acquisition/ManualTrigger.h"
+#include "acquisition/RotatorTrigger.h"
 #include "app/FileCommands.h"
+#include "app/InputCommands.h"
 #include "app/PlotBoard.h"
 #include "app/PlotCommands.h"
 #include "app/RunCommands.h"
@@ -38,6 +40,11 @@ struct Platform {
   std::string WorkingFolder;        ///< the current directory with its separator
   std::string StateFolder;          ///< where safety copies go
   DesktopAwake* Desktop = nullptr;  ///< none: there is no desktop to ask
+  /// Shared with the meters, which are made before the window.
+  std::shared_ptr<Globals> Shared = std::make_shared<Globals>();
+  std::shared_ptr<TriggerLine> Trigger = std::make_shared<TriggerLine>();
+  /// Shows the input chooser until it is closed.
+  std::function<void()> ShowChooser = [] {};
 };
 
 /// The main window without its looks: owns what the program shares, and every handler.
@@ -58,12 +65,15 @@ class Form1 {
   ShellCommands& Shell() { return shell_; }
   SettingsCommands& Settings() { return settings_; }
   Globals& Shared() { return globals_; }
+  const AppParts& Parts() const { return parts_; }
 
  private:
   CollectionParts RunParts(const Platform& platform);
   void ConnectHandlers();
 
-  Globals globals_;
+  const std::shared_ptr<Globals> shared_;
+  Globals& globals_;
+  const std::shared_ptr<TriggerLine> triggerLine_;
   AppParts parts_;
   PlotBoard board_;
   PlotCommands plot_;
@@ -74,12 +84,13 @@ class Form1 {
   SoundCardCapture sound_;
   SourceWatch watch_;
   DeviceMessages waiting_;
-  ManualTrigger trigger_;
+  RotatorTrigger trigger_;
   RunPanel panel_;
   ChosenInput input_;
   RunCommands run_;
   ShellCommands shell_;
   SettingsCommands settings_;
+  InputCommands chooseInput_;
   std::map<Control, std::function<void()>> handlers_;
 };
 

@@ -1,6 +1,7 @@
 #include "app/ShellCommands.h"
 
 #include "app/RunCommands.h"
+#include "app/SourceText.h"
 #include "settings/SettingsReader.h"
 #include "settings/SettingsWriter.h"
 
@@ -10,14 +11,6 @@ namespace {
 std::string Trimmed(const std::string& text) {
   const auto first = text.find_first_not_of(' ');
   return first == std::string::npos ? "" : text.substr(first, text.find_last_not_of(' ') - first + 1);
-}
-
-std::string SourceText(const InputChoice& choice, const std::string& soundSource) {
-  if (!choice.InputDeviceIsdBMeter)
-    return soundSource.empty() ? (choice.InputDeviceIsLineIn ? "Sound: line-in" : "Sound: microphone")
-                               : soundSource;
-  if (choice.GaugeBridge) return "External meter program";
-  return (choice.ROSKAmeter ? "ROSKA, COM" : "TARVEN, COM") + std::to_string(choice.Commport);
 }
 
 }  // namespace

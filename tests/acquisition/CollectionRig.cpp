@@ -165,12 +165,22 @@ void CollectionRig::HaltAfter(int index) {
 void CollectionRig::UseSerialMeter() {
   Choice.InputDeviceIsdBMeter = true;
   Port.Open = true;
+  HearMeter();
 }
 
 void CollectionRig::UseExternalMeter(const std::string& active) {
   Choice.InputDeviceIsdBMeter = true;
   Choice.GaugeBridge = true;
   Store.Put("Active", active, "GaugeBridge");
+  HearMeter();
+}
+
+/// A fresh value with every sample.
+void CollectionRig::HearMeter() {
+  Level.OnSample = [this](int) {
+    ++Meter.ValuesReceived;
+    return Level.Level;
+  };
 }
 
 int CollectionRig::CountOf(const std::string& call) const {

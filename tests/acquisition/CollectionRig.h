@@ -192,6 +192,8 @@ struct CollectionRig {
   void UseSerialMeter();
   void UseExternalMeter(const std::string& active);
 
+  void HearMeter();
+
   bool Called(const std::string& call) const { return CountOf(call) > 0; }
   int CountOf(const std::string& call) const;
   /// Place of the first such call in the log, -1 when it was never made.

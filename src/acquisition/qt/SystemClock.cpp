@@ -6,6 +6,7 @@
 namespace lobegraph {
 namespace {
 
+constexpr std::int64_t kNsPerUs = 1'000;
 constexpr std::int64_t kNsPerMs = 1'000'000;
 constexpr std::int64_t kNsPerSecond = 1'000'000'000;
 
@@ -28,6 +29,8 @@ std::int32_t SystemClock::timeGetTime() {
 void SystemClock::Sleep(int milliseconds) { SleepUntil(ElapsedNs() + milliseconds * kNsPerMs); }
 
 void SystemClock::SleepToNextTick() { SleepUntil((ElapsedNs() / kNsPerMs + 1) * kNsPerMs); }
+
+void SystemClock::SleepMicroseconds(int microseconds) { SleepUntil(ElapsedNs() + microseconds * kNsPerUs); }
 
 /// To an absolute time, so that a signal in between does not make the sleep longer.
 void SystemClock::SleepUntil(std::int64_t elapsedNs) const {

@@ -11,6 +11,7 @@ class SystemClock final : public Clock {
   std::int32_t timeGetTime() override;
   void Sleep(int milliseconds) override;
   void SleepToNextTick() override;
+  void SleepMicroseconds(int microseconds);
 
  private:
   std::int64_t ElapsedNs() const;

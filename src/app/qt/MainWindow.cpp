@@ -13,6 +13,7 @@
 #include <QTimer>
 #include <cstdlib>
 
+#include "app/qt/ChooserDialog.h"
 #include "app/qt/DroppedPattern.h"
 #include "app/qt/LastWindow.h"
 #include "app/qt/SettingsOpener.h"
@@ -27,6 +28,7 @@ MainWindow::MainWindow(const std::string& versionText)
       plot_(surface_, &surfaceFrame_),
       panel_(&surfaceFrame_),
       view_(*this, plot_, panel_, surface_),
+      meters_(*shared_, store_, clock_, dialogs_),
       form_(MakePlatform(versionText), MakePlotGeometry(kSurfaceWidth, kSurfaceHeight, kPanelWidth)) {
   setObjectName("Form1");
   dialogs_.SetOwner(this);
@@ -50,14 +52,17 @@ Platform MainWindow::MakePlatform(const std::string& versionText) {
           .Time = clock_,
           .Pump = pump_,
           .SoundDevice = sound_,
-          .Devices = meters_,
-          .MSComm1 = meters_,
-          .frmdBMeter = meters_,
-          .ExternalMeter = meters_,
+          .Devices = meters_.Devices(),
+          .MSComm1 = meters_.MSComm1(),
+          .frmdBMeter = meters_.frmdBMeter(),
+          .ExternalMeter = meters_.External(),
           .VersionText = versionText,
           .WorkingFolder = (QDir::currentPath() + '/').toStdString(),
           .StateFolder = StateFolder(),
-          .Desktop = &awake_};
+          .Desktop = &awake_,
+          .Shared = shared_,
+          .Trigger = meters_.Line(),
+          .ShowChooser = [this] { ShowChooser(); }};
 }
 
 void MainWindow::MakePanel() {
@@ -127,7 +132,7 @@ void MainWindow::LeaveWithModuleOpen() {
   if (leavingNow_) return EndProgram();
   left_ = true;
   hide();
-  meters_.ShowMeterWindow();
+  meters_.Devices().ShowMeterWindow();
   EndWithLastWindow();
 }
 
@@ -172,10 +177,16 @@ void MainWindow::dropEvent(QDropEvent* event) {
   QTimer::singleShot(0, this, [this, file = *path] { Run([&] { form_.File().LoadDropped(file); }); });
 }
 
+void MainWindow::ShowChooser() {
+  ChooserDialog dialog(form_.Parts(), store_, meters_.Ports(), this);
+  dialogs_.Run(dialog);
+}
+
 void MainWindow::EndAtOnce() { std::_Exit(EXIT_FAILURE); }
 
 void MainWindow::EndProgram() {
   left_ = true;
+  meters_.frmdBMeter().hide();
   hide();
   QCoreApplication::exit(EXIT_SUCCESS);
 }

@@ -7,7 +7,7 @@
 #include "acquisition/qt/SystemClock.h"
 #include "app/Form1.h"
 #include "app/qt/DBusAwake.h"
-#include "app/qt/NoMeters.h"
+#include "app/qt/Meters.h"
 #include "app/qt/PlotWidget.h"
 #include "app/qt/QtDialogs.h"
 #include "app/qt/QtSystemText.h"
@@ -52,6 +52,7 @@ class MainWindow : public QWidget, private ProgramEnd {
     Run([this, control] { form_.Click(control); });
   }
   void LeaveWithModuleOpen();
+  void ShowChooser();
   void PlaceSurface();
   void DrawForRatio(qreal ratio);
   void OpenSettings(SettingsWay way);
@@ -73,7 +74,8 @@ class MainWindow : public QWidget, private ProgramEnd {
   DBusAwake awake_;
   QtEventPump pump_;
   PulseCapture sound_;
-  NoMeters meters_;
+  std::shared_ptr<Globals> shared_ = std::make_shared<Globals>();
+  Meters meters_;
   Form1 form_;
   bool leavePending_ = false;
   bool ratioPending_ = false;

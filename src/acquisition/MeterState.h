@@ -1,0 +1,18 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+namespace lobegraph {
+
+/// What the meters last said; written while the window is served.
+struct MeterState {
+  float MeterLevel = 0.0F;              ///< linear, 1000 at 60 dB
+  float MeterDb = 0.0F;                 ///< 0 to 60
+  std::array<float, 3> MeterHistory{};  ///< raw values (tenths of a dB), newest first
+  float MeterAverage = 0.0F;            ///< mean of MeterHistory
+  std::int32_t MeterReadingCount = 0;   ///< complete ROSKA readings received
+  std::uint64_t ValuesReceived = 0;     ///< values of any meter: one that stands still has fallen silent
+};
+
+}  // namespace lobegraph

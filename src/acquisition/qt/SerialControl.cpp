@@ -1,0 +1,83 @@
+#include "acquisition/qt/SerialControl.h"
+
+#include <grp.h>
+#include <linux/serial.h>
+#include <sys/ioctl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+
+#include "data/Numbers.h"
+#include "data/Rounding.h"
+
+namespace lobegraph {
+namespace {
+
+constexpr int kStoredBaud = 57600;  // of a port for which no speed was set
+
+/// The group that may open a device which this user may not; empty when rights are not what is missing.
+std::string GroupToJoin(const std::string& path) {
+  struct stat status {};
+  if (access(path.c_str(), R_OK | W_OK) == 0 || errno != EACCES || stat(path.c_str(), &status) != 0)
+    return "";
+  const group* owner = getgrgid(status.st_gid);
+  return owner == nullptr ? std::to_string(status.st_gid) : owner->gr_name;
+}
+
+}  // namespace
+
+SerialControl::SerialControl(const ComPorts& ports) : ports_(ports), baud_(kStoredBaud) {
+  QObject::connect(&port_, &QSerialPort::readyRead, &port_, [this] {
+    if (OnComm) OnComm(kReceived);
+  });
+  QObject::connect(&port_, &QSerialPort::errorOccurred, &port_,
+                   [this](QSerialPort::SerialPortError error) { ErrorOccurred(error); });
+}
+
+void SerialControl::SetBaud(std::string_view baud) { baud_ = ToInt32(LeadingNumber(baud)); }
+
+SCom::Outcome SerialControl::Open() {
+  const std::optional<std::string> path = ports_.PathOf(number_);
+  if (!path) return {};
+  port_.setPortName(QString::fromStdString(*path));
+  port_.setBaudRate(baud_);
+  port_.setDataBits(QSerialPort::Data8);
+  port_.setParity(QSerialPort::NoParity);
+  port_.setStopBits(QSerialPort::OneStop);
+  port_.setFlowControl(QSerialPort::NoFlowControl);
+  if (!port_.open(QIODevice::ReadWrite)) return {.Opened = false, .GroupToJoin = GroupToJoin(*path)};
+  port_.setDataTerminalReady(dtr_);
+  port_.setRequestToSend(rts_);
+  return {.Opened = true, .GroupToJoin = ""};
+}
+
+void SerialControl::Close() { port_.close(); }
+
+void SerialControl::Send(std::string_view text) {
+  if (PortOpen()) port_.write(text.data(), static_cast<qint64>(text.size()));
+}
+
+std::string SerialControl::Input() {
+  return (inputLength_ == 0 ? port_.readAll() : port_.read(inputLength_)).toStdString();
+}
+
+bool SerialControl::CtsHolding() {
+  int lines = 0;
+  return PortOpen() && ioctl(port_.handle(), TIOCMGET, &lines) == 0 && (lines & TIOCM_CTS) != 0;
+}
+
+std::optional<std::uint32_t> SerialControl::CtsChanges() {
+  serial_icounter_struct counts{};
+  if (!PortOpen() || ioctl(port_.handle(), TIOCGICOUNT, &counts) != 0) return std::nullopt;
+  return static_cast<std::uint32_t>(counts.cts);
+}
+
+void SerialControl::ErrorOccurred(QSerialPort::SerialPortError error) {
+  const bool gone = error == QSerialPort::ReadError || error == QSerialPort::ResourceError;
+  if (!gone || !port_.isOpen()) return;
+  port_.close();
+  if (OnGone) OnGone();
+}
+
+}  // namespace lobegraph

@@ -1,0 +1,149 @@
+#pragma once
+
+#include <functional>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "acquisition/InputDevices.h"
+#include "acquisition/SoundCapture.h"
+#include "app/AppParts.h"
+#include "app/frmChooseInput.h"
+
+namespace lobegraph::test {
+
+/// The chooser's controls in memory.
+class FakeChooserView final : public ChooserView {
+ public:
+  int Input = -1, Trigger = -1, Closed = 0;
+  bool MeterComShown = true, ComTriggerEnabled = true;
+  std::vector<std::string> CommPorts, ComTriggers;
+  std::string CommPort, ComTrigger, MeterTitle, TriggerTitle;
+  std::function<void()> OnFill = [] {};
+
+  void TickInput(int index) override { Input = index; }
+  void TickTrigger(int index) override { Trigger = index; }
+  bool TriggerTicked(int index) const override { return Trigger == index; }
+  void ShowMeterCom(bool shown) override { MeterComShown = shown; }
+  void FillCommPort(const std::vector<std::string>& entries) override {
+    CommPorts = entries;
+    OnFill();
+  }
+  void FillComTrigger(const std::vector<std::string>& entries) override { ComTriggers = entries; }
+  void SelectCommPort(const std::string& text) override { CommPort = Among(CommPorts, text); }
+  void SelectComTrigger(const std::string& text) override { ComTrigger = Among(ComTriggers, text); }
+  void EnableComTrigger(bool enabled) override { ComTriggerEnabled = enabled; }
+  std::string CommPortText() const override { return CommPort; }
+  std::string ComTriggerText() const override { return ComTrigger; }
+  void ShowPortTitles(const std::string& meterPort, const std::string& triggerPort) override {
+    MeterTitle = meterPort;
+    TriggerTitle = triggerPort;
+  }
+  void Close() override { ++Closed; }
+
+ private:
+  static std::string Among(const std::vector<std::string>& entries, const std::string& text) {
+    for (const std::string& entry : entries)
+      if (entry == text) return text;
+    return "";
+  }
+};
+
+/// A main window of which only what the chooser touches is kept.
+class FewControls final : public ControlView {
+ public:
+  std::map<Control, bool> Enabled, Ticked;
+  std::map<Control, std::string> Texts;
+
+  std::vector<std::string> Disabled() const {
+    std::vector<std::string> names;
+    for (const auto& [control, enabled] : Enabled)
+      if (!enabled) names.emplace_back(RowOf(control).Name);
+    return names;
+  }
+
+  std::string Text(Control control) const override { return Texts.at(control); }
+  void SetText(Control control, const std::string& text) override { Texts[control] = text; }
+  bool Checked(Control control) const override { return Ticked.at(control); }
+  void SetChecked(Control control, bool checked) override { Ticked[control] = checked; }
+  void SetEnabled(Control control, bool enabled) override { Enabled[control] = enabled; }
+  void SetToolTip(Control, const std::string&) override {}
+  int Value(Control) const override { return 0; }
+  void SetValue(Control, int) override {}
+  void SetMaximum(Control, int) override {}
+  void SetVisible(Control, bool) override {}
+  void SetFocus(Control) override {}
+  void SetBackground(Control, Colour) override {}
+  void SetBold(Control, bool) override {}
+  void SetCaption(const std::string&) override {}
+  void SetWindowBackground(Colour) override {}
+  WindowState State() const override { return WindowState::Normal; }
+  void SetWidth(int) override {}
+  void EnableTimer1(bool) override {}
+  void ShowDrawing() override {}
+};
+
+class FewDialogs final : public UserDialogs {
+ public:
+  std::vector<std::string> Texts;
+  void Show(const UserMessage& message) override { Texts.push_back(message.Text); }
+  bool AskYesNo(const std::string&) override { return false; }
+  std::optional<std::string> InputBox(const std::string&, const std::string&) override { return {}; }
+  std::optional<std::string> OpenFile(const std::string&) override { return {}; }
+  std::optional<std::string> SaveFile(const std::string&) override { return {}; }
+};
+
+class NoSystemText final : public SystemText {
+ public:
+  std::string OneDecimal(float) const override { return ""; }
+  std::string TimeAndDate() const override { return ""; }
+  std::string UpperCase(const std::string& text) const override { return text; }
+};
+
+class NoEnd final : public ProgramEnd {
+ public:
+  void EndAtOnce() override {}
+  void EndProgram() override {}
+};
+
+/// What stands around the chooser.
+struct ChooserWorld {
+  std::vector<std::string> Log;
+  Globals Shared;
+  FewControls Window;
+  FewDialogs Dialogs;
+  NoSystemText System;
+  DiskFiles Files;
+  NoEnd End;
+  AppParts Parts{Shared, Window, Dialogs, System, Files, End};
+};
+
+class LoggedDevices final : public InputDevices {
+ public:
+  explicit LoggedDevices(std::vector<std::string>& log) : log_(log) {}
+  void ShowMeterWindow() override { log_.emplace_back("show meter window"); }
+  void OpenMeterPort(std::int16_t port, std::string_view baud) override {
+    log_.push_back("open meter port " + std::to_string(port) + " " + std::string(baud));
+  }
+  void OpenTriggerPort() override { log_.emplace_back("open trigger port"); }
+  void CloseMeterPort() override { log_.emplace_back("close meter port"); }
+  void CloseTriggerPort() override { log_.emplace_back("close trigger port"); }
+  bool CloseUsbModule() override { return true; }
+
+ private:
+  std::vector<std::string>& log_;
+};
+
+class LoggedSound final : public SoundCapture {
+ public:
+  explicit LoggedSound(std::vector<std::string>& log) : log_(log) {}
+  bool StartSoundCapture() override { return true; }
+  void StopSoundCapture() override { log_.emplace_back("stop capture"); }
+  std::string SoundFailure() override { return ""; }
+  std::string SoundSourceName() const override { return ""; }
+
+ private:
+  std::vector<std::string>& log_;
+};
+
+}  // namespace lobegraph::test
