@@ -2,6 +2,7 @@
 
 #include "app/ControlView.h"
 #include "app/DesktopAwake.h"
+#include "app/EditorView.h"
 #include "app/ErrorEdge.h"
 #include "app/Globals.h"
 #include "app/SystemText.h"
@@ -19,6 +20,7 @@ struct AppParts {
   FileAccess& Files;
   ProgramEnd& End;
   DesktopAwake* Desktop = nullptr;
+  EditorView* frmEditLbg = nullptr;  ///< none: the editor has no window
 };
 
 }  // namespace lobegraph

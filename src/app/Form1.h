@@ -7,6 +7,7 @@
 
 #include "acquisition/LevelReader.h"
 #include "acquisition/RotatorTrigger.h"
+#include "app/EditorCommands.h"
 #include "app/FileCommands.h"
 #include "app/InputCommands.h"
 #include "app/PlotBoard.h"
@@ -45,6 +46,7 @@ struct Platform {
   std::shared_ptr<TriggerLine> Trigger = std::make_shared<TriggerLine>();
   /// Shows the input chooser until it is closed.
   std::function<void()> ShowChooser = [] {};
+  EditorView* frmEditLbg = nullptr;
 };
 
 /// The main window without its looks: owns what the program shares, and every handler.
@@ -61,6 +63,7 @@ class Form1 {
   PlotCommands& Plot() { return plot_; }
   FileCommands& File() { return file_; }
   TransformCommands& Transform() { return transform_; }
+  EditorCommands& Editor() { return editor_; }
   RunCommands& Run() { return run_; }
   ShellCommands& Shell() { return shell_; }
   SettingsCommands& Settings() { return settings_; }
@@ -79,6 +82,7 @@ class Form1 {
   PlotCommands plot_;
   FileCommands file_;
   TransformCommands transform_;
+  EditorCommands editor_;
   SafetyCopy copy_;
   frmDX_Record frmDX_Record_;
   SoundCardCapture sound_;

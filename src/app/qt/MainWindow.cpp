@@ -29,6 +29,7 @@ MainWindow::MainWindow(const std::string& versionText)
       panel_(&surfaceFrame_),
       view_(*this, plot_, panel_, surface_),
       meters_(*shared_, store_, clock_, dialogs_),
+      editor_(this, dialogs_),
       form_(MakePlatform(versionText), MakePlotGeometry(kSurfaceWidth, kSurfaceHeight, kPanelWidth)) {
   setObjectName("Form1");
   dialogs_.SetOwner(this);
@@ -62,7 +63,8 @@ Platform MainWindow::MakePlatform(const std::string& versionText) {
           .Desktop = &awake_,
           .Shared = shared_,
           .Trigger = meters_.Line(),
-          .ShowChooser = [this] { ShowChooser(); }};
+          .ShowChooser = [this] { ShowChooser(); },
+          .frmEditLbg = &editor_};
 }
 
 void MainWindow::MakePanel() {
@@ -80,6 +82,7 @@ void MainWindow::Connect() {
   auto& description = static_cast<QLineEdit&>(view_.Widget(Control::txtDescription));
   connect(&description, &QLineEdit::textChanged, this, [this] { form_.File().txtDescription_Change(); });
   connect(&description, &QLineEdit::editingFinished, this, [this] { Click(Control::txtDescription); });
+  editor_.Connect(form_.Editor(), [this](const auto& handler) { Run(handler); });
   view_.Widget(Control::lblOperator).setFocusPolicy(Qt::TabFocus);
   connect(&view_.Timer1(), &QTimer::timeout, this, [this] { Run([this] { form_.Run().Timer1_Timer(); }); });
   new SettingsOpener(

@@ -7,6 +7,7 @@
 #include "acquisition/qt/SystemClock.h"
 #include "app/Form1.h"
 #include "app/qt/DBusAwake.h"
+#include "app/qt/EditorWindow.h"
 #include "app/qt/Meters.h"
 #include "app/qt/PlotWidget.h"
 #include "app/qt/QtDialogs.h"
@@ -67,6 +68,7 @@ class MainWindow : public QWidget, private ProgramEnd {
   QWidget panel_;
   WidgetView view_;
   QtDialogs dialogs_;
+  EditorWindow editor_;
   QtSystemText system_;
   DiskFiles files_;
   FileSettingsStore store_;

@@ -1,11 +1,16 @@
 #include "app/qt/QtDialogs.h"
 
+#include <QApplication>
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QMessageBox>
 
+#include "app/EditorView.h"
+
 namespace lobegraph {
 namespace {
+
+constexpr const char* kSaveTitle = "Save File";
 
 QString Q(const std::string& text) { return QString::fromStdString(text); }
 
@@ -67,16 +72,32 @@ std::optional<std::string> QtDialogs::InputBox(const std::string& prompt, const 
   return box.textValue().toStdString();
 }
 
-std::optional<std::string> QtDialogs::OpenFile(const std::string& folder) { return AskFile(folder, false); }
-std::optional<std::string> QtDialogs::SaveFile(const std::string& folder) { return AskFile(folder, true); }
+std::optional<std::string> QtDialogs::OpenFile(const std::string& folder) {
+  return AskFile(folder, "Get File", kPatternFilter);
+}
 
-std::optional<std::string> QtDialogs::AskFile(const std::string& folder, bool save) {
-  QFileDialog dialog(Owner(), save ? "Save File" : "Get File", Q(folder));
+std::optional<std::string> QtDialogs::SaveFile(const std::string& folder) {
+  return AskFile(folder, kSaveTitle, kPatternFilter);
+}
+
+std::optional<std::string> QtDialogs::OpenCsvFile(const std::string& folder) {
+  return AskFile(folder, "Get CSV File", kCsvFilter);
+}
+
+QWidget* QtDialogs::Owner() const {
+  if (current_) return current_;
+  QWidget* active = QApplication::activeWindow();
+  return active == nullptr || qobject_cast<QDialog*>(active) != nullptr ? owner_ : active;
+}
+
+std::optional<std::string> QtDialogs::AskFile(const std::string& folder, const QString& title,
+                                              const char* filter) {
+  QFileDialog dialog(Owner(), title, Q(folder));
   dialog.setOption(QFileDialog::DontUseNativeDialog);  // native ones refuse a name that does not exist yet
   dialog.setOption(QFileDialog::DontConfirmOverwrite);
-  dialog.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+  dialog.setAcceptMode(title == kSaveTitle ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
   dialog.setFileMode(QFileDialog::AnyFile);
-  dialog.setNameFilters(FilterTexts(kPatternFilter));
+  dialog.setNameFilters(FilterTexts(filter));
   if (Run(dialog) != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
   return dialog.selectedFiles().first().toStdString();
 }

@@ -26,10 +26,13 @@ class QtDialogs final : public UserDialogs {
   std::optional<std::string> InputBox(const std::string& prompt, const std::string& title) override;
   std::optional<std::string> OpenFile(const std::string& folder) override;
   std::optional<std::string> SaveFile(const std::string& folder) override;
+  /// As OpenFile, for readings in a CSV file.
+  std::optional<std::string> OpenCsvFile(const std::string& folder);
 
  private:
-  QWidget* Owner() const { return current_ ? current_.data() : owner_; }
-  std::optional<std::string> AskFile(const std::string& folder, bool save);
+  /// The window that the user is in: a box opens over it and gives the focus back to it.
+  QWidget* Owner() const;
+  std::optional<std::string> AskFile(const std::string& folder, const QString& title, const char* filter);
 
   QWidget* owner_ = nullptr;
   int open_ = 0;

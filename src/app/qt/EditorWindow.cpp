@@ -1,0 +1,123 @@
+#include "app/qt/EditorWindow.h"
+
+#include <QCloseEvent>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QScrollBar>
+#include <QVBoxLayout>
+#include <array>
+#include <utility>
+
+#include "app/qt/FontFace.h"
+#include "app/qt/WindowLayout.h"
+
+namespace lobegraph {
+namespace {
+
+/// Twips, 15 to a unit.
+constexpr std::array kColumnWidths = {525, 900, 960};
+constexpr int kHeight = 520;
+
+}  // namespace
+
+EditorWindow::EditorWindow(QWidget* owner, QtDialogs& dialogs)
+    : QWidget(owner, Qt::Window),
+      dialogs_(dialogs),
+      grdReadings_(new EditorTable(this)),
+      lblStatus_(new QLabel(this)) {
+  setObjectName("frmEditLbg");
+  setWindowTitle("Lbg editor");
+  MakeTable();
+  auto* column = new QWidget(this);
+  auto* buttons = new QVBoxLayout(column);
+  buttons->setContentsMargins({});
+  AddButton(*column, "cmdGetDataFromPlot", "Get values from the plot",
+            &EditorCommands::cmdGetDataFromPlot_Click);
+  cmdGetDataFromFile_ = AddButton(*column, "cmdGetDataFromFile", "Get values from a CSV file",
+                                  &EditorCommands::cmdGetDataFromFile_Click);
+  AddButton(*column, "cmdInsert", "Insert a row", &EditorCommands::cmdInsert_Click);
+  AddButton(*column, "cmdDelete", "Delete a row", &EditorCommands::cmdDelete_Click);
+  cmdUpdate_ = AddButton(*column, "cmdUpdate", "Update the plot", &EditorCommands::cmdUpdate_Click);
+  AddButton(*column, "Command1", "Clear all values", &EditorCommands::Command1_Click);
+  buttons->addStretch();
+  lblStatus_->setObjectName("lblStatus");
+  lblStatus_->setAccessibleName("What happened last");
+  lblStatus_->setTextFormat(Qt::PlainText);
+  lblStatus_->setWordWrap(true);
+  lblStatus_->setMinimumHeight(2 * lblStatus_->fontMetrics().lineSpacing());
+
+  auto* top = new QHBoxLayout;
+  top->addWidget(grdReadings_);
+  top->addWidget(column);
+  auto* all = new QVBoxLayout(this);
+  all->addLayout(top, 1);
+  all->addWidget(lblStatus_);
+  ApplyFace(*this, MenuFontFace());
+  resize(sizeHint().width(), kHeight);
+}
+
+void EditorWindow::MakeTable() {
+  grdReadings_->setObjectName("grdReadings");
+  grdReadings_->setAccessibleName("Readings");
+  grdReadings_->setModel(&model_);
+  int width = 2 * grdReadings_->frameWidth() + grdReadings_->verticalScrollBar()->sizeHint().width();
+  for (int column = 0; column < EditorGrid::kColumns; ++column) {
+    const int wide = kColumnWidths.at(static_cast<std::size_t>(column)) / kTwipsPerUnit;
+    grdReadings_->setColumnWidth(column, wide);
+    width += wide;
+  }
+  grdReadings_->setMinimumWidth(width);
+}
+
+QPushButton* EditorWindow::AddButton(QWidget& column, const char* name, const char* caption,
+                                     void (EditorCommands::*command)()) {
+  auto* button = new QPushButton(caption, &column);
+  button->setObjectName(name);
+  button->setAccessibleName(caption);
+  column.layout()->addWidget(button);
+  connect(button, &QPushButton::clicked, this,
+          [this, command] { run_([this, command] { (commands_->*command)(); }); });
+  return button;
+}
+
+void EditorWindow::Connect(EditorCommands& commands, std::function<void(const std::function<void()>&)> run) {
+  commands_ = &commands;
+  run_ = std::move(run);
+  model_.SetCommands(commands);
+  grdReadings_->SetCommands(commands);
+}
+
+void EditorWindow::Open() {
+  grdReadings_->scrollToTop();
+  grdReadings_->setCurrentIndex({});
+  show();
+  raise();
+  activateWindow();
+  grdReadings_->setFocus();
+}
+
+void EditorWindow::Unload() { hide(); }
+
+int EditorWindow::CurrentRow() const { return grdReadings_->currentIndex().row() + 1; }
+
+void EditorWindow::SelectRow(int row) {
+  grdReadings_->setCurrentIndex(model_.index(row - 1, static_cast<int>(EditorColumn::Value)));
+}
+
+void EditorWindow::ShowStatus(const std::string& text) { lblStatus_->setText(QString::fromStdString(text)); }
+
+void EditorWindow::AllowUpdate(bool allowed) {
+  cmdUpdate_->setEnabled(allowed);
+  cmdGetDataFromFile_->setEnabled(allowed);
+}
+
+std::optional<std::string> EditorWindow::AskCsvFile(const std::string& folder) {
+  return dialogs_.OpenCsvFile(folder);
+}
+
+void EditorWindow::closeEvent(QCloseEvent* event) {
+  event->accept();
+  run_([this] { commands_->Form_Unload(); });
+}
+
+}  // namespace lobegraph
