@@ -10,6 +10,7 @@ namespace lobegraph {
 EditorTable::EditorTable(QWidget* parent) : QTableView(parent) {
   setSelectionMode(QAbstractItemView::ContiguousSelection);
   verticalHeader()->hide();
+  verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
   horizontalHeader()->setSectionResizeMode(QHeaderView::Interactive);
   // Tab leaves the table: the buttons can be reached without a mouse.
   setTabKeyNavigation(false);

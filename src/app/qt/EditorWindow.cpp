@@ -3,8 +3,10 @@
 #include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QScreen>
 #include <QScrollBar>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -16,7 +18,8 @@ namespace {
 
 /// Twips, 15 to a unit.
 constexpr std::array kColumnWidths = {525, 900, 960};
-constexpr int kHeight = 520;
+constexpr int kHeight = 560;
+constexpr int kFrame = 8;  // of a window, at its side
 
 }  // namespace
 
@@ -66,7 +69,7 @@ void EditorWindow::MakeTable() {
     grdReadings_->setColumnWidth(column, wide);
     width += wide;
   }
-  grdReadings_->setMinimumWidth(width);
+  grdReadings_->setFixedWidth(width);
 }
 
 QPushButton* EditorWindow::AddButton(QWidget& column, const char* name, const char* caption,
@@ -88,12 +91,20 @@ void EditorWindow::Connect(EditorCommands& commands, std::function<void(const st
 }
 
 void EditorWindow::Open() {
+  if (!isVisible()) PlaceBesideOwner();
   grdReadings_->scrollToTop();
   grdReadings_->setCurrentIndex({});
   show();
   raise();
   activateWindow();
   grdReadings_->setFocus();
+}
+
+void EditorWindow::PlaceBesideOwner() {
+  const QRect owner = parentWidget()->frameGeometry();
+  const QRect screen = parentWidget()->screen()->availableGeometry();
+  const int right = std::min(owner.right() + 1, screen.right() - width() - kFrame);
+  move(std::max(right, screen.left()), owner.top());
 }
 
 void EditorWindow::Unload() { hide(); }

@@ -38,6 +38,8 @@ class EditorWindow : public QWidget, public EditorView {
 
  private:
   void MakeTable();
+  /// The plot stays in sight where the screen has room.
+  void PlaceBesideOwner();
   QPushButton* AddButton(QWidget& column, const char* name, const char* caption,
                          void (EditorCommands::*command)());
 

@@ -97,8 +97,10 @@ void MainWindow::ConnectControl(const ControlRow& row) {
   QWidget& widget = view_.Widget(row.Id);
   const Control id = row.Id;
   widget.installEventFilter(this);
-  if (auto* button = qobject_cast<QAbstractButton*>(&widget))
-    connect(button, &QAbstractButton::clicked, this, [this, id] { Click(id); });
+  if (auto* button =
+          qobject_cast<QAbstractButton*>(&widget))  // a screen reader toggles a box without a click
+    connect(button, button->isCheckable() ? &QAbstractButton::toggled : &QAbstractButton::clicked, this,
+            [this, id] { Click(id); });
   if (auto* slider = qobject_cast<QSlider*>(&widget))
     connect(slider, &QSlider::valueChanged, this, [this, id] { Click(id); });
   if (auto* dropDown = qobject_cast<QComboBox*>(&widget))

@@ -126,6 +126,7 @@ void WidgetView::SetToolTip(Control control, const std::string& text) {
 bool WidgetView::Checked(Control control) const { return As<QAbstractButton>(Widget(control)).isChecked(); }
 
 void WidgetView::SetChecked(Control control, bool checked) {
+  const QSignalBlocker quiet(Widget(control));
   As<QAbstractButton>(Widget(control)).setChecked(checked);
 }
 
