@@ -95,7 +95,7 @@ static_assert(kTable.size() == static_cast<std::size_t>(kCount));
 constexpr std::array<std::string_view, 7> kElementItems = {"  1", "  2", "  3",   "  4",
                                                            "  5", "  8", "  > 8!"};
 
-constexpr std::array kLaterControls = {cmdPrint, cmdPatternAnalysis};
+constexpr std::array kLaterControls = {cmdPrint};
 
 constexpr std::array kLockedInCollection = {
     cmdCollectData, chkCalibrate,    cmdExit,   cmdChooseInput, cmdPolarization, cmdRescaleData, cmdReverse,

@@ -7,6 +7,7 @@
 
 #include "acquisition/LevelReader.h"
 #include "acquisition/RotatorTrigger.h"
+#include "app/AnalysisCommands.h"
 #include "app/EditorCommands.h"
 #include "app/FileCommands.h"
 #include "app/InputCommands.h"
@@ -64,6 +65,7 @@ class Form1 {
   FileCommands& File() { return file_; }
   TransformCommands& Transform() { return transform_; }
   EditorCommands& Editor() { return editor_; }
+  AnalysisCommands& Analysis() { return analysis_; }
   RunCommands& Run() { return run_; }
   ShellCommands& Shell() { return shell_; }
   SettingsCommands& Settings() { return settings_; }
@@ -83,6 +85,7 @@ class Form1 {
   FileCommands file_;
   TransformCommands transform_;
   EditorCommands editor_;
+  AnalysisCommands analysis_;
   SafetyCopy copy_;
   frmDX_Record frmDX_Record_;
   SoundCardCapture sound_;

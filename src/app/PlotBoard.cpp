@@ -8,6 +8,7 @@ namespace lobegraph {
 void PlotBoard::DrawCircularGrid() {
   ShowAnalysisControls();
   ShowLabels();
+  if (!parts_.Shared.Overlay) lines_.Reset();
   const bool linear = parts_.Shared.Settings.LinearMode;
   const bool drawn = Guarded(parts_.Dialogs, linear ? "DrawRectangularGrid" : "DrawCircularGrid",
                              [&] { lobegraph::DrawCircularGrid(plotter_, Grid()); });

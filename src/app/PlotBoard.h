@@ -2,6 +2,7 @@
 
 #include "app/AppParts.h"
 #include "processing/PreparePlot.h"
+#include "render/AnalysisLines.h"
 #include "render/GridOptions.h"
 #include "render/Plotter.h"
 
@@ -11,7 +12,7 @@ namespace lobegraph {
 class PlotBoard {
  public:
   PlotBoard(const AppParts& parts, DrawingSurface& surface, const PlotGeometry& geometry)
-      : parts_(parts), plotter_(surface, geometry) {}
+      : parts_(parts), plotter_(surface, geometry), lines_(geometry) {}
 
   /// The empty plot of the chosen form with the labels on it. While a second pattern is coming nothing is
   /// cleared. A fault of the circular grid ends the program, one of the rectangular drawing does not.
@@ -28,6 +29,8 @@ class PlotBoard {
 
   /// Scales and sizes of the moment for a plot of the record.
   PlotOptions Options() const;
+  /// What lies above the picture; forgotten whenever the surface is cleared.
+  AnalysisLines& Lines() { return lines_; }
   const PlotGeometry& Geometry() const { return plotter_.Geometry(); }
 
  private:
@@ -37,6 +40,7 @@ class PlotBoard {
 
   AppParts parts_;
   Plotter plotter_;
+  AnalysisLines lines_;
 };
 
 }  // namespace lobegraph

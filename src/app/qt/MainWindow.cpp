@@ -30,7 +30,8 @@ MainWindow::MainWindow(const std::string& versionText)
       view_(*this, plot_, panel_, surface_),
       meters_(*shared_, store_, clock_, dialogs_),
       editor_(this, dialogs_),
-      form_(MakePlatform(versionText), MakePlotGeometry(kSurfaceWidth, kSurfaceHeight, kPanelWidth)) {
+      form_(MakePlatform(versionText), MakePlotGeometry(kSurfaceWidth, kSurfaceHeight, kPanelWidth)),
+      analysis_(form_.Analysis(), view_, plot_, [this](const auto& handler) { Run(handler); }) {
   setObjectName("Form1");
   dialogs_.SetOwner(this);
   plot_.setGeometry(0, 0, kPlotWidth, kSurfaceHeight);

@@ -6,6 +6,7 @@
 #include "acquisition/qt/QtEventPump.h"
 #include "acquisition/qt/SystemClock.h"
 #include "app/Form1.h"
+#include "app/qt/AnalysisInput.h"
 #include "app/qt/DBusAwake.h"
 #include "app/qt/EditorWindow.h"
 #include "app/qt/Meters.h"
@@ -79,6 +80,7 @@ class MainWindow : public QWidget, private ProgramEnd {
   std::shared_ptr<Globals> shared_ = std::make_shared<Globals>();
   Meters meters_;
   Form1 form_;
+  AnalysisInput analysis_;
   bool leavePending_ = false;
   bool ratioPending_ = false;
   bool left_ = false;

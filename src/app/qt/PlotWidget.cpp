@@ -3,7 +3,17 @@
 #include <QPaintEvent>
 #include <QPainter>
 
+#include "render/qt/PaintLayer.h"
+
 namespace lobegraph {
+
+void PlotWidget::ShowDrawing() {
+  update(surface_.TakeTouched());
+  if (upperLayer_ == nullptr || upperLayer_->Lines() == shownLines_) return;
+  for (const auto& [number, line] : shownLines_) update(TouchedBy(line));
+  shownLines_ = upperLayer_->Lines();
+  for (const auto& [number, line] : shownLines_) update(TouchedBy(line));
+}
 
 void PlotWidget::paintEvent(QPaintEvent* event) {
   const QImage& picture = surface_.Picture();
@@ -12,7 +22,7 @@ void PlotWidget::paintEvent(QPaintEvent* event) {
   const bool fitting = picture.devicePixelRatio() == devicePixelRatioF();
   painter.setRenderHint(QPainter::SmoothPixmapTransform, !fitting);
   painter.drawImage(QPoint(0, 0), picture);
-  if (upperLayer_) upperLayer_(painter);
+  if (upperLayer_ != nullptr) PaintLayer(painter, *upperLayer_);
   if (fitting || announcedRatio_ == devicePixelRatioF()) return;
   announcedRatio_ = devicePixelRatioF();
   emit RatioChanged(announcedRatio_);

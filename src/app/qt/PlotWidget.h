@@ -1,8 +1,9 @@
 #pragma once
 
 #include <QWidget>
-#include <functional>
+#include <map>
 
+#include "render/PictureLayer.h"
 #include "render/qt/ImageSurface.h"
 
 namespace lobegraph {
@@ -14,10 +15,10 @@ class PlotWidget : public QWidget {
  public:
   PlotWidget(ImageSurface& surface, QWidget* parent) : QWidget(parent), surface_(surface) {}
 
-  /// Repaints only where something was drawn since the last call.
-  void ShowDrawing() { update(surface_.TakeTouched()); }
-  /// Draws above the picture at each repaint, in surface units.
-  void SetUpperLayer(std::function<void(QPainter&)> layer) { upperLayer_ = std::move(layer); }
+  /// Repaints only where something was drawn since the last call, on the picture or on the layer above it.
+  void ShowDrawing();
+  /// What is drawn above the picture. @param layer outlives the widget
+  void SetUpperLayer(const PictureLayer& layer) { upperLayer_ = &layer; }
 
  signals:
   /// The screen now has another number of pixels to a unit: the picture is to be drawn anew for it.
@@ -28,7 +29,8 @@ class PlotWidget : public QWidget {
 
  private:
   ImageSurface& surface_;
-  std::function<void(QPainter&)> upperLayer_;
+  const PictureLayer* upperLayer_ = nullptr;
+  std::map<int, LayerLine> shownLines_;  ///< of the layer, at the last call of ShowDrawing
   qreal announcedRatio_ = 0.0;
 };
 
