@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "app/Form1.h"
+#include "support/AppEditor.h"
 #include "support/AppPlatform.h"
 #include "support/FakeClock.h"
 #include "support/SoundFakes.h"
@@ -40,6 +41,7 @@ class AppFixture {
   test::FakeDevice Sound;
   FakeMeters Meters{Log};
   TemporaryFolder State;
+  FakeEditor Editor;
   Form1 Form{{.View = View,
               .Dialogs = Dialogs,
               .System = System,
@@ -56,7 +58,8 @@ class AppFixture {
               .ExternalMeter = Meters,
               .VersionText = "V2.1.0",
               .WorkingFolder = "/home/ham/",
-              .StateFolder = State.File("turns")},
+              .StateFolder = State.File("turns"),
+              .frmEditLbg = &Editor},
              PlotGeometry{}};
   Globals& Shared = Form.Shared();
 

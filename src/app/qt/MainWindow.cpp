@@ -28,8 +28,8 @@ MainWindow::MainWindow(const std::string& versionText)
       plot_(surface_, &surfaceFrame_),
       panel_(&surfaceFrame_),
       view_(*this, plot_, panel_, surface_),
-      meters_(*shared_, store_, clock_, dialogs_),
       editor_(this, dialogs_),
+      meters_(*shared_, store_, clock_, dialogs_),
       form_(MakePlatform(versionText), MakePlotGeometry(kSurfaceWidth, kSurfaceHeight, kPanelWidth)),
       analysis_(form_.Analysis(), view_, plot_, [this](const auto& handler) { Run(handler); }) {
   setObjectName("Form1");
