@@ -67,8 +67,10 @@ TEST_F(PlotWidgetTest, ShowsThePictureAsItIs) {
 
 TEST_F(PlotWidgetTest, UpperLayerIsDrawnAboveAndLeavesThePictureAlone) {
   const QImage before = surface_.Picture().copy();
-  plot_.SetUpperLayer([](QPainter& painter) { painter.fillRect(0, 0, 5, 5, Qt::blue); });
-  EXPECT_EQ(plot_.grab().toImage().pixelColor(2, 2), QColor(Qt::blue));
+  PictureLayer layer;
+  layer.Show(1, {.From = {0.F, 2.F}, .To = {20.F, 2.F}, .LineColour = Colour{0, 0, 255}, .Dashed = false});
+  plot_.SetUpperLayer(layer);
+  EXPECT_NE(plot_.grab().toImage().convertToFormat(before.format()), before);
   EXPECT_EQ(surface_.Picture(), before);
 }
 
