@@ -108,7 +108,8 @@ TEST_F(CollectionTest, LocksTheWindowAndGivesHaltTheFocus) {
   });
   Collect();
   EXPECT_THAT(disabled, testing::IsSupersetOf(LockedInCollection()));
-  EXPECT_THAT(disabled, UnorderedElementsAreArray(LockedInCollection())) << "and nothing else but what comes later";
+  EXPECT_THAT(disabled, UnorderedElementsAreArray(LockedInCollection()))
+      << "and nothing else but what comes later";
   EXPECT_EQ(focus, cmdHaltInput);
   EXPECT_TRUE(halt);
   EXPECT_LT(PlaceOf("cmdCollectData disabled"), PlaceOf("cmdHaltInput enabled"));

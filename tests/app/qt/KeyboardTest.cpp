@@ -21,8 +21,9 @@ TEST(KeyboardTest, TabGoesThroughTheWindowInTheOrderOfWork) {
   EXPECT_EQ(visited.join(' ').toStdString(),
             "chkCalibrate chkAutoStart chkAutoStop chkTrigger cmdCollectData Slider2 cmdLinear cmdLogLin "
             "cmdOverlay chkPlotInDB chk180 chkShow3dB Slider1 txtTrimFront txtTrimEnd txtRotate "
-            "cmdRescaleData cmdOriginalData cmdSmooth cmdReverse cmdDeSpike cboElements cmdPolarization "
-            "cmdIntegrate cmdGetData cmdSaveData cmdExit txtDescription lblOperator cmdShrink");
+            "cmdRescaleData cmdOriginalData cmdSmooth cmdReverse cmdDeSpike chkEditor cboElements "
+            "cmdPolarization cmdIntegrate cmdGetData cmdSaveData cmdExit txtDescription lblOperator cmdShrink "
+            "cmdChooseInput");
 }
 
 TEST(KeyboardTest, TypedQuoteIsSwallowedInTheDescription) {
