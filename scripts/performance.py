@@ -1,4 +1,5 @@
-"""Measures every promise of speed beside its floor or peer in the same run and writes docs/performance.md.
+"""Measures every promise of speed beside its floor or peer in the same run and writes docs/performance.md, whose section on
+the companion program (measured by benchmarks/cli/compare.py) it keeps.
 
 usage: dbus-run-session -- /usr/bin/python3 scripts/performance.py PROGRAMS   (a release build; about five minutes)
 """
@@ -141,7 +142,9 @@ other core busy.
 | Resident memory while collecting | {memory:.0f} MB | below 90 MB |
 | Start of the process to the plot on the screen (warm, median of 10) | {start:.2f} s | below 0.6 s |
 """
-    (ROOT / "docs" / "performance.md").write_text(text)
+    page = ROOT / "docs" / "performance.md"
+    companion = page.read_text().partition("## `lobegraph-cli`")
+    page.write_text(text + "\n" + companion[1] + companion[2])
     print(text)
 
 
