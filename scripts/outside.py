@@ -102,7 +102,7 @@ class Stage(contextlib.ExitStack):
         with os.fdopen(reading) as answer:
             self.environment["DISPLAY"] = ":" + answer.readline().strip()
         self.start("openbox")
-        wait_for("the window manager", 15, lambda: "window id" in self.output("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"))
+        wait_for("the window manager", 60, lambda: "window id" in self.output("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"))
 
     def private_sound(self):
         """A sound server whose default input hears the null sink "rx"; nothing reaches anybody's speakers."""
@@ -114,7 +114,7 @@ class Stage(contextlib.ExitStack):
             "-L", "module-null-sink sink_name=rx rate=44100 channels=2 format=s16le norewinds=1"
                   " sink_properties=device.description=Receiver")
         self.environment["PULSE_SERVER"] = f"unix:{socket}"
-        wait_for("the sound server", 15, lambda: "rx.monitor" in self.output("pactl", "list", "short", "sources"))
+        wait_for("the sound server", 60, lambda: "rx.monitor" in self.output("pactl", "list", "short", "sources"))
         self.output("pactl", "set-default-source", "rx.monitor")
         return server
 

@@ -30,16 +30,34 @@ class Handler(UMockdev.IoctlBase):
             return False
 
 
-class SerialLines(Handler):
-    """The modem lines of a serial port."""
+class PulseLine(Handler):
+    """A line that the program polls for pulses.
+
+    Each answer counts under the level that it gave. A count of all answers would not do: an answer that is on its way
+    while the line changes would be taken for one that knows the change already.
+    """
 
     high = False
-    polls = 0  # requests for the lines so far
+
+    def __init__(self):
+        super().__init__()
+        self.given = {False: 0, True: 0}
+
+    def give(self, pack):
+        """Answers with what pack makes of the present level."""
+        high = self.high
+        answer = pack(high)
+        self.given[high] += 1
+        return answer
+
+
+class SerialLines(PulseLine):
+    """The modem lines of a serial port."""
 
     def answer(self, client, request):
         if request == TIOCMGET:
-            client.get_arg().resolve(0, 4).update(0, struct.pack("i", CTS if self.high else 0))
-            self.polls += 1
+            lines = client.get_arg().resolve(0, 4)
+            self.give(lambda high: lines.update(0, struct.pack("i", CTS if high else 0)))
             return 0, 0
         if request in MODEM_SETTERS:
             return 0, 0
@@ -62,11 +80,9 @@ HUB = struct.pack("<BBHBBBBHHHBBBB", 18, 1, 0x0200, 9, 0, 1, 64, 0x1D6B, 2, 0x05
     "<BBBBHB", 7, 5, 0x81, 3, 4, 12)
 
 
-class UsbModule(Handler):
-    """A module of two channels at /dev/bus/usb/001/002, seen through the kernel's requests."""
+class UsbModule(PulseLine):
+    """A module of two channels at /dev/bus/usb/001/002, seen through the kernel's requests. All its pins but D0 are high."""
 
-    pins = 0
-    polls = 0  # requests for the pins so far
     gone = False
     fail_pins = False
 
@@ -117,8 +133,7 @@ class UsbModule(Handler):
         if (kind, request) == (0x80, 6):
             return self.get_descriptor(value)
         if (kind, request) == (0xC0, 0x0C):
-            self.polls += 1
-            return None if self.fail_pins else bytes([self.pins])
+            return None if self.fail_pins else self.give(lambda high: bytes([0xFE | high]))
         if kind == 0x40:
             self.set_up.append((request, value, index))
         return b""

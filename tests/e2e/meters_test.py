@@ -26,30 +26,44 @@ def stored_db(level):
     return 60 + 20 * math.log10(max(level, 1) / 1000)
 
 
-class Pulses:
-    """Steps of the rotator, each with its level and a pulse, in step with the program's own polls."""
+class Rotator:
+    """Steps of the rotator, each with its level and a pulse, in step with what the program has seen."""
 
-    def __init__(self, meter, set_line, polls):
-        self.meter, self.set_line, self.polls = meter, set_line, polls
+    def __init__(self, program, line, meter=None):
+        self.program, self.line, self.meter = program, line, meter
+        self.steps = 0
+        self.lows = line.given[False]  # answers "low" up to the end of the last pulse
 
-    def wait_polls(self, count):
-        goal = self.polls() + count
-        end = time.monotonic() + 20
-        while self.polls() < goal:
-            if time.monotonic() > end:
-                raise TimeoutError("the program does not wait for a trigger")
-            time.sleep(0.0005)
+    def wait_given(self, high, count):
+        wait_for(f"the program to see the line {'high' if high else 'low'}", 20,
+                 lambda: self.line.given[high] >= count, 0.0005)
+
+    def wait_ready(self):
+        """The first low after the one that fired: the samples are taken, the program waits for the next pulse."""
+        self.wait_given(False, self.lows + 1)
+
+    def show_level(self, db):
+        """Three values fill the meter's mean. The last has leading zeros, another number of them than the one before:
+        what the meter's window shows then tells it from all others."""
+        value, self.steps = round(db * 10), self.steps + 1
+        last = f"{value:0{4 + self.steps % 2}d}"
+        os.write(self.meter, f"\r{value} \r{value} \r{last} ".encode())
+        wait_for(f"the meter's value {last}", 20, lambda: self.program.label("Meter reading") == last, 0.0005)
+
+    def pulse(self):
+        """One pulse, as long as the program needs to see it."""
+        before = self.line.given[True]
+        self.line.high = True
+        self.wait_given(True, before + 1)
+        # While the line is high nothing is answered "low", and the first low fires.
+        self.lows = self.line.given[False] + 1
+        self.line.high = False
+        self.wait_given(False, self.lows)
 
     def step(self, db):
-        self.wait_polls(1)
-        # The meter has sent until the program has its mean of three: each poll serves the port once.
-        os.write(self.meter, b"\r%d " % round(db * 10) * 3)
-        time.sleep(0.015)  # a terminal hands its bytes over when the kernel finds the time
-        self.wait_polls(8)
-        self.set_line(True)
-        self.wait_polls(2)
-        self.set_line(False)
-        self.wait_polls(1)
+        self.wait_ready()
+        self.show_level(db)
+        self.pulse()
 
 
 class Triggered(from_outside.FromOutside):
@@ -64,10 +78,10 @@ class Triggered(from_outside.FromOutside):
     def open(self, **settings):
         return self.open_window("umockdev-wrapper", **METER, Trigger="1", **settings)
 
-    def whole_turn(self, program, pulses):
+    def whole_turn(self, program, rotator):
         program.press("Collect Data")
         for index in range(READINGS):
-            pulses.step(true_db(index))
+            rotator.step(true_db(index))
         wait_for("the end of the turn", 20, lambda: program.enabled("Collect Data"))
         path = self.stage.home / "turn.lbg"
         self.save(program, path)
@@ -80,13 +94,13 @@ class Triggered(from_outside.FromOutside):
     def test_a_whole_turn_is_paced_by_the_handshake_line(self):
         lines, meter = self.machine.serial_port("ttyUSB0")
         program = self.open(Commtrigger="1")
-        self.whole_turn(program, Pulses(meter, lambda high: setattr(lines, "high", high), lambda: lines.polls))
+        self.whole_turn(program, Rotator(program, lines, meter))
 
     def test_a_whole_turn_is_paced_by_the_usb_module(self):
         _, meter = self.machine.serial_port("ttyUSB0")
         module = self.machine.usb_module()
         program = self.open(GaugeBridgeTrigger="True")
-        self.whole_turn(program, Pulses(meter, lambda high: setattr(module, "pins", 0xFE | high), lambda: module.polls))
+        self.whole_turn(program, Rotator(program, module, meter))
         self.assertEqual(set(module.claimed), {1}, "channel A is left alone")
         self.assertIn((0x09, 16, 2), module.set_up, "latency of channel B")
         self.assertEqual(module.set_up[-2:], [(0x0B, 0x0000, 2), (0x0B, 0x0100, 2)], "reset, then bit-bang inputs")
@@ -97,11 +111,11 @@ class Triggered(from_outside.FromOutside):
         _, meter = self.machine.serial_port("ttyUSB0")
         module = self.machine.usb_module()
         program = self.open(GaugeBridgeTrigger="True")
-        pulses = Pulses(meter, lambda high: setattr(module, "pins", int(high)), lambda: module.polls)
+        rotator = Rotator(program, module, meter)
         program.press("Collect Data")
         for index in range(5):
-            pulses.step(true_db(index))
-        pulses.wait_polls(1)
+            rotator.step(true_db(index))
+        rotator.wait_ready()
         module.gone = True
         self.assertIn("FT_GetBitMode - ", self.close_box(program))
         wait_for("the end of the turn", 10, lambda: program.enabled("Collect Data"))
