@@ -5,6 +5,8 @@
 #include <set>
 #include <sstream>
 
+#include "acquisition/ComPorts.h"
+
 namespace lobegraph {
 namespace {
 
@@ -34,6 +36,13 @@ constexpr const char* kConvertExamples =
     "      a model, ready to be drawn over a measurement\n"
     "  lobegraph-cli convert --table chamber.csv beam.lbg\n"
     "      finds separator, heading, decimal comma and the columns of angle and level by itself";
+
+constexpr const char* kPortsExamples =
+    "Examples:\n"
+    "  lobegraph-cli ports\n"
+    "      what each COM number is now; no port is opened\n"
+    "  lobegraph-cli ports assign 3 /dev/ttyUSB0\n"
+    "      this adapter is COM3 from now on, whichever plug it is put into";
 
 const std::map<std::string, Transform> kTransforms = {{"smooth", Transform::Smooth},
                                                       {"reverse", Transform::Reverse},
@@ -142,6 +151,17 @@ void AddConvert(CLI::App& app, ConvertRequest& request) {
   verb->add_flag("--table", request.Table, "CSV with several columns, read or written");
 }
 
+void AddPorts(CLI::App& app, PortAssignment& assignment) {
+  CLI::App* verb = app.add_subcommand("ports", "What the COM numbers of the input chooser are");
+  verb->footer(kPortsExamples);
+  CLI::App* assign = verb->add_subcommand("assign", "Give a device to a COM number");
+  assign->footer(kPortsExamples);
+  assign->add_option("N", assignment.Number, "COM number")
+      ->required()
+      ->check(CLI::Range(1, kHighestComNumber));
+  assign->add_option("PATH", assignment.Path, "The device, such as /dev/ttyUSB0")->required();
+}
+
 /// Wrong use is always 2, whatever the parser calls it.
 void End(const CLI::App& app, const CLI::ParseError& reason, CommandLine& parsed) {
   std::ostringstream output, complaint;
@@ -162,6 +182,7 @@ CommandLine ParseCommandLine(int argc, const char* const* argv, const std::strin
   ReportRequest report;
   RenderRequest render;
   ConvertRequest convert;
+  PortAssignment assignment;
   CLI::App app(kAbout, "lobegraph-cli");
   app.footer(kVerbsHint);
   app.set_version_flag("--version", "lobegraph-cli " + version);
@@ -169,6 +190,7 @@ CommandLine ParseCommandLine(int argc, const char* const* argv, const std::strin
   AddReport(app, report);
   AddRender(app, render);
   AddConvert(app, convert);
+  AddPorts(app, assignment);
   CommandLine parsed;
   try {
     app.parse(argc, argv);
@@ -180,6 +202,10 @@ CommandLine ParseCommandLine(int argc, const char* const* argv, const std::strin
   if (app.got_subcommand("report")) parsed.Report = std::move(report);
   if (app.got_subcommand("render")) parsed.Render = std::move(render);
   if (app.got_subcommand("convert")) parsed.Convert = std::move(convert);
+  if (app.got_subcommand("ports")) {
+    const bool assigns = app.get_subcommand("ports")->got_subcommand("assign");
+    parsed.Ports = PortsRequest{assigns ? std::optional(assignment) : std::nullopt};
+  }
   return parsed;
 }
 

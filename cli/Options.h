@@ -34,12 +34,23 @@ struct ConvertRequest {
   bool Table = false;  ///< CSV with several columns
 };
 
+/// "Device PATH is to be COM number N."
+struct PortAssignment {
+  int Number = 0;  ///< 1 to 32
+  std::string Path = {};
+};
+
+struct PortsRequest {
+  std::optional<PortAssignment> Assignment = {};  ///< none: list
+};
+
 /// What the command line asks for: one request, or a text to show and the code to end with (help, version, or
 /// a complaint about the command line).
 struct CommandLine {
   std::optional<ReportRequest> Report;
   std::optional<RenderRequest> Render;
   std::optional<ConvertRequest> Convert;
+  std::optional<PortsRequest> Ports;
   int ExitCode = 0;  ///< 0, or 2 for wrong use
   std::string Output = {};
   std::string Complaint = {};

@@ -5,9 +5,11 @@
 #include "cli/ConvertCommand.h"
 #include "cli/Options.h"
 #include "cli/OutputFiles.h"
+#include "cli/PortsCommand.h"
 #include "cli/RenderCommand.h"
 #include "cli/ReportCommand.h"
 #include "cli/qt/QtPictureFiles.h"
+#include "settings/FileSettingsStore.h"
 
 namespace {
 
@@ -25,6 +27,11 @@ int Run(int argc, char** argv) {
     return RunRender(*commandLine.Render, parts, pictures);
   }
   if (commandLine.Convert) return RunConvert(*commandLine.Convert, parts, "V" LOBEGRAPH_VERSION);
+  if (commandLine.Ports) {
+    FileSettingsStore store;
+    ComPorts ports(store);
+    return RunPorts(*commandLine.Ports, ports, parts);
+  }
   return commandLine.ExitCode;
 }
 

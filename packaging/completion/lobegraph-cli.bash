@@ -4,7 +4,7 @@ _lobegraph_cli() {
   local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]}
   local verb='' word
   for word in "${COMP_WORDS[@]:1:COMP_CWORD-1}"; do
-    case $word in report | render | convert) verb=$word && break ;; esac
+    case $word in report | render | convert | ports) verb=$word && break ;; esac
   done
   local plot='--scale --apply --peak-input-level --spike-detect-level --calibrate --rotate --trim-front --trim-end'
   local words=''
@@ -26,10 +26,13 @@ _lobegraph_cli() {
       report) words="$plot --json --readings --trace --jobs -j --help -h" ;;
       render) words="$plot --output -o --overlay --size --rectangular --colours --title --help -h" ;;
       convert) words='--table --help -h' ;;
+      ports) words='--help -h' ;;
       *) words='--version --help -h' ;;
     esac
   elif [[ -z $words && -z $verb ]]; then
-    words='report render convert'
+    words='report render convert ports'
+  elif [[ -z $words && $verb == ports && $previous == ports ]]; then
+    words='assign'
   fi
   if [[ -n $words ]]; then
     mapfile -t COMPREPLY < <(compgen -W "$words" -- "$current")

@@ -61,7 +61,7 @@ std::vector<PortAdapter> ComPorts::Adapters() const {
   std::vector<PortAdapter> adapters;
   for (const std::string& name : NamesIn(root_ / "dev")) {
     if (!IsAdapterName(name)) continue;
-    const std::string path = StablePath(name);
+    const std::string path = StablePathOf("/dev/" + name);
     adapters.push_back({path, TitleOfPath(path)});
   }
   for (const std::string& name : NamesIn(root_ / kUartTable))
@@ -69,8 +69,8 @@ std::vector<PortAdapter> ComPorts::Adapters() const {
   return adapters;
 }
 
-void ComPorts::Assign(int number, const std::string& path) {
-  store_.Save(kLobegraphApplication, kPortsSection, KeyOf(number), path);
+bool ComPorts::Assign(int number, const std::string& path) {
+  return store_.Save(kLobegraphApplication, kPortsSection, KeyOf(number), path);
 }
 
 /// The kernel lists places for UARTs that no machine has; their type is 0.
@@ -106,11 +106,13 @@ bool ComPorts::Exists(const std::string& path) const {
   return fs::exists(root_ / fs::path(path).relative_path(), ignored);
 }
 
-std::string ComPorts::StablePath(const std::string& name) const {
+std::string ComPorts::StablePathOf(const std::string& path) const {
   const fs::path folder = "/dev/serial/by-id";
+  const fs::path device = Real(path);
+  if (device.empty()) return path;
   for (const std::string& link : NamesIn(root_ / folder.relative_path()))
-    if (Real((folder / link).string()).filename() == name) return (folder / link).string();
-  return "/dev/" + name;
+    if (Real((folder / link).string()) == device) return (folder / link).string();
+  return path;
 }
 
 std::filesystem::path ComPorts::Real(const std::string& path) const {

@@ -9,6 +9,9 @@
 
 namespace lobegraph {
 
+/// COM numbers go from 1 to this.
+inline constexpr int kHighestComNumber = 32;
+
 /// An attached serial adapter.
 struct PortAdapter {
   std::string Path;   ///< stays the same when plugs are swapped, where the system knows such a path
@@ -32,15 +35,17 @@ class ComPorts {
   std::string TitleOfPath(const std::string& path) const;
   /// Every attached adapter, for the choice of what a number means.
   std::vector<PortAdapter> Adapters() const;
+  /// The same device by a path that stays when plugs are swapped, where the system knows one; else `path`.
+  std::string StablePathOf(const std::string& path) const;
   /// Gives a device to a number, in the store.
-  void Assign(int number, const std::string& path);
+  /// @return false when it could not be saved
+  bool Assign(int number, const std::string& path);
 
  private:
   bool UartPresent(const std::string& name) const;
   bool IsConsole(const std::string& name) const;
   std::string Product(const std::string& name) const;
   bool Exists(const std::string& path) const;
-  std::string StablePath(const std::string& name) const;
   std::filesystem::path Real(const std::string& path) const;
   std::string FirstLine(const std::filesystem::path& path) const;
 

@@ -9,7 +9,6 @@ namespace lobegraph {
 namespace {
 
 constexpr int kMicrophone = 0, kLineIn = 1, kTarven = 2, kRoska = 3, kExternal = 4;
-constexpr int kLastPort = 32;
 
 struct InputRow {
   bool InputDeviceIsLineIn, InputDeviceIsdBMeter, ROSKAmeter, GaugeBridge, MeterComShown;
@@ -28,7 +27,7 @@ int OptionOf(const InputChoice& choice) {
 
 std::vector<std::string> Numbers(int first) {
   std::vector<std::string> entries;
-  for (int number = first; number <= kLastPort; ++number) entries.push_back(std::to_string(number));
+  for (int number = first; number <= kHighestComNumber; ++number) entries.push_back(std::to_string(number));
   return entries;
 }
 

@@ -141,5 +141,27 @@ TEST(CliOptions, HelpOfEachVerbHasExamples) {
   EXPECT_THAT(Parse({"--version"}).Output, HasSubstr("1.2.3"));
 }
 
+TEST(CliOptions, PortsAloneLists) {
+  const auto ports = Parse({"ports"}).Ports;
+  ASSERT_TRUE(ports);
+  EXPECT_FALSE(ports->Assignment);
+}
+
+TEST(CliOptions, PortsAssignTakesANumberAndAPath) {
+  const auto ports = Parse({"ports", "assign", "3", "/dev/ttyUSB0"}).Ports;
+  ASSERT_TRUE(ports && ports->Assignment);
+  EXPECT_EQ(ports->Assignment->Number, 3);
+  EXPECT_EQ(ports->Assignment->Path, "/dev/ttyUSB0");
+}
+
+TEST(CliOptions, ANumberThatNoListHasIsWrongUse) {
+  for (const char* number : {"0", "33", "COM3", "1.5"}) {
+    const CommandLine line = Parse({"ports", "assign", number, "/dev/ttyUSB0"});
+    EXPECT_EQ(line.ExitCode, 2) << number;
+    EXPECT_FALSE(line.Ports) << number;
+  }
+  EXPECT_EQ(Parse({"ports", "assign", "3"}).ExitCode, 2);
+}
+
 }  // namespace
 }  // namespace lobegraph
