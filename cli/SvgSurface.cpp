@@ -42,7 +42,7 @@ std::string ColourText(Colour colour) {
 }  // namespace
 
 SvgSurface::SvgSurface(int width, int height, Colour background)
-    : width_(width), height_(height), background_(background) {}
+    : StatefulSurface(background, "Arial"), width_(width), height_(height) {}
 
 void SvgSurface::BeginGroup(const std::string& name) {
   elements_ += "<g" + Attribute("class", XmlText(name)) + ">\n";
@@ -63,60 +63,61 @@ std::string SvgSurface::Document() const {
          Attribute("viewBox", "0 0 " + width + " " + height) + " stroke-linecap=\"square\" fill=\"none\">\n" +
          (title_.empty() ? "" : "<title>" + XmlText(title_) + "</title>\n") +
          "<rect class=\"background\" x=\"0\" y=\"0\"" + Attribute("width", width) +
-         Attribute("height", height) + Attribute("fill", ColourText(background_)) + "/>\n" + elements_ +
-         "</svg>\n";
+         Attribute("height", height) + Attribute("fill", ColourText(BackgroundColour())) + "/>\n" +
+         elements_ + "</svg>\n";
 }
 
 void SvgSurface::Clear() {
   elements_.clear();
-  position_ = {};
+  EndAt({});
 }
 
 void SvgSurface::Line(SurfacePoint from, SurfacePoint to, Colour colour) {
   elements_ += "<line" + Attribute("x1", from.X) + Attribute("y1", from.Y) + Attribute("x2", to.X) +
                Attribute("y2", to.Y) + Stroke(colour) + "/>\n";
-  position_ = to;
+  EndAt(to);
 }
 
 void SvgSurface::Dot(SurfacePoint at, Colour colour) {
-  const auto width = static_cast<float>(penWidth_);
+  const auto width = static_cast<float>(PenWidth());
   Rectangle("dot", {at.X - width / 2.F, at.Y - width / 2.F}, {width, width},
             Attribute("fill", ColourText(colour)));
-  position_ = at;
+  EndAt(at);
 }
 
 void SvgSurface::Circle(SurfacePoint centre, float radius, Colour colour) {
   elements_ += "<circle" + Attribute("cx", centre.X) + Attribute("cy", centre.Y) + Attribute("r", radius) +
                Stroke(colour);
-  if (fillStyle_ == FillStyle::Solid) elements_ += Attribute("fill", ColourText(fillColour_));
+  if (CurrentFillStyle() == FillStyle::Solid) elements_ += Attribute("fill", ColourText(FillColour()));
   elements_ += "/>\n";
 }
 
 void SvgSurface::BoxOutline(SurfacePoint topLeft, SurfacePoint bottomRight, Colour colour) {
   Rectangle("outline", topLeft, {bottomRight.X - topLeft.X, bottomRight.Y - topLeft.Y}, Stroke(colour));
-  position_ = bottomRight;
+  EndAt(bottomRight);
 }
 
 void SvgSurface::FilledBox(SurfacePoint topLeft, SurfacePoint bottomRight, Colour colour) {
   Rectangle("area", topLeft, {bottomRight.X - topLeft.X, bottomRight.Y - topLeft.Y},
             Attribute("fill", ColourText(colour)));
-  position_ = bottomRight;
+  EndAt(bottomRight);
 }
 
 void SvgSurface::Text(std::string_view text, Colour colour) {
-  const float size = fontSize_ * kUnitsPerPoint;
-  const float top = position_.Y + (kAscent - kCapHeight) * size - kGroundMargin;
-  Rectangle("ground", {position_.X, top}, {ArialWidth(text) * size, kCapHeight * size + 2.F * kGroundMargin},
-            Attribute("fill", ColourText(background_)));
-  elements_ += "<text xml:space=\"preserve\"" + Attribute("x", position_.X) + Attribute("y", position_.Y) +
-               Attribute("dy", kAscent * size) +
-               Attribute("font-family", XmlText(fontName_) + ", Helvetica, sans-serif") +
+  const float size = FontSize() * kUnitsPerPoint;
+  const float top = CurrentPosition().Y + (kAscent - kCapHeight) * size - kGroundMargin;
+  Rectangle("ground", {CurrentPosition().X, top},
+            {ArialWidth(text) * size, kCapHeight * size + 2.F * kGroundMargin},
+            Attribute("fill", ColourText(BackgroundColour())));
+  elements_ += "<text xml:space=\"preserve\"" + Attribute("x", CurrentPosition().X) +
+               Attribute("y", CurrentPosition().Y) + Attribute("dy", kAscent * size) +
+               Attribute("font-family", XmlText(FontName()) + ", Helvetica, sans-serif") +
                Attribute("font-size", size) + Attribute("fill", ColourText(colour)) + ">" + XmlText(text) +
                "</text>\n";
 }
 
 std::string SvgSurface::Stroke(Colour colour) const {
-  return Attribute("stroke", ColourText(colour)) + Attribute("stroke-width", static_cast<float>(penWidth_));
+  return Attribute("stroke", ColourText(colour)) + Attribute("stroke-width", static_cast<float>(PenWidth()));
 }
 
 void SvgSurface::Rectangle(std::string_view name, SurfacePoint topLeft, SurfacePoint size,

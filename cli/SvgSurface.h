@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "render/DrawingSurface.h"
+#include "render/StatefulSurface.h"
 
 namespace lobegraph {
 
@@ -10,7 +10,7 @@ namespace lobegraph {
 /// coordinates of the plot, so that a page can style it and a test can measure it.
 /// Lines are <line>, rings <circle>, dots and boxes <rect>, texts <text> whose x and y are the top-left
 /// corner; the ground that a text clears is a <rect class="ground"> before it.
-class SvgSurface : public DrawingSurface {
+class SvgSurface : public StatefulSurface {
  public:
   SvgSurface(int width, int height, Colour background);
 
@@ -31,18 +31,6 @@ class SvgSurface : public DrawingSurface {
   void BoxOutline(SurfacePoint topLeft, SurfacePoint bottomRight, Colour colour) override;
   void FilledBox(SurfacePoint topLeft, SurfacePoint bottomRight, Colour colour) override;
   void Text(std::string_view text, Colour colour) override;
-  SurfacePoint CurrentPosition() const override { return position_; }
-  void SetCurrentPosition(SurfacePoint position) override { position_ = position; }
-  Colour FillColour() const override { return fillColour_; }
-  void SetFillColour(Colour colour) override { fillColour_ = colour; }
-  FillStyle CurrentFillStyle() const override { return fillStyle_; }
-  void SetFillStyle(FillStyle style) override { fillStyle_ = style; }
-  Colour BackgroundColour() const override { return background_; }
-  void SetPenWidth(int width) override { penWidth_ = width; }
-  std::string FontName() const override { return fontName_; }
-  void SetFontName(const std::string& name) override { fontName_ = name; }
-  float FontSize() const override { return fontSize_; }
-  void SetFontSize(float points) override { fontSize_ = points; }
 
  private:
   std::string Stroke(Colour colour) const;
@@ -50,15 +38,8 @@ class SvgSurface : public DrawingSurface {
 
   int width_;
   int height_;
-  Colour background_;
   std::string title_;
   std::string elements_;
-  SurfacePoint position_;
-  Colour fillColour_;
-  FillStyle fillStyle_ = FillStyle::Transparent;
-  int penWidth_ = 1;
-  std::string fontName_ = "Arial";
-  float fontSize_ = 8.25F;
 };
 
 /// A text as it stands between tags or in an attribute; characters that a document may not hold (controls,

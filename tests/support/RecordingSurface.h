@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "data/RunTimeError.h"
-#include "render/DrawingSurface.h"
+#include "render/StatefulSurface.h"
 
 namespace lobegraph {
 
@@ -35,8 +35,10 @@ inline std::string OperationColour(Colour colour) {
 /// "clear", "line 1,2 3,4 #000000", "dot 1,2 #000000", "circle 1,2 r3 #000000", "box 1,2 3,4 #000000",
 /// "filled box 1,2 3,4 #000000", "at 1,2", "text [ -2 ] #000000", "fill colour #000000", "fill solid",
 /// "fill transparent", "pen 2", "font Arial", "size 7".
-class RecordingSurface : public DrawingSurface {
+class RecordingSurface : public StatefulSurface {
  public:
+  RecordingSurface() : StatefulSurface({}, "Sans") {}
+
   std::vector<std::string> Operations;
   Colour Background{224, 224, 224};
   std::set<std::string> MissingFonts;  ///< SetFontName refuses these
@@ -49,18 +51,18 @@ class RecordingSurface : public DrawingSurface {
     }
     return result;
   }
-  int PenWidth() const { return penWidth_; }
+  using StatefulSurface::PenWidth;
 
   void Clear() override {
     Operations.push_back("clear");
-    position_ = {};
+    EndAt({});
   }
   void Line(SurfacePoint from, SurfacePoint to, Colour colour) override {
     Add("line " + OperationPoint(from) + " " + OperationPoint(to), colour, to);
   }
   void Dot(SurfacePoint at, Colour colour) override { Add("dot " + OperationPoint(at), colour, at); }
   void Circle(SurfacePoint centre, float radius, Colour colour) override {
-    Add("circle " + OperationPoint(centre) + " r" + OperationNumber(radius), colour, position_);
+    Add("circle " + OperationPoint(centre) + " r" + OperationNumber(radius), colour, CurrentPosition());
   }
   void BoxOutline(SurfacePoint topLeft, SurfacePoint bottomRight, Colour colour) override {
     Add("box " + OperationPoint(topLeft) + " " + OperationPoint(bottomRight), colour, bottomRight);
@@ -69,53 +71,41 @@ class RecordingSurface : public DrawingSurface {
     Add("filled box " + OperationPoint(topLeft) + " " + OperationPoint(bottomRight), colour, bottomRight);
   }
   void Text(std::string_view text, Colour colour) override {
-    Add("text [" + std::string(text) + "]", colour, position_);
+    Add("text [" + std::string(text) + "]", colour, CurrentPosition());
   }
 
-  SurfacePoint CurrentPosition() const override { return position_; }
   void SetCurrentPosition(SurfacePoint position) override {
     Operations.push_back("at " + OperationPoint(position));
-    position_ = position;
+    StatefulSurface::SetCurrentPosition(position);
   }
-  Colour FillColour() const override { return fillColour_; }
   void SetFillColour(Colour colour) override {
     Operations.push_back("fill colour " + OperationColour(colour));
-    fillColour_ = colour;
+    StatefulSurface::SetFillColour(colour);
   }
-  FillStyle CurrentFillStyle() const override { return fillStyle_; }
   void SetFillStyle(FillStyle style) override {
     Operations.push_back(style == FillStyle::Solid ? "fill solid" : "fill transparent");
-    fillStyle_ = style;
+    StatefulSurface::SetFillStyle(style);
   }
   Colour BackgroundColour() const override { return Background; }
   void SetPenWidth(int width) override {
     Operations.push_back("pen " + std::to_string(width));
-    penWidth_ = width;
+    StatefulSurface::SetPenWidth(width);
   }
-  std::string FontName() const override { return fontName_; }
   void SetFontName(const std::string& name) override {
     if (MissingFonts.contains(name)) throw RunTimeError(fault::kInvalidProcedureCall, name);
     Operations.push_back("font " + name);
-    fontName_ = name;
+    StatefulSurface::SetFontName(name);
   }
-  float FontSize() const override { return fontSize_; }
   void SetFontSize(float points) override {
     Operations.push_back("size " + OperationNumber(points));
-    fontSize_ = points;
+    StatefulSurface::SetFontSize(points);
   }
 
  private:
   void Add(const std::string& operation, Colour colour, SurfacePoint end) {
     Operations.push_back(operation + " " + OperationColour(colour));
-    position_ = end;
+    EndAt(end);
   }
-
-  SurfacePoint position_;
-  Colour fillColour_;
-  FillStyle fillStyle_ = FillStyle::Transparent;
-  int penWidth_ = 1;
-  std::string fontName_ = "Sans";
-  float fontSize_ = 8.25F;
 };
 
 }  // namespace lobegraph

@@ -58,8 +58,8 @@ QImage EmptyPicture(QSize units, qreal ratio, Colour background) {
 }  // namespace
 
 ImageSurface::ImageSurface(QSize units, qreal devicePixelRatio, Colour background)
-    : background_(background), faces_(QFont().family()), fontName_(QFont().family().toStdString()) {
-  font_.setPointSizeF(qreal{fontSize_});
+    : StatefulSurface(background, QFont().family().toStdString()), faces_(QFont().family()) {
+  font_.setPointSizeF(qreal{FontSize()});
   Resize(units, devicePixelRatio);
 }
 
@@ -67,8 +67,8 @@ void ImageSurface::Resize(QSize units, qreal devicePixelRatio) {
   if (painter_.isActive()) painter_.end();
   units_ = units;
   ratio_ = devicePixelRatio;
-  image_ = EmptyPicture(units, devicePixelRatio, background_);
-  position_ = {};
+  image_ = EmptyPicture(units, devicePixelRatio, BackgroundColour());
+  EndAt({});
   touched_ = QRect({}, units_);
 }
 
@@ -86,32 +86,32 @@ void ImageSurface::TakeUp(const QImage& picture) {
 QRect ImageSurface::TakeTouched() { return std::exchange(touched_, QRect()); }
 
 void ImageSurface::Clear() {
-  Painter().fillRect(QRect({}, units_), ToQt(background_));
-  position_ = {};
+  Painter().fillRect(QRect({}, units_), ToQt(BackgroundColour()));
+  EndAt({});
   touched_ = QRect({}, units_);
 }
 
 void ImageSurface::Line(SurfacePoint from, SurfacePoint to, Colour colour) {
-  if (const auto pixels = CrispLine(from, to, penWidth_, ratio_)) {
+  if (const auto pixels = CrispLine(from, to, PenWidth(), ratio_)) {
     Painter().fillRect(*pixels, ToQt(colour));
   } else {
     UsePen(colour);
     painter_.drawLine(ToQt(from), ToQt(to));
   }
   Touch(Between(from, to));
-  position_ = to;
+  EndAt(to);
 }
 
 void ImageSurface::Dot(SurfacePoint at, Colour colour) {
-  FillDisc(at, DevicePenWidth(penWidth_, ratio_) / ratio_ / 2.0, colour);
+  FillDisc(at, DevicePenWidth(PenWidth(), ratio_) / ratio_ / 2.0, colour);
   Touch(Between(at, at));
-  position_ = at;
+  EndAt(at);
 }
 
 void ImageSurface::Circle(SurfacePoint centre, float radius, Colour colour) {
-  if (fillStyle_ == FillStyle::Solid) FillDisc(centre, qreal{radius}, fillColour_);
+  if (CurrentFillStyle() == FillStyle::Solid) FillDisc(centre, qreal{radius}, FillColour());
   UsePen(colour);
-  if (DevicePenWidth(penWidth_, ratio_) == 1) {
+  if (DevicePenWidth(PenWidth(), ratio_) == 1) {
     painter_.drawEllipse(ToQt(centre), qreal{radius}, qreal{radius});
   } else {
     painter_.drawLines(CircleChords(centre, radius, ratio_));
@@ -120,7 +120,7 @@ void ImageSurface::Circle(SurfacePoint centre, float radius, Colour colour) {
 }
 
 void ImageSurface::BoxOutline(SurfacePoint topLeft, SurfacePoint bottomRight, Colour colour) {
-  const qreal half = DevicePenWidth(penWidth_, ratio_) / ratio_ / 2.0;
+  const qreal half = DevicePenWidth(PenWidth(), ratio_) / ratio_ / 2.0;
   const QRectF outer = OnPixels(Between(topLeft, bottomRight).adjusted(-half, -half, half, half), ratio_);
   const QRectF inner = outer.adjusted(2.0 * half, 2.0 * half, -2.0 * half, -2.0 * half);
   QPainterPath frame;
@@ -128,37 +128,37 @@ void ImageSurface::BoxOutline(SurfacePoint topLeft, SurfacePoint bottomRight, Co
   frame.addRect(inner);
   Painter().fillPath(frame, ToQt(colour));
   Touch(outer);
-  position_ = bottomRight;
+  EndAt(bottomRight);
 }
 
 void ImageSurface::FilledBox(SurfacePoint topLeft, SurfacePoint bottomRight, Colour colour) {
   const QRectF box = Between(topLeft, bottomRight);
   Painter().fillRect(OnPixels(box, ratio_), ToQt(colour));
   Touch(box);
-  position_ = bottomRight;
+  EndAt(bottomRight);
 }
 
 void ImageSurface::Text(std::string_view text, Colour colour) {
   const QString words = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
   const QFontMetricsF metrics(font_, &image_);
-  const qreal baseline = qreal{position_.Y} + metrics.ascent();
-  const QRectF ground(qreal{position_.X}, baseline - metrics.capHeight() - kTextGroundMargin,
+  const qreal baseline = qreal{CurrentPosition().Y} + metrics.ascent();
+  const QRectF ground(qreal{CurrentPosition().X}, baseline - metrics.capHeight() - kTextGroundMargin,
                       metrics.horizontalAdvance(words), metrics.capHeight() + 2.0 * kTextGroundMargin);
-  Painter().fillRect(ground, ToQt(background_));
+  Painter().fillRect(ground, ToQt(BackgroundColour()));
   painter_.setFont(font_);
   UsePen(colour);
-  painter_.drawText(QPointF(qreal{position_.X}, baseline), words);
+  painter_.drawText(QPointF(qreal{CurrentPosition().X}, baseline), words);
   Touch(ground.adjusted(0, 0, 0, metrics.descent()));
 }
 
 void ImageSurface::SetFontName(const std::string& name) {
   font_.setFamilies({faces_.FamilyFor(name)});
-  fontName_ = name;
+  StatefulSurface::SetFontName(name);
 }
 
 void ImageSurface::SetFontSize(float points) {
   font_.setPointSizeF(qreal{points});
-  fontSize_ = points;
+  StatefulSurface::SetFontSize(points);
 }
 
 QPainter& ImageSurface::Painter() {
@@ -171,7 +171,7 @@ QPainter& ImageSurface::Painter() {
 
 void ImageSurface::UsePen(Colour colour) {
   Painter().setPen(
-      QPen(ToQt(colour), DevicePenWidth(penWidth_, ratio_) / ratio_, Qt::SolidLine, Qt::SquareCap));
+      QPen(ToQt(colour), DevicePenWidth(PenWidth(), ratio_) / ratio_, Qt::SolidLine, Qt::SquareCap));
 }
 
 void ImageSurface::FillDisc(SurfacePoint centre, qreal radius, Colour colour) {
@@ -182,7 +182,7 @@ void ImageSurface::FillDisc(SurfacePoint centre, qreal radius, Colour colour) {
 }
 
 void ImageSurface::Touch(const QRectF& units) {
-  const qreal margin = penWidth_ / 2.0 + kSmoothMargin;
+  const qreal margin = PenWidth() / 2.0 + kSmoothMargin;
   touched_ |= units.adjusted(-margin, -margin, margin, margin).toAlignedRect() & QRect({}, units_);
 }
 

@@ -6,7 +6,7 @@
 #include <QRect>
 #include <string>
 
-#include "render/DrawingSurface.h"
+#include "render/StatefulSurface.h"
 #include "render/qt/FontFaces.h"
 
 namespace lobegraph {
@@ -14,7 +14,7 @@ namespace lobegraph {
 /// The drawing surface kept as a picture: what a window shows, a file holds and a page prints. Lines are
 /// smooth, but horizontal and vertical ones lie on whole pixels. 96 units are an inch on every screen, so
 /// 7-point text is 9.33 units high beside a plot of 468. Needs a QGuiApplication.
-class ImageSurface : public DrawingSurface {
+class ImageSurface : public StatefulSurface {
  public:
   /// An empty picture of the background colour. @param units width and height, above 0.
   ImageSurface(QSize units, qreal devicePixelRatio, Colour background);
@@ -25,7 +25,7 @@ class ImageSurface : public DrawingSurface {
   void Resize(QSize units, qreal devicePixelRatio);
   QSize SizeUnits() const { return units_; }
   /// Takes effect with the next Clear, and at once for text grounds.
-  void SetBackgroundColour(Colour colour) { background_ = colour; }
+  void SetBackgroundColour(Colour colour) { KeepBackgroundColour(colour); }
 
   /// The picture up to now, units_ * ratio pixels large, its device pixel ratio set. Valid until the next
   /// drawing.
@@ -44,17 +44,7 @@ class ImageSurface : public DrawingSurface {
   void FilledBox(SurfacePoint topLeft, SurfacePoint bottomRight, Colour colour) override;
   void Text(std::string_view text, Colour colour) override;
 
-  SurfacePoint CurrentPosition() const override { return position_; }
-  void SetCurrentPosition(SurfacePoint position) override { position_ = position; }
-  Colour FillColour() const override { return fillColour_; }
-  void SetFillColour(Colour colour) override { fillColour_ = colour; }
-  FillStyle CurrentFillStyle() const override { return fillStyle_; }
-  void SetFillStyle(FillStyle style) override { fillStyle_ = style; }
-  Colour BackgroundColour() const override { return background_; }
-  void SetPenWidth(int width) override { penWidth_ = width; }
-  std::string FontName() const override { return fontName_; }
   void SetFontName(const std::string& name) override;
-  float FontSize() const override { return fontSize_; }
   void SetFontSize(float points) override;
 
  private:
@@ -68,15 +58,8 @@ class ImageSurface : public DrawingSurface {
   QImage image_;
   QPainter painter_;
   QRect touched_;
-  SurfacePoint position_;
-  Colour background_;
-  Colour fillColour_;
-  FillStyle fillStyle_ = FillStyle::Transparent;
-  int penWidth_ = 1;
   FontFaces faces_;
   QFont font_;
-  std::string fontName_;
-  float fontSize_ = 8.25F;
 };
 
 }  // namespace lobegraph
