@@ -12,8 +12,9 @@ constexpr double kFullScaleDb = 60;
 constexpr double kFullScaleLevel = 1000;
 // Places within a step: the pulse comes when a meter's mean of three has settled, and early enough for its
 // five samples to end within the step.
-constexpr double kPulseBegin = 0.35;
+constexpr double kPulseBegin = 0.25;
 constexpr double kPulseEnd = 0.45;
+constexpr double kLongestJump = 0.15;
 // Into the step by a hair, so that rounding never gives the step before.
 constexpr double kIntoTheStep = 1e-6;
 
@@ -39,6 +40,10 @@ double SteppedTurn::HeldSince(double seconds) const {
 bool SteppedTurn::PulseHigh(double seconds) const {
   const double place = (seconds - HeldSince(seconds)) / step_;
   return seconds >= silence_ && place >= kPulseBegin && place < kPulseEnd;
+}
+
+double SteppedTurn::Next(double seconds, double elapsed) const {
+  return seconds + std::min(elapsed, kLongestJump * step_);
 }
 
 }  // namespace lobegraph

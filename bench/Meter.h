@@ -31,6 +31,9 @@ class SteppedTurn {
   double HeldSince(double seconds) const;
   /// Level of the pulse line.
   bool PulseHigh(double seconds) const;
+  /// The next moment of the turn. On a busy machine the rotator turns slower; it never passes over a pulse.
+  /// @param elapsed seconds of real time since the moment before
+  double Next(double seconds, double elapsed) const;
 
  private:
   double silence_;

@@ -3,6 +3,7 @@
 #include <chrono>
 #include <csignal>
 #include <thread>
+#include <utility>
 
 #include "settings/SettingsTable.h"
 
@@ -28,9 +29,13 @@ void MeterPlayer::Run() {
   using Clock = std::chrono::steady_clock;
   const auto start = Clock::now();
   const auto interval = options_.Kind == BenchKind::Program ? kProgramInterval : kMeterInterval;
+  double seconds = 0;
+  auto last = start;
   for (auto next = start; ended == 0; next += interval) {
     std::this_thread::sleep_until(next);
-    const double seconds = std::chrono::duration<double>(Clock::now() - start).count();
+    const auto now = Clock::now();
+    const double elapsed = std::chrono::duration<double>(now - std::exchange(last, now)).count();
+    seconds = pulses_ ? steps_.Next(seconds, elapsed) : seconds + elapsed;
     if (turn_.Over(seconds)) return;
     Play(seconds);
   }

@@ -1,13 +1,17 @@
 #include "acquisition/RotatorLine.h"
 
+#include <utility>
+
 #include "data/Rounding.h"
 
 namespace lobegraph {
 
 void RotatorLine::BeginWait() {
   if (parts_.Choice.GaugeBridgeTrigger) return;
-  lastState_ = 'L';
-  changes_ = LinePort().CtsChanges();
+  SCom& port = LinePort();
+  explained_ = port.CtsChanges();
+  lastState_ = port.CtsHolding() ? 'H' : 'L';
+  highAtBegin_ = lastState_ == 'H';
 }
 
 char RotatorLine::ReadTriggerState() {
@@ -24,14 +28,25 @@ char RotatorLine::ReadUsb() {
 }
 
 char RotatorLine::ReadLine() {
+  // High when the wait began, it counts though it may have fallen since.
+  if (std::exchange(highAtBegin_, false)) return 'H';
   SCom& port = LinePort();
   const std::optional<std::uint32_t> changes = port.CtsChanges();
   const char line = port.CtsHolding() ? 'H' : 'L';
-  // The same level again, yet it has changed meanwhile: the other level came and went between two polls.
-  const bool missed = line == lastState_ && changes && changes_ && *changes != *changes_;
-  changes_ = changes;
-  lastState_ = missed ? (line == 'H' ? 'L' : 'H') : line;
+  if (line != lastState_) {
+    lastState_ = line;
+    if (explained_) ++*explained_;
+  } else if (CameAndWent(changes)) {
+    lastState_ = line == 'H' ? 'L' : 'H';
+    explained_ = *changes - 1;
+  }
   return lastState_;
+}
+
+/// The line has its level again, but left it between two polls. One change more than was seen proves nothing:
+/// the count and the level are not of the same moment, and some drivers count milliseconds late.
+bool RotatorLine::CameAndWent(std::optional<std::uint32_t> changes) const {
+  return changes && explained_ && static_cast<std::int32_t>(*changes - *explained_) >= 2;
 }
 
 /// With equal numbers the meter's port carries the line as well, if it is open on that number: an old meter

@@ -38,11 +38,14 @@ class RotatorLine final : public TriggerLine {
  private:
   char ReadUsb();
   char ReadLine();
+  bool CameAndWent(std::optional<std::uint32_t> changes) const;
   SCom& LinePort();
 
   Parts parts_;
   char lastState_ = 'L';
-  std::optional<std::uint32_t> changes_;  ///< count of the driver at the last poll
+  bool highAtBegin_ = false;
+  /// Count of the driver as far as the levels seen account for it; it may run ahead of the driver's own.
+  std::optional<std::uint32_t> explained_;
 };
 
 }  // namespace lobegraph

@@ -36,11 +36,22 @@ struct TriggerRig {
     Choice.Commtrigger = 2;
     MSCommTrigger.IsOpen = true;
   }
-  /// The line's levels by poll; the last one stays.
+  /// Which value of a list holds at this poll; the first one before the first poll, the last one for ever.
+  std::size_t Place(std::size_t count) const {
+    return std::clamp<std::size_t>(static_cast<std::size_t>(UsbStateCount), 1, count) - 1;
+  }
+  /// The line's levels by poll.
   void Line(const std::string& levels) {
-    MSCommTrigger.Line = [this, levels] {
-      return levels[std::min<std::size_t>(static_cast<std::size_t>(UsbStateCount), levels.size()) - 1] == 'H';
-    };
+    MSCommTrigger.Line = [this, levels] { return levels[Place(levels.size())] == 'H'; };
+  }
+  /// What the driver has counted by poll.
+  void Counts(const std::vector<std::uint32_t>& counts) {
+    MSCommTrigger.Changes = [this, counts] { return counts[Place(counts.size())]; };
+  }
+  /// Whether the rest of the line's polls fires again.
+  bool FiresAgain() {
+    Pump.OnYield = [this](int) { Flags.HaltRequested = UsbStateCount >= 12; };
+    return Trigger.WaitForTrigger();
   }
 };
 
@@ -124,6 +135,41 @@ TEST(WaitForTrigger, AGapBetweenTwoPollsOfAHighLineFires) {
   rig.MSCommTrigger.Changes = [&] { return rig.UsbStateCount < 4 ? 1U : 3U; };
   EXPECT_TRUE(rig.Trigger.WaitForTrigger());
   EXPECT_EQ(rig.UsbStateCount, 4);
+}
+
+TEST(WaitForTrigger, AnEdgeBetweenCountAndLevelIsNotCountedTwice) {
+  TriggerRig rig;
+  rig.Line("LHHHL");
+  rig.Counts({0, 0, 1, 1, 2});  // the second poll read the count just before the line rose
+  EXPECT_TRUE(rig.Trigger.WaitForTrigger());
+  EXPECT_EQ(rig.UsbStateCount, 5) << "not before the line falls";
+  EXPECT_FALSE(rig.FiresAgain());
+}
+
+TEST(WaitForTrigger, ADriverThatCountsLateGivesOnePulseForEach) {
+  TriggerRig rig;
+  rig.Line("LHLLLLL");
+  rig.Counts({0, 0, 0, 0, 1, 2, 2});
+  EXPECT_TRUE(rig.Trigger.WaitForTrigger());
+  EXPECT_EQ(rig.UsbStateCount, 3);
+  rig.UsbStateCount = 6;
+  EXPECT_FALSE(rig.FiresAgain());
+}
+
+TEST(WaitForTrigger, ALineThatIsHighAtFirstAndFallsBeforeTheFirstPollFires) {
+  TriggerRig rig;
+  rig.MSCommTrigger.Line = [&] { return rig.UsbStateCount == 0; };
+  EXPECT_TRUE(rig.Trigger.WaitForTrigger());
+  EXPECT_EQ(rig.UsbStateCount, 2);
+}
+
+TEST(WaitForTrigger, APulseAfterAMissedOneIsAPulseOfItsOwn) {
+  TriggerRig rig;
+  rig.Counts({0, 2, 2, 2, 4});
+  EXPECT_TRUE(rig.Trigger.WaitForTrigger());
+  EXPECT_EQ(rig.UsbStateCount, 3);
+  EXPECT_TRUE(rig.FiresAgain());
+  EXPECT_EQ(rig.UsbStateCount, 6);
 }
 
 TEST(ReadTriggerState, OfDifferentNumbersReadsTheTriggersPort) {

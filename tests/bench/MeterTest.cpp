@@ -31,9 +31,24 @@ TEST(BenchMeter, InStepsTheLevelStandsAndThePulseComesWithinTheStep) {
   EXPECT_FALSE(turn.PulseHigh(0.04));
   EXPECT_NEAR(turn.HeldSince(1.39), 1.3, 1e-5);
   EXPECT_NEAR(turn.HeldSince(1.301), 1.3, 1e-5);
-  EXPECT_FALSE(turn.PulseHigh(1.33));
-  EXPECT_TRUE(turn.PulseHigh(1.34));
+  EXPECT_FALSE(turn.PulseHigh(1.32));
+  EXPECT_TRUE(turn.PulseHigh(1.33));
   EXPECT_FALSE(turn.PulseHigh(1.35));
+}
+
+TEST(BenchMeter, OnABusyMachineTheRotatorTurnsSlowerAndLosesNoPulse) {
+  TurnSettings settings;
+  settings.SecondsPerTurn = 9;
+  const SteppedTurn turn(settings);
+  int pulses = 0, moment = 0;
+  bool high = false;
+  for (double seconds = 0; seconds < 9; seconds = turn.Next(seconds, ++moment % 7 == 0 ? 0.5 : 0.004)) {
+    const bool rises = !high && turn.PulseHigh(seconds);
+    high = turn.PulseHigh(seconds);
+    if (rises) ++pulses;
+  }
+  EXPECT_EQ(pulses, 360);
+  EXPECT_DOUBLE_EQ(turn.Next(1, 0.001), 1.001);
 }
 
 TEST(BenchMeter, ATerminalCarriesValuesAndCommands) {

@@ -11,9 +11,9 @@ import gi
 gi.require_version("UMockdev", "1.0")
 from gi.repository import GLib, UMockdev  # noqa: E402
 
-TIOCMGET = 0x5415
-MODEM_SETTERS = (0x5416, 0x5417, 0x5418)
-CTS = 0x20
+TIOCMGET, TIOCMBIS, TIOCMBIC, TIOCMSET, TIOCGICOUNT = 0x5415, 0x5416, 0x5417, 0x5418, 0x545D
+RTS, CTS = 0x04, 0x20
+COUNTERS = 80  # bytes; the changes of CTS come first
 NO_DATA = 61  # ENODATA: no kernel driver is bound
 
 
@@ -52,17 +52,39 @@ class PulseLine(Handler):
 
 
 class SerialLines(PulseLine):
-    """The modem lines of a serial port."""
+    """The modem lines of a serial port whose driver counts the changes of CTS.
+
+    A wire may lead from RTS to the lines of another port, where it is CTS.
+    """
+
+    wire = None
+
+    def __init__(self):
+        super().__init__()
+        self.changes = 0
+
+    def __setattr__(self, name, value):
+        if name == "high" and value != self.high:
+            self.changes += 1
+        super().__setattr__(name, value)
 
     def answer(self, client, request):
         if request == TIOCMGET:
             lines = client.get_arg().resolve(0, 4)
             self.give(lambda high: lines.update(0, struct.pack("i", CTS if high else 0)))
-            return 0, 0
-        if request in MODEM_SETTERS:
-            return 0, 0
-        done = client.execute()
-        return done[0], done[1]
+        elif request == TIOCGICOUNT:
+            client.get_arg().resolve(0, COUNTERS).update(0, struct.pack("i", self.changes))
+        elif request in (TIOCMBIS, TIOCMBIC, TIOCMSET):
+            self.drive(request, struct.unpack("i", bytes(client.get_arg().resolve(0, 4).retrieve()))[0])
+        else:
+            done = client.execute()
+            return done[0], done[1]
+        return 0, 0
+
+    def drive(self, request, lines):
+        asserted = bool(lines & RTS)
+        if self.wire is not None and (asserted or request == TIOCMSET):
+            self.wire.high = asserted and request != TIOCMBIC
 
 
 def descriptor(product_index=2):

@@ -43,7 +43,8 @@ class FromOutside(unittest.TestCase):
 
     def tearDown(self):
         """Keeps what a failing test leaves on the screen."""
-        if self._outcome.success:
+        result = self._outcome.result
+        if all(test is not self for test, _ in [*result.errors, *result.failures]):
             return
         PICTURES.mkdir(parents=True, exist_ok=True)
         self.stage.picture(PICTURES / f"failed {self.id()}.png", title=None)
@@ -64,7 +65,11 @@ class FromOutside(unittest.TestCase):
     def open_window(self, *wrapper, options=None, **settings):
         """A program past its first start, its window on the screen."""
         self.keep_settings(**settings)
-        program = outside.Program(self.begin(*wrapper, **(options or {})))
+        return self.open_as_kept(*wrapper, **(options or {}))
+
+    def open_as_kept(self, *wrapper, **options):
+        """The window of a program with the settings as they are."""
+        program = outside.Program(self.begin(*wrapper, **options))
         program.find("Collect Data")
         program.learn()
         return program

@@ -1,19 +1,10 @@
-"""Whole turns of the real program with parts that this machine does not have: pulses on a COM port's CTS line, pulses on
-pin D0 of the USB module (both emulated below the program), and a radio behind its daemon."""
+"""Whole turns of the real program with parts that this machine does not have: pulses on a COM port's CTS line and on pin D0
+of the USB module, both emulated below the program."""
 import math
-import os
-import socket
-import time
 import unittest
 
-import emulated
-import from_outside
-import outside
-import pattern_file
-from from_outside import PROGRAMS, wait_for
-
-READINGS = 360
-METER = {"InputDeviceIsLineIn": "False", "InputDeviceIsdBMeter": "True", "Commport": "1", "StartupDelay": "0"}
+from from_outside import PROGRAMS, outside, wait_for
+from rotator import READINGS, MeanOfThree, Rotator, WithParts, saved_readings, stored_db, wait_for_published
 
 
 def true_db(index):
@@ -22,71 +13,12 @@ def true_db(index):
     return round(max(60 + 20 * math.log10(max(voltage, 1e-9)), 0), 1)
 
 
-def stored_db(level):
-    return 60 + 20 * math.log10(max(level, 1) / 1000)
-
-
-class Rotator:
-    """Steps of the rotator, each with its level and a pulse, in step with what the program has seen."""
-
-    def __init__(self, program, line, meter=None):
-        self.program, self.line, self.meter = program, line, meter
-        self.steps = 0
-        self.lows = line.given[False]  # answers "low" up to the end of the last pulse
-
-    def wait_given(self, high, count):
-        wait_for(f"the program to see the line {'high' if high else 'low'}", 20,
-                 lambda: self.line.given[high] >= count, 0.0005)
-
-    def wait_ready(self):
-        """The first low after the one that fired: the samples are taken, the program waits for the next pulse."""
-        self.wait_given(False, self.lows + 1)
-
-    def show_level(self, db):
-        """Three values fill the meter's mean. The last has leading zeros, another number of them than the one before:
-        what the meter's window shows then tells it from all others."""
-        value, self.steps = round(db * 10), self.steps + 1
-        last = f"{value:0{4 + self.steps % 2}d}"
-        os.write(self.meter, f"\r{value} \r{value} \r{last} ".encode())
-        wait_for(f"the meter's value {last}", 20, lambda: self.program.label("Meter reading") == last, 0.0005)
-
-    def pulse(self):
-        """One pulse, as long as the program needs to see it."""
-        before = self.line.given[True]
-        self.line.high = True
-        self.wait_given(True, before + 1)
-        # While the line is high nothing is answered "low", and the first low fires.
-        self.lows = self.line.given[False] + 1
-        self.line.high = False
-        self.wait_given(False, self.lows)
-
-    def step(self, db):
-        self.wait_ready()
-        self.show_level(db)
-        self.pulse()
-
-
-class Triggered(from_outside.FromOutside):
-    sound = False
-
-    def setUp(self):
-        super().setUp()
-        self.machine = emulated.Machine()
-        self.addCleanup(self.machine.close)
-        self.stage.environment.update(self.machine.environment())
-
-    def open(self, **settings):
-        return self.open_window("umockdev-wrapper", **METER, Trigger="1", **settings)
-
+class Triggered(WithParts):
     def whole_turn(self, program, rotator):
         program.press("Collect Data")
         for index in range(READINGS):
             rotator.step(true_db(index))
-        wait_for("the end of the turn", 20, lambda: program.enabled("Collect Data"))
-        path = self.stage.home / "turn.lbg"
-        self.save(program, path)
-        wait_for("the file", 10, path.exists)
-        readings = pattern_file.read(path)["Readings"]
+        readings = saved_readings(self, program)
         self.assertEqual(len(readings), READINGS)
         for index, level in enumerate(readings):
             self.assertAlmostEqual(stored_db(level), true_db(index), delta=0.5, msg=f"reading {index}")
@@ -130,43 +62,28 @@ class Triggered(from_outside.FromOutside):
         wait_for("the end of the turn", 10, lambda: program.enabled("Collect Data"))
 
 
-class Radio(from_outside.FromOutside):
-    sound = False
-
-    @staticmethod
-    def free_port():
-        with socket.socket() as probe:
-            probe.bind(("127.0.0.1", 0))
-            return probe.getsockname()[1]
-
-    def test_published_and_stored_values_of_a_radio_agree(self):
-        port = self.free_port()
-        daemon = self.stage.start("rigctld", "-m", "1", "-t", port)
-        self.addCleanup(outside.stop, daemon)
-        log = self.stage.home / "meter.log"
-        meter = self.stage.start(PROGRAMS / "lobegraph-meter", "--port", port, "--reference", "-20", log=log)
-        self.addCleanup(outside.stop, meter)
-        published = self.stage.settings.parent / "GaugeBridge.conf"
-        wait_for("a published value", 15, lambda: published.exists() and "Active=Y" in published.read_text())
-        program = self.open_window(**METER, GaugeBridge="True", RotateTime=4)
-        values = []
+class BenchPulses(WithParts):
+    def test_the_bench_steps_its_rotator_with_rts_wired_to_cts(self):
+        start, steps, step_seconds = 90, 40, 0.3
+        lines, _ = self.machine.serial_port("ttyUSB0")
+        outgoing, _ = self.machine.serial_port("ttyUSB1")
+        outgoing.wire = lines
+        program = self.open(GaugeBridge="True", Commtrigger="1")
+        bench = self.stage.start(
+            "umockdev-wrapper", PROGRAMS / "lobegraph-bench", "--as", "program", "--pulses-to", "/dev/ttyUSB1", "--antenna",
+            "cardioid", "--start-bearing", start, "--peak", 900, "--seconds", step_seconds * READINGS,
+            "--seconds-of-silence-before", 4, log=self.log)
+        self.addCleanup(outside.stop, bench)
+        wait_for_published(self.stage)
         program.press("Collect Data")
-        wait_for("the turn to begin", 10, lambda: program.enabled("Halt Collection"))
-        while not program.enabled("Collect Data"):
-            values.append(float(from_outside.read_settings(published)["Reading"]))
-            time.sleep(0.02)
-        path = self.stage.home / "radio.lbg"
-        self.save(program, path)
-        wait_for("the file", 10, path.exists)
-        stored = [stored_db(level) - 60 for level in pattern_file.read(path)["Readings"]]
-        self.assertEqual(len(stored), READINGS)
-        # The radio's meter jiggles by some dB many times a second; not every value was seen here.
-        self.assertGreaterEqual(min(stored), max(min(values), -60) - 4)
-        self.assertLessEqual(max(stored), max(values) + 4)
-        seen = [max(value, -60) for value in values]
-        self.assertAlmostEqual(sum(stored) / len(stored), sum(seen) / len(seen), delta=1.5)
-        outside.stop(meter)
-        self.assertIn("Active=N", published.read_text())
+        self.wait_for_readings(program, steps)
+        program.press("Halt Collection")
+        readings = saved_readings(self, program)
+        self.assertGreaterEqual(len(readings), steps)
+        model = MeanOfThree()  # of silence, at first
+        for index, level in enumerate(readings):
+            expected = model.reading(true_db(start + index) - 60)
+            self.assertAlmostEqual(stored_db(level), stored_db(expected), delta=0.5, msg=f"reading {index}")
 
 
 if __name__ == "__main__":

@@ -49,8 +49,13 @@ ChooserDialog::ChooserDialog(const AppParts& parts, SettingsStore& store, ComPor
   form_.Form_Load();
   connect(ok, &QPushButton::clicked, this, [this] { form_.cmdOK_Click(); });
   connect(cancel, &QPushButton::clicked, this, [this] { reject(); });
-  connect(optInput_, &QButtonGroup::idClicked, this, [this](int index) { form_.optInput_Click(index); });
-  connect(optTrigger_, &QButtonGroup::idClicked, this, [this](int index) { form_.optTrigger_Click(index); });
+  // A screen reader ticks an option without a click.
+  connect(optInput_, &QButtonGroup::idToggled, this, [this](int index, bool ticked) {
+    if (ticked) form_.optInput_Click(index);
+  });
+  connect(optTrigger_, &QButtonGroup::idToggled, this, [this](int index, bool ticked) {
+    if (ticked) form_.optTrigger_Click(index);
+  });
   for (QComboBox* list : {cboCommPort_, cboComTrigger_})
     connect(list, &QComboBox::currentIndexChanged, this, [this] { form_.PortChosen(); });
 }

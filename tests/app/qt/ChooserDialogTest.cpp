@@ -1,6 +1,7 @@
 // The input chooser and the meter window as widgets.
 #include "app/qt/ChooserDialog.h"
 
+#include <QAccessible>
 #include <QMenu>
 #include <QPushButton>
 #include <QRadioButton>
@@ -76,6 +77,19 @@ TEST(ChooserDialog, AClickedMeterShowsItsPortListAndOkSavesWhatIsSelected) {
   EXPECT_FALSE(rig.Dialog->isVisible());
   EXPECT_EQ(rig.Store.Held("Commport"), "5");
   EXPECT_EQ(rig.Store.Held("ROSKAmeter"), "True");
+}
+
+TEST(ChooserDialog, AnOptionTickedThroughAScreenReaderCountsAsClicked) {
+  DialogRig rig;
+  rig.Open({.Commtrigger = 4});
+  const auto tick = [](QRadioButton& option) {
+    auto* actions = QAccessible::queryAccessibleInterface(&option)->actionInterface();
+    actions->doAction(actions->actionNames().constFirst());
+  };
+  tick(rig.Find<QRadioButton>("optInput3"));
+  EXPECT_TRUE(rig.Choice.ROSKAmeter);
+  tick(rig.Find<QRadioButton>("optTrigger0"));
+  EXPECT_FALSE(rig.Find<QComboBox>("cboComTrigger").isEnabled());
 }
 
 class Leaving : public ::testing::TestWithParam<int> {};

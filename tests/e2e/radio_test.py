@@ -1,0 +1,119 @@
+"""Turns of the real program that measure with a radio's signal meter: a radio behind its daemon, the publishing program, the
+store."""
+import queue
+import socket
+import threading
+import time
+import unittest
+
+from from_outside import PROGRAMS, outside, wait_for
+from rotator import METER, READINGS, MeanOfThree, Rotator, WithParts, published, saved_readings, stored_db, wait_for_published
+
+
+class Relay:
+    """Stands between the publishing program and the radio's daemon: a question goes on when the test says so, and each
+    answer is known."""
+
+    def __init__(self, daemon_port):
+        self.daemon_port = daemon_port
+        self.server = socket.create_server(("127.0.0.1", 0))
+        self.port = self.server.getsockname()[1]
+        self.leave, self.answers = queue.Queue(), queue.Queue()
+        threading.Thread(target=self.serve, daemon=True).start()
+
+    def serve(self):
+        client, _ = self.server.accept()
+        with client, socket.create_connection(("127.0.0.1", self.daemon_port)) as daemon:
+            answered = daemon.makefile("rb")
+            for question in client.makefile("rb"):
+                self.leave.get()
+                daemon.sendall(question)
+                answer = answered.readline()
+                self.answers.put(int(answer))
+                client.sendall(answer)
+
+    def next_answer(self):
+        self.leave.put(None)
+        return self.answers.get(timeout=20)
+
+
+class Radio(WithParts):
+    REFERENCE = -20  # published as -5 dBm
+
+    def radio(self):
+        """@return the port of a daemon that answers for a radio which is not there"""
+        with socket.socket() as probe:
+            probe.bind(("127.0.0.1", 0))
+            port = probe.getsockname()[1]
+        daemon = self.stage.start("rigctld", "-m", "1", "-t", port)
+        self.addCleanup(outside.stop, daemon)
+        wait_for("the daemon", 20, lambda: self.answers(port))
+        return port
+
+    @staticmethod
+    def answers(port):
+        try:
+            socket.create_connection(("127.0.0.1", port)).close()
+            return True
+        except ConnectionRefusedError:
+            return False
+
+    def publish(self, port, *options):
+        meter = self.stage.start(PROGRAMS / "lobegraph-meter", "--port", port, "--reference", self.REFERENCE, *options,
+                                 log=self.log)
+        self.addCleanup(outside.stop, meter)
+        return meter
+
+    def test_each_stored_value_is_what_the_radio_reported(self):
+        relay = Relay(self.radio())
+        self.publish(relay.port, "--limit", 60000, "--interval", 1)
+        expected, model = [], MeanOfThree()
+
+        def radio_reports():
+            dbm = relay.next_answer() - self.REFERENCE - 5
+            wait_for(f"{dbm} dBm", 20, lambda: published(self.stage).get("Reading") == f"{dbm:.2f}", 0.0005)
+            return dbm
+
+        first = radio_reports()
+        wait_for_published(self.stage)
+        lines, _ = self.machine.serial_port("ttyUSB0")
+        program = self.open(GaugeBridge="True", Commtrigger="1")
+        rotator = Rotator(program, lines)
+        program.press("Collect Data")
+        rotator.wait_ready()
+        model.take(first)  # the one sample of the delay before the turn
+        for _ in range(90):
+            rotator.wait_ready()
+            expected.append(model.reading(radio_reports()))
+            rotator.pulse()
+        rotator.wait_ready()
+        program.press("Halt Collection")
+        readings = saved_readings(self, program)
+        self.assertEqual(len(readings), len(expected))
+        self.assertGreater(len({round(level) for level in expected}), 5, "the radio's signal moves")
+        for index, (stored, level) in enumerate(zip(readings, expected)):
+            self.assertAlmostEqual(stored_db(stored), stored_db(level), delta=0.001, msg=f"reading {index}")
+
+    def test_a_free_running_turn_follows_the_radio_and_the_end_is_published(self):
+        meter = self.publish(self.radio())
+        wait_for_published(self.stage)
+        program = self.open_window(**METER, GaugeBridge="True", RotateTime=4)
+        values = []
+        program.press("Collect Data")
+        wait_for("the turn to begin", 10, lambda: program.enabled("Halt Collection"))
+        while not program.enabled("Collect Data"):
+            values.append(float(published(self.stage)["Reading"]))
+            time.sleep(0.02)
+        stored = [stored_db(level) - 60 for level in saved_readings(self, program)]
+        self.assertEqual(len(stored), READINGS)
+        # The radio's meter jiggles by some dB many times a second; not every value was seen here.
+        self.assertGreaterEqual(min(stored), max(min(values), -60) - 4)
+        self.assertLessEqual(max(stored), max(values) + 4)
+        seen = [max(value, -60) for value in values]
+        self.assertAlmostEqual(sum(stored) / len(stored), sum(seen) / len(seen), delta=1.5)
+        outside.stop(meter)
+        self.assertEqual(published(self.stage)["Active"], "N")
+
+
+if __name__ == "__main__":
+    unittest.main(verbosity=2)
