@@ -33,6 +33,9 @@ QWidget* MakeLabel(const ControlRow& row, QWidget& parent) {
 QWidget* MakeTextBox(const ControlRow& row, QWidget& parent) {
   auto* box = new QLineEdit(Q(row.Caption), &parent);
   box->setReadOnly(row.Kind == ControlKind::ReadOnlyBox);
+  // These two have no label beside them.
+  if (row.Id == Control::txtX) box->setPlaceholderText("Angle");
+  if (row.Id == Control::txtY) box->setPlaceholderText("Level");
   // What only shows a value is no stop on the way through the window by keyboard.
   // A file dropped on a box is dropped on the window.
   box->setAcceptDrops(false);

@@ -6,6 +6,8 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QTimer>
+#include <QVBoxLayout>
+#include <algorithm>
 
 #include "app/qt/FontFace.h"
 #include "render/qt/QtColour.h"
@@ -13,10 +15,14 @@
 namespace lobegraph {
 namespace {
 
-constexpr int kBoxWidth = 64;
-constexpr int kLabelWidth = 230;
-constexpr int kPrimaryColumn = 1;
-constexpr int kOverlayColumn = 2;
+constexpr int kBoxWidth = 72;
+constexpr int kButtonRoom = 12;  // beside a caption
+constexpr int kLabelGap = 8;     // between a label and its box
+
+/// The columns that all frames share. A value's label reaches over the primary colours.
+enum Column { kLabelColumn, kPrimaryColumn, kOverlayColumn, kButtonColumn };
+constexpr int kValueColumn = kOverlayColumn;
+
 constexpr const char* kTabHint =
     "After changing any of the values in the boxes use the TAB key to accept the entry and move to the next "
     "entry.";
@@ -42,6 +48,14 @@ QString ColourSheet(QColor colour) {
       .arg(colour.name());
 }
 
+/// The two longest labels of the boxes take two lines, all others one.
+int LabelWidth(const QFontMetrics& metrics) {
+  std::vector<int> widths;
+  for (const SettingsBoxRow& row : SettingsBoxes()) widths.push_back(metrics.horizontalAdvance(Q(row.Label)));
+  std::sort(widths.rbegin(), widths.rend());
+  return widths.at(2) + kLabelGap;
+}
+
 /// Whether a focus that goes leaves the dialog's box for good: not for a menu, nor for another window.
 bool LeavesForGood(const QFocusEvent& event) {
   return event.reason() != Qt::ActiveWindowFocusReason && event.reason() != Qt::PopupFocusReason;
@@ -54,71 +68,89 @@ frmSettings::frmSettings(SettingsCommands& commands, QtDialogs& dialogs, const Q
     : QDialog(parent), commands_(commands), dialogs_(dialogs) {
   setObjectName("frmSettings");
   setWindowTitle("Lobegraph Settings");
-  auto* grid = new QGridLayout(this);
-  grid->addWidget(MakeGroup(SettingsGroup::AutoStartStop, " Auto Start/Stop Characterics ",
-                            "cmdSetDefaultValues", "auto start and stop"),
-                  0, 0, 2, 1);
-  grid->addWidget(MakeGroup(SettingsGroup::SoundCard, " Sound Card Characterics ",
-                            "cmdSetDefaultSoundCardValues", "the sound card"),
-                  2, 0);
-  grid->addWidget(MakeGroup(SettingsGroup::Other, "Other", "cmdSetDefaultOtherValues", "rotation and spikes"),
-                  0, 1);
-  grid->addWidget(MakeColours(), 1, 1, 2, 1);
-  grid->addWidget(MakeFoot(notice), 3, 0, 1, 2);
-  grid->setSizeConstraint(QLayout::SetFixedSize);
+  auto* all = new QVBoxLayout(this);
+  all->addWidget(MakeGroup(SettingsGroup::AutoStartStop, " Auto Start/Stop Characterics ",
+                           "cmdSetDefaultValues", "auto start and stop"));
+  all->addWidget(MakeGroup(SettingsGroup::SoundCard, " Sound Card Characterics ",
+                           "cmdSetDefaultSoundCardValues", "the sound card"));
+  all->addWidget(MakeGroup(SettingsGroup::Other, "Other", "cmdSetDefaultOtherValues", "rotation and spikes"));
+  all->addWidget(MakeColours());
+  all->addWidget(MakeFoot(notice));
+  all->setSizeConstraint(QLayout::SetFixedSize);
   BoxOf(SettingsBox::txtPeakInputLevel).setToolTip(kPeakToolTip);
   ApplyFace(*this, MenuFontFace());
+  AlignFrames();
   PaintColours();
   FillBoxes();
   BoxOf(SettingsBox::txtDetectStartLevel).setFocus();
 }
 
-QGroupBox* frmSettings::MakeGroup(SettingsGroup group, const QString& caption, const QString& defaultName,
-                                  const QString& about) {
-  auto* frame = new QGroupBox(caption, this);
-  auto* grid = new QGridLayout(frame);
+QGridLayout* frmSettings::MakeFrame(const QString& caption) {
+  auto* grid = new QGridLayout(new QGroupBox(caption, this));
+  frames_.push_back(grid);
+  return grid;
+}
+
+QWidget* frmSettings::MakeGroup(SettingsGroup group, const QString& caption, const QString& defaultName,
+                                const QString& about) {
+  QGridLayout* grid = MakeFrame(caption);
   for (const SettingsBoxRow& row : SettingsBoxes()) {
     if (row.Group != group) continue;
-    auto* box = new QLineEdit(frame);
-    box->setObjectName(Q(row.Name));
-    box->setAccessibleName(Q(row.Label));
-    box->setFixedWidth(kBoxWidth);
-    box->installEventFilter(this);
-    boxes_.at(static_cast<std::size_t>(row.Id)) = box;
-    connect(box, &QLineEdit::textChanged, this,
-            [this, id = row.Id](const QString& text) { commands_.Dialog().SetText(id, text.toStdString()); });
-    QLabel* label = MakeLabel(Q(row.Label));
-    label->setFixedWidth(kLabelWidth);
-    grid->addWidget(label, grid->rowCount(), 0);
-    grid->addWidget(box, grid->rowCount() - 1, 1, Qt::AlignTop);
+    grid->addWidget(MakeLabel(Q(row.Label)), grid->rowCount(), kLabelColumn, 1, 2);
+    grid->addWidget(MakeBox(row), grid->rowCount() - 1, kValueColumn);
   }
   QPushButton* button = MakeButton(defaultName, "Set default values", [this, group] {
     commands_.cmdSetDefaultValues_Click(group);
     FillBoxes();
   });
   button->setAccessibleName("Set default values of " + about);
-  grid->addWidget(button, grid->rowCount(), 0, 1, 2, Qt::AlignRight);
-  grid->setRowStretch(grid->rowCount(), 1);
-  return frame;
+  grid->addWidget(button, grid->rowCount() - 1, kButtonColumn);
+  return grid->parentWidget();
 }
 
-QGroupBox* frmSettings::MakeColours() {
-  auto* frame = new QGroupBox("Plotting Colours", this);
-  auto* grid = new QGridLayout(frame);
+QLineEdit* frmSettings::MakeBox(const SettingsBoxRow& row) {
+  auto* box = new QLineEdit(this);
+  box->setObjectName(Q(row.Name));
+  box->setAccessibleName(Q(row.Label));
+  box->setFixedWidth(kBoxWidth);
+  box->installEventFilter(this);
+  boxes_.at(static_cast<std::size_t>(row.Id)) = box;
+  connect(box, &QLineEdit::textChanged, this,
+          [this, id = row.Id](const QString& text) { commands_.Dialog().SetText(id, text.toStdString()); });
+  return box;
+}
+
+QWidget* frmSettings::MakeColours() {
+  QGridLayout* grid = MakeFrame("Plotting Colours");
   grid->addWidget(MakeLabel("Primary"), 0, kPrimaryColumn, Qt::AlignHCenter);
   grid->addWidget(MakeLabel("Overlay"), 0, kOverlayColumn, Qt::AlignHCenter);
   for (std::size_t i = 0; i < SettingsColours().size(); ++i) {
     const SettingsColourRow& row = SettingsColours()[i];
-    if (!row.Overlay) grid->addWidget(MakeLabel(Q(row.Label)), grid->rowCount(), 0);
+    if (!row.Overlay) grid->addWidget(MakeLabel(Q(row.Label)), grid->rowCount(), kLabelColumn);
     grid->addWidget(MakeColourButton(i), grid->rowCount() - 1, row.Overlay ? kOverlayColumn : kPrimaryColumn);
   }
   QPushButton* button = MakeButton("cmdDefault", "Set default colours", [this] {
     commands_.cmdDefault_Click();
     PaintColours();
   });
-  grid->addWidget(button, grid->rowCount(), 0, 1, 3, Qt::AlignRight);
-  grid->setRowStretch(grid->rowCount(), 1);
-  return frame;
+  grid->addWidget(button, grid->rowCount() - 1, kButtonColumn);
+  return grid->parentWidget();
+}
+
+/// Labels, boxes and buttons of all frames stand below each other, whatever the desktop's font measures.
+void frmSettings::AlignFrames() {
+  int buttonWidth = 0;
+  for (QPushButton* button : findChildren<QPushButton*>()) {
+    if (!button->text().isEmpty()) button->setMinimumWidth(button->sizeHint().width() + kButtonRoom);
+    buttonWidth = std::max(buttonWidth, button->minimumWidth());
+  }
+  const int labelWidth = LabelWidth(fontMetrics());
+  for (QGridLayout* grid : frames_) {
+    grid->setColumnMinimumWidth(kLabelColumn, labelWidth - kBoxWidth - grid->horizontalSpacing());
+    grid->setColumnMinimumWidth(kPrimaryColumn, kBoxWidth);
+    grid->setColumnMinimumWidth(kOverlayColumn, kBoxWidth);
+    grid->setColumnMinimumWidth(kButtonColumn, buttonWidth);
+  }
 }
 
 QPushButton* frmSettings::MakeColourButton(std::size_t index) {
@@ -126,7 +158,6 @@ QPushButton* frmSettings::MakeColourButton(std::size_t index) {
   QPushButton* button = MakeButton(Q(row.Name), "", [this, index] { ChooseColour(index); });
   button->setAccessibleName(Q(row.Label) + (row.Overlay ? " Overlay" : " Primary"));
   button->setToolTip(row.Overlay ? "Choose the colour for an overlay" : "Choose the colour");
-  button->setMinimumWidth(kBoxWidth);
   colours_.push_back(button);
   return button;
 }
@@ -138,12 +169,13 @@ QWidget* frmSettings::MakeFoot(const QString& notice) {
   grid->addWidget(MakeLabel(kTabHint), 0, 0, 1, 4);
   auto* lblNotice = MakeLabel(notice);
   lblNotice->setObjectName("lblNotice");
-  grid->addWidget(lblNotice, 1, 0);
-  grid->addWidget(MakeButton("cmdTextOnOff", "Text On/Off", [this] { commands_.cmdTextOnOff_Click(); }), 1,
-                  1);
-  grid->addWidget(MakePlainButton("cmdOK", "OK", [this] { accept(); }), 1, 2);
-  grid->addWidget(MakePlainButton("cmdCancel", "Cancel", [this] { reject(); }), 1, 3);
-  grid->setColumnStretch(0, 1);
+  grid->addWidget(lblNotice, 1, 0, 1, 4);
+  QPushButton* text = MakeButton("cmdTextOnOff", "Text On/Off", [this] { commands_.cmdTextOnOff_Click(); });
+  text->setToolTip("Hide what is written on the plot, or show it again");
+  grid->addWidget(text, 2, 0, Qt::AlignLeft);
+  grid->addWidget(MakePlainButton("cmdOK", "OK", [this] { accept(); }), 2, 2);
+  grid->addWidget(MakePlainButton("cmdCancel", "Cancel", [this] { reject(); }), 2, 3);
+  grid->setColumnStretch(1, 1);
   return foot;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDialog>
+#include <QGridLayout>
 #include <QGroupBox>
 #include <QLineEdit>
 #include <QPushButton>
@@ -31,9 +32,12 @@ class frmSettings : public QDialog {
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
-  QGroupBox* MakeGroup(SettingsGroup group, const QString& caption, const QString& defaultName,
-                       const QString& about);
-  QGroupBox* MakeColours();
+  QGridLayout* MakeFrame(const QString& caption);
+  QWidget* MakeGroup(SettingsGroup group, const QString& caption, const QString& defaultName,
+                     const QString& about);
+  QLineEdit* MakeBox(const SettingsBoxRow& row);
+  QWidget* MakeColours();
+  void AlignFrames();
   QWidget* MakeFoot(const QString& notice);
   /// A button whose press first leaves the box in hand.
   QPushButton* MakeButton(const QString& name, const QString& caption, const std::function<void()>& pressed);
@@ -54,6 +58,7 @@ class frmSettings : public QDialog {
   QtDialogs& dialogs_;
   std::array<QLineEdit*, static_cast<std::size_t>(SettingsBox::kCount)> boxes_{};
   std::vector<QPushButton*> colours_;
+  std::vector<QGridLayout*> frames_;
   bool returning_ = false;  ///< the focus is on its way back to a refused box
   bool closing_ = false;
 };

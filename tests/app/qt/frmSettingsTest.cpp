@@ -123,6 +123,34 @@ TEST_F(frmSettingsTest, TabGoesThroughTheGroupsOneAfterTheOther) {
                                  "cmdPlotBackground", "cmdDefault", "cmdTextOnOff", "cmdOK", "cmdCancel"));
 }
 
+TEST_F(frmSettingsTest, TheFramesShareTheirColumns) {
+  const auto left = [&](const QWidget& widget) { return widget.mapTo(dialog_.get(), QPoint(0, 0)).x(); };
+  const QWidget& overlay = Find<QWidget>("cmdPlotUserOverlayColour");
+  for (const SettingsBoxRow& row : SettingsBoxes()) {
+    const QLineEdit& box = Box(std::string(row.Name).c_str());
+    EXPECT_EQ(left(box), left(overlay)) << row.Name;
+    EXPECT_EQ(box.width(), overlay.width()) << row.Name;
+  }
+  const QWidget& button = Find<QWidget>("cmdDefault");
+  for (const char* name :
+       {"cmdSetDefaultValues", "cmdSetDefaultSoundCardValues", "cmdSetDefaultOtherValues"}) {
+    EXPECT_EQ(left(Find<QWidget>(name)), left(button)) << name;
+    EXPECT_EQ(Find<QWidget>(name).width(), button.width()) << name;
+  }
+}
+
+TEST_F(frmSettingsTest, NothingIsCut) {
+  for (const auto* label : dialog_->findChildren<QLabel*>()) {
+    const int width = label->width();
+    EXPECT_GE(label->height(), label->heightForWidth(width)) << label->text().toStdString();
+    EXPECT_LE(label->fontMetrics().boundingRect(0, 0, width, 999, Qt::TextWordWrap, label->text()).width(),
+              width)
+        << label->text().toStdString();
+  }
+  for (const auto* button : dialog_->findChildren<QPushButton*>())
+    EXPECT_GE(button->width(), button->sizeHint().width()) << button->objectName().toStdString();
+}
+
 TEST_F(frmSettingsTest, EnterIsInertInEveryBoxAndOnEveryButton) {
   Type("txtDetectStartLevel", "99");
   for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
