@@ -11,6 +11,7 @@
 #include <QLineEdit>
 #include <QSlider>
 #include <QTimer>
+#include <algorithm>
 #include <cstdlib>
 
 #include "app/qt/ChooserDialog.h"
@@ -118,6 +119,7 @@ void MainWindow::Run(const std::function<void()>& handler) {
   --depth_;
   if (depth_ > 0 || form_.Shared().Run.Running()) return;
   if (leavePending_) return Leave();
+  PlaceSurface();  // a window manager that grants no other size sends no resize
   if (ratioPending_) DrawForRatio(devicePixelRatioF());
 }
 
@@ -206,8 +208,10 @@ void MainWindow::showEvent(QShowEvent*) {
 
 void MainWindow::PlaceSurface() {
   const int surfaceWidth = view_.Grown() ? kSurfaceWidth : kPlotWidth;
-  surfaceFrame_.setGeometry((width() - surfaceWidth) / 2, (height() - kSurfaceHeight) / 2, surfaceWidth,
-                            kSurfaceHeight);
+  // Where a window manager grants less than was asked for, the plot stays whole.
+  const int left = std::max(0, (width() - surfaceWidth) / 2);
+  const int top = std::max(0, (height() - kSurfaceHeight) / 2);
+  surfaceFrame_.setGeometry(left, top, surfaceWidth, kSurfaceHeight);
 }
 
 void MainWindow::DrawForRatio(qreal ratio) {

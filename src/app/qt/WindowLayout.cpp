@@ -100,7 +100,8 @@ std::map<Control, QRect> PlotPlaces() {
   using enum Control;
   return {
       {lblDateTime, {8, 4, 180, 17}},
-      {lblOperator, {8, 21, 180, 17}},
+      // Its caption begins with a blank; the name stands below the date.
+      {lblOperator, {5, 21, 183, 17}},
       {lblNotice, {8, 38, 176, 17}},
       {lblCollectTitle, {313, 4, 180, 17}},
       {lblCollectedBy, {313, 21, 180, 17}},

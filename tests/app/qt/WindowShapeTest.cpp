@@ -1,3 +1,5 @@
+#include <QWindow>
+
 #include "app/qt/WindowFixture.h"
 #include "app/qt/WindowLayout.h"
 
@@ -76,6 +78,45 @@ TEST(WindowShapeTest, AShrunkWindowThatIsMaximisedAndRestoredIsStillShrunk) {
   window.Window.showNormal();
   RealWindow::Settle();
   EXPECT_EQ(window.Window.size(), kShrunk);
+}
+
+TEST(WindowShapeTest, AFullScreenWindowCountsAsMaximised) {
+  RealWindow window;
+  window.Window.showFullScreen();
+  RealWindow::Settle();
+  BoxWatch boxes;
+  window.Press("cmdShrink");
+  EXPECT_EQ(boxes.Texts, std::vector<std::string>{"The screen cannot be shrunk when it is maximised"});
+  EXPECT_TRUE(window.Find<QWidget>("Frame1").isVisible());
+}
+
+/// What a window manager decides, whatever size the window asks for.
+void Impose(RealWindow& window, const QSize& size) {
+  window.Window.windowHandle()->resize(size);
+  RealWindow::Settle();
+  ASSERT_EQ(window.Window.size(), size);
+}
+
+TEST(WindowShapeTest, ARefusedShrinkLeavesThePlotWholeInTheMiddle) {
+  RealWindow window;
+  window.Press("cmdShrink");
+  Impose(window, kGrown);
+  EXPECT_EQ(PlotOrigin(window).x(), (758 - 501) / 2);
+  EXPECT_TRUE(window.Find<QWidget>("cmdGrow").isVisible());
+  window.Press("cmdGrow");
+  EXPECT_EQ(PlotOrigin(window).x(), 0);
+  EXPECT_TRUE(window.Find<QWidget>("Frame1").isVisible());
+}
+
+TEST(WindowShapeTest, ARefusedGrowLeavesThePlotWholeAndShrinkInReach) {
+  RealWindow window;
+  window.Press("cmdShrink");
+  window.Press("cmdGrow");
+  Impose(window, kShrunk);
+  EXPECT_EQ(PlotOrigin(window), QPoint(0, 0));
+  window.Press("cmdShrink");
+  EXPECT_EQ(PlotOrigin(window), QPoint(0, 0));
+  EXPECT_TRUE(window.Find<QWidget>("cmdGrow").isVisible());
 }
 
 }  // namespace
