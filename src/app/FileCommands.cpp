@@ -40,6 +40,7 @@ void FileCommands::Load(const std::string& path) {
   ReadInto(path, bytes);
   shared.Loading = false;
   shared.WorkingFolder = FolderOf(path);
+  parts_.View.SetText(Control::lblHint, "Circ / Rect and Lin / Log show it in another way.");
 }
 
 void FileCommands::ReadInto(const std::string& path, const std::string& bytes) {

@@ -33,6 +33,6 @@ class RunCommands {
 std::string AfterRunHint(const RunReport& report, const std::string& copyFailure);
 
 /// The line of a window that holds nothing yet.
-inline constexpr const char* kFirstHint = "Start the rotator and press Collect Data.";
+inline constexpr const char* kFirstHint = "Calibrate Input, start the rotator, press Collect Data.";
 
 }  // namespace lobegraph
