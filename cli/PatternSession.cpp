@@ -79,35 +79,20 @@ void PatternSession::Apply(Transform transform) {
       if (Guarded("cmdSmooth_Click", [&] { Smooth(record_); })) ReDraw();
       return;
     case Transform::Reverse:
-      return ReverseReadings();
+      ReversePattern(record_, *this);
+      OrientPattern(record_, *this);
+      return;
     case Transform::DeSpike:
-      Guarded("cmdDeSpike_Click", [&] { DeSpikeReadings(); });
+      Guarded("cmdDeSpike_Click", [&] {
+        if (DeSpikePattern(record_, options_.SpikeDetectLevel, *this)) OrientPattern(record_, *this);
+      });
       return;
     case Transform::Orient:
-      return Orient();
+      OrientPattern(record_, *this);
+      return;
     case Transform::Original:
       if (record_.Held()) Guarded("cmdOriginalData_Click", [&] { ShowOriginal(); });
   }
-}
-
-void PatternSession::ReverseReadings() {
-  const bool turned = record_.Rotate != 0.F;
-  Reverse(record_);
-  boxes_.txtTrimFront = std::to_string(record_.TrimFront);
-  boxes_.txtTrimEnd = std::to_string(record_.TrimEnd);
-  if (turned) ShowRotation();
-  Orient();
-}
-
-void PatternSession::DeSpikeReadings() {
-  const DeSpikeOutcome outcome = DeSpike(record_, options_.SpikeDetectLevel, options_.PeakInputLevel);
-  if (outcome.Message) messages_.push_back(*outcome.Message);
-  if (outcome.Done) Orient();
-}
-
-void PatternSession::Orient() {
-  AutoOrient(
-      record_, options_.LinearMode, [&] { return ReDraw(); }, [&] { ShowRotation(); });
 }
 
 void PatternSession::ShowOriginal() {
@@ -130,28 +115,30 @@ void PatternSession::ShowPlotFields() {
   boxes_ = {SingleText(record_.Rotate), std::to_string(record_.TrimFront), std::to_string(record_.TrimEnd)};
 }
 
-void PatternSession::ShowRotation() { boxes_.txtRotate = FixedText(record_.Rotate, 0); }
-
 PlotResult PatternSession::ReDraw() {
   plot_ = {};
   error_.reset();
-  Guarded("ReDraw", [&] {
-    plot_ = BeginPlot(record_, boxes_, Options());
-    messages_.insert(messages_.end(), plot_.Messages.begin(), plot_.Messages.end());
-    if (plot_.ResetBox == PlotBox::Rotate) boxes_.txtRotate = "0";
-    if (plot_.ResetBox == PlotBox::TrimFront) boxes_.txtTrimFront = "0";
-    if (plot_.ResetBox == PlotBox::TrimEnd) boxes_.txtTrimEnd = "0";
-    if (plot_.FieldsShown) Complete();
-  });
+  Guarded("ReDraw", [&] { PlotPattern(record_, *this, plot_); });
   return plot_;
 }
 
-void PatternSession::Complete() {
-  ShowPlotFields();
-  CompletePlot(record_, Options(), plot_);
-  beamwidthDeg_ = plot_.BeamwidthDeg;
-  txtAngle_ = plot_.txtAngle;
-  txtGain_ = plot_.txtGain;
+void PatternSession::ShowPlot(const PlotResult& plot) {
+  beamwidthDeg_ = plot.BeamwidthDeg;
+  txtAngle_ = plot.txtAngle;
+  txtGain_ = plot.txtGain;
+}
+
+void PatternSession::SetBox(PlotBox box, const std::string& text) {
+  switch (box) {
+    case PlotBox::Rotate:
+      boxes_.txtRotate = text;
+      return;
+    case PlotBox::TrimFront:
+      boxes_.txtTrimFront = text;
+      return;
+    case PlotBox::TrimEnd:
+      boxes_.txtTrimEnd = text;
+  }
 }
 
 std::optional<std::string> PatternSession::IntegratedGainText() const {

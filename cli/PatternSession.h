@@ -9,7 +9,7 @@
 #include "data/FileAccess.h"
 #include "data/ReadingsRecord.h"
 #include "data/RunTimeError.h"
-#include "processing/PreparePlot.h"
+#include "processing/PatternCommands.h"
 
 namespace lobegraph {
 
@@ -33,7 +33,7 @@ struct SessionOptions {
 
 /// One pattern on its way through the program, with everything that the window would hold and show of it.
 /// Nothing here differs from the window; a test drives both.
-class PatternSession {
+class PatternSession : private PatternFront {
  public:
   /// @param overlayScale the scale of the plot that this pattern is drawn over; none: its own counts
   explicit PatternSession(SessionOptions options, std::optional<float> overlayScale = std::nullopt);
@@ -48,14 +48,14 @@ class PatternSession {
   const std::vector<std::string>& Messages() const { return messages_; }
   /// The file could not be read whole, or what the last command made of it cannot be plotted.
   const std::optional<RunTimeError>& Error() const { return error_; }
-  const PlotTexts& Boxes() const { return boxes_; }
+  PlotTexts Boxes() const override { return boxes_; }
   const std::string& txtAngle() const { return txtAngle_; }
   const std::string& txtGain() const { return txtGain_; }
   float BeamwidthDeg() const { return beamwidthDeg_; }
   /// Text that recalculating the gain by integration would now put in its box; none when it leaves the box
   /// alone.
   std::optional<std::string> IntegratedGainText() const;
-  PlotOptions Options() const;
+  PlotOptions Options() const override;
 
  private:
   using Action = std::function<void()>;
@@ -64,15 +64,13 @@ class PatternSession {
   void Load(FileAccess& files, const std::string& path);
   void Type();
   void Apply(Transform transform);
-  void DeSpikeReadings();
-  void ReverseReadings();
-  void Orient();
   void ShowOriginal();
   void ShowRecord();
-  void ShowPlotFields();
-  void ShowRotation();
-  PlotResult ReDraw();
-  void Complete();
+  void SetBox(PlotBox box, const std::string& text) override;
+  void ShowMessage(const std::string& text) override { messages_.push_back(text); }
+  void ShowPlotFields() override;
+  void ShowPlot(const PlotResult& plot) override;
+  PlotResult ReDraw() override;
 
   SessionOptions options_;
   std::optional<float> overlayScale_;

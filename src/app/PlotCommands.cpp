@@ -32,18 +32,12 @@ PlotResult PlotCommands::ReDraw() {
   PlotResult plot;
   if (!MayDraw()) return plot;
   if (!parts_.Shared.Overlay) board_.DrawCircularGrid();
-  Guarded(parts_.Dialogs, "ReDraw", [&] {
-    plot = BeginPlot(parts_.Shared.Record, Texts(), board_.Options());
-    ShowRefusal(plot);
-    if (plot.FieldsShown) Complete(plot);
-  });
+  Guarded(parts_.Dialogs, "ReDraw", [&] { PlotPattern(parts_.Shared.Record, *this, plot); });
   return plot;
 }
 
-void PlotCommands::Complete(PlotResult& plot) {
+void PlotCommands::ShowPlot(const PlotResult& plot) {
   Globals& shared = parts_.Shared;
-  ShowPlotFields();
-  CompletePlot(shared.Record, board_.Options(), plot);
   board_.DrawPattern(shared.Record, plot, shared.Overlay, parts_.View.Checked(Control::chkShow3dB));
   shared.BeamwidthDeg = plot.BeamwidthDeg;
   ShowFigures(plot.txtAngle, plot.txtGain);
@@ -143,11 +137,11 @@ void PlotCommands::cboElements_Change() {
 void PlotCommands::cmdIntegrate_Click() {
   ReadingsRecord& record = parts_.Shared.Record;
   Guarded(parts_.Dialogs, "cmdIntegrate_Click", [&] {
-    const RangeCheck check = CheckRange(record, Texts(), parts_.View.Checked(Control::chkCalibrate));
+    const RangeCheck check = CheckRange(record, Boxes(), parts_.View.Checked(Control::chkCalibrate));
     PlotResult refusal;
     if (check.Message) refusal.Messages.push_back(*check.Message);
     refusal.ResetBox = check.ResetBox;
-    ShowRefusal(refusal);
+    ShowRefusal(refusal, *this);
     if (!check.Passed) return;
     const auto gain = IntegratedGain(record);
     if (!gain) return;
@@ -201,10 +195,6 @@ void PlotCommands::ShowPolarization() {
   parts_.View.SetText(Control::cmdPolarization, horizontal ? "Hori&zontal" : "Vertic&al");
 }
 
-void PlotCommands::ShowRotation() {
-  parts_.View.SetText(Control::txtRotate, FixedText(parts_.Shared.Record.Rotate, 0));
-}
-
 void PlotCommands::EndOverlay() {
   parts_.Shared.Overlay = false;
   parts_.Shared.Beneath.reset();
@@ -218,12 +208,9 @@ void PlotCommands::ShowFigures(const std::string& txtAngle, const std::string& t
   parts_.View.SetToolTip(Control::txtGain, GainNote(txtGain, record.Elements, record.PolarizationHorizontal));
 }
 
-void PlotCommands::ShowRefusal(const PlotResult& plot) {
-  for (const std::string& message : plot.Messages) parts_.Dialogs.ShowText(message);
-  if (plot.ResetBox) parts_.View.SetText(BoxOf(*plot.ResetBox), "0");
-}
+void PlotCommands::SetBox(PlotBox box, const std::string& text) { parts_.View.SetText(BoxOf(box), text); }
 
-PlotTexts PlotCommands::Texts() const {
+PlotTexts PlotCommands::Boxes() const {
   return {parts_.View.Text(Control::txtRotate), parts_.View.Text(Control::txtTrimFront),
           parts_.View.Text(Control::txtTrimEnd)};
 }

@@ -2,20 +2,20 @@
 
 #include "app/AppParts.h"
 #include "app/PlotBoard.h"
-#include "processing/PlotResult.h"
+#include "processing/PatternCommands.h"
 
 namespace lobegraph {
 
 /// ReDraw and the commands that change how the readings are shown. None of them draws while a collection
 /// runs.
-class PlotCommands {
+class PlotCommands : public PatternFront {
  public:
   PlotCommands(const AppParts& parts, PlotBoard& board) : parts_(parts), board_(board) {}
 
   /// The plot of the record as boxes, check boxes and sliders now say: grid (unless a second pattern is drawn
   /// over the first), checks with their messages, trace, -3 dB points and figures. A fault is shown; the
   /// program lives on.
-  PlotResult ReDraw();
+  PlotResult ReDraw() override;
   /// The whole picture again as it is: an empty grid, or the pattern beneath and the one over it.
   void RedrawAll();
 
@@ -37,17 +37,17 @@ class PlotCommands {
   /// The record's words and plot fields into their controls.
   void ShowRecord();
   void ShowPolarization();
-  /// The rotation as the whole number that the record holds.
-  void ShowRotation();
   /// A command that draws anew ends an overlay.
   void EndOverlay();
   void ShowFigures(const std::string& txtAngle, const std::string& txtGain);
 
  private:
-  PlotTexts Texts() const;
-  void ShowPlotFields();
-  void ShowRefusal(const PlotResult& plot);
-  void Complete(PlotResult& plot);
+  PlotTexts Boxes() const override;
+  void SetBox(PlotBox box, const std::string& text) override;
+  PlotOptions Options() const override { return board_.Options(); }
+  void ShowMessage(const std::string& text) override { parts_.Dialogs.ShowText(text); }
+  void ShowPlotFields() override;
+  void ShowPlot(const PlotResult& plot) override;
   void DrawBeneath(ReadingsRecord beneath);
   bool MayDraw() const { return !parts_.Shared.Run.IsCollecting; }
 

@@ -1,6 +1,5 @@
 #include "app/TransformCommands.h"
 
-#include "data/Numbers.h"
 #include "processing/Transforms.h"
 
 namespace lobegraph {
@@ -11,40 +10,22 @@ void TransformCommands::cmdSmooth_Click() {
 }
 
 void TransformCommands::cmdReverse_Click() {
-  ReadingsRecord& record = parts_.Shared.Record;
   plot_.EndOverlay();
-  const bool turned = record.Rotate != 0.F;
-  Reverse(record);
-  parts_.View.SetText(Control::txtTrimFront, std::to_string(record.TrimFront));
-  parts_.View.SetText(Control::txtTrimEnd, std::to_string(record.TrimEnd));
-  if (turned) plot_.ShowRotation();
+  ReversePattern(parts_.Shared.Record, plot_);
   cmdRescaleData_Click();
 }
 
 void TransformCommands::cmdDeSpike_Click() {
-  Guarded(parts_.Dialogs, "cmdDeSpike_Click", [&] { DeSpikeReadings(); });
-}
-
-void TransformCommands::DeSpikeReadings() {
-  const SettingsValues& settings = parts_.Shared.Settings;
-  const DeSpikeOutcome outcome =
-      DeSpike(parts_.Shared.Record, settings.SpikeDetectLevel, settings.PeakInputLevel);
-  if (outcome.Message) parts_.Dialogs.ShowText(*outcome.Message);
-  if (outcome.Done) cmdRescaleData_Click();
+  Guarded(parts_.Dialogs, "cmdDeSpike_Click", [&] {
+    if (DeSpikePattern(parts_.Shared.Record, parts_.Shared.Settings.SpikeDetectLevel, plot_))
+      cmdRescaleData_Click();
+  });
 }
 
 void TransformCommands::cmdRescaleData_Click() {
   plot_.EndOverlay();
-  bool done = false;
-  AutoOrient(
-      parts_.Shared.Record, parts_.Shared.Settings.LinearMode,
-      [&] {
-        PlotResult plot = plot_.ReDraw();
-        done = plot.PlotDone;
-        return plot;
-      },
-      [&] { plot_.ShowRotation(); });
-  if (done) parts_.View.SetText(Control::lblHint, "Save File keeps the pattern.");
+  if (OrientPattern(parts_.Shared.Record, plot_))
+    parts_.View.SetText(Control::lblHint, "Save File keeps the pattern.");
 }
 
 void TransformCommands::cmdOriginalData_Click() {

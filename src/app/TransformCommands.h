@@ -20,7 +20,6 @@ class TransformCommands {
   void cmdOriginalData_Click();
 
  private:
-  void DeSpikeReadings();
   void ShowOriginal();
 
   AppParts parts_;

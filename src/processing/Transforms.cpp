@@ -91,16 +91,6 @@ float OrientationOf(const ReadingsRecord& record, const PlotResult& plot) {
   return WholeRotation(orientationDeg);
 }
 
-void AutoOrient(ReadingsRecord& record, bool linearMode, const std::function<PlotResult()>& redraw,
-                const std::function<void()>& showRotation) {
-  if (record.NumReadings < 2) return;
-  const PlotResult plot = redraw();
-  if (linearMode || !plot.PlotDone) return;
-  if (!record.Plot180) record.Rotate = OrientationOf(record, plot);
-  showRotation();
-  redraw();
-}
-
 void ClearPlotFields(ReadingsRecord& record, bool descriptionWasLoaded) {
   record.TrimEnd = 0;
   record.TrimFront = 0;

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <optional>
 #include <string>
 
@@ -34,13 +33,6 @@ DeSpikeOutcome DeSpike(ReadingsRecord& record, std::int16_t spikeDetectLevel, fl
 
 /// The rotation that centres the beam between the -3 dB points on 0 degrees: a whole number, 0 to 359.
 float OrientationOf(const ReadingsRecord& record, const PlotResult& plot);
-
-/// The automatic orientation: redraw, turn the record (unless it is a 180-degree set) and redraw.
-/// @param redraw makes the plot from the record and the boxes; an incomplete one ends the command
-/// @param showRotation puts the record's rotation into its box as a whole number
-/// In the rectangular drawing it only redraws; below three readings it does nothing.
-void AutoOrient(ReadingsRecord& record, bool linearMode, const std::function<PlotResult()>& redraw,
-                const std::function<void()>& showRotation);
 
 /// Everything that a new pattern makes void: trims, rotation, count, file name; the description when it came
 /// from a file.
