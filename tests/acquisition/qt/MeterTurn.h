@@ -1,5 +1,8 @@
 #pragma once
 
+#include <pty.h>
+#include <unistd.h>
+
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QThread>
@@ -22,6 +25,21 @@
 #include "support/TemporaryFolder.h"
 
 namespace lobegraph::test {
+
+/// A pseudo-terminal: what a program opens as a port, and the far end.
+struct Terminal {
+  int Master = -1, Slave = -1;
+  std::string Path;
+  Terminal() {
+    char name[64] = {};
+    if (openpty(&Master, &Slave, name, nullptr, nullptr) != 0) throw std::runtime_error("no pseudo-terminal");
+    Path = name;
+  }
+  ~Terminal() {
+    close(Slave);
+    close(Master);
+  }
+};
 
 /// Everything from the port or the store up to the record is real, in real time; only the window is a double.
 struct MeterTurn {

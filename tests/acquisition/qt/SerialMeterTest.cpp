@@ -1,8 +1,6 @@
 // Whole turns through pseudo-terminals and through the store, and everything that can go wrong with a meter
 // in the middle of one.
 #include <gmock/gmock.h>
-#include <pty.h>
-#include <sys/file.h>
 #include <sys/resource.h>
 #include <unistd.h>
 
@@ -17,6 +15,7 @@ namespace {
 
 using test::ChildProcess;
 using test::MeterTurn;
+using test::Terminal;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
@@ -102,57 +101,11 @@ TEST_P(Unplugged, TheTurnGoesOnOneMessageFollowsAndPluggingInAgainWorks) {
 }
 INSTANTIATE_TEST_SUITE_P(AtReading, Unplugged, ::testing::Values(0, 100, 359));
 
-TEST(SerialPort, WhoseFarEndIsGoneClosesAtTheFirstErrorAndIsTold) {
-  MeterTurn turn;
-  ChildProcess bench = turn.Bench({"--as", "roska", "--com", "5"});
-  ASSERT_TRUE(turn.OpenMeter("9600"));
-  bench.Kill();
-  EXPECT_TRUE(turn.Until([&] { return !turn.MSComm1.PortOpen(); }, 2000));
-  EXPECT_EQ(turn.Display.Shape, StatusColour::Red);
-  EXPECT_FALSE(turn.MSComm1.CtsHolding()) << "a closed port reads low";
-  EXPECT_EQ(turn.MSComm1.CtsChanges(), std::nullopt);
-  EXPECT_EQ(turn.Turn(4).Ran, false);
-  EXPECT_THAT(turn.Texts(), ElementsAre("The Com port for the serially attached dB meter is not available"));
-}
-
-TEST(SerialPort, InUseByAnotherProgramIsRefusedWithItsMessage) {
-  MeterTurn turn;
-  const ChildProcess bench = turn.Bench({"--as", "roska", "--com", "5"});
-  ASSERT_TRUE(turn.OpenMeter("9600"));
-  SerialControl other(turn.Ports);
-  other.SetPortNumber(MeterTurn::kCom);
-  EXPECT_FALSE(other.Open().Opened);
-}
-
-TEST(SerialPort, ThatDoesNotExistIsRefusedWithItsMessage) {
-  MeterTurn turn;
-  turn.Store.Save("Lobegraph", "Ports", "COM5", turn.Folder.File("nothing"));
-  turn.Devices.OpenMeterPort(5, "9600");
-  EXPECT_FALSE(turn.MSComm1.PortOpen());
-  EXPECT_THAT(turn.Texts(), ElementsAre(kMeterPortFailed));
-}
-
-TEST(SerialPort, ACalibrateCommandReachesTheMeter) {
-  MeterTurn turn;
-  const ChildProcess bench = turn.Bench({"--as", "roska", "--com", "5"});
-  ASSERT_TRUE(turn.OpenMeter("9600"));
-  turn.MSComm1.Send("*c");
-  EXPECT_TRUE(turn.Until(
-      [&] { return turn.Printed().find("calibrate command received") != std::string::npos; }, 3000));
-}
-
 /// A pseudo-terminal whose meter is the test itself.
-struct OwnMeter {
-  int Master = -1, Slave = -1;
+struct OwnMeter : Terminal {
   OwnMeter(MeterTurn& turn, const char* baud = "38400") {
-    char name[64] = {};
-    if (openpty(&Master, &Slave, name, nullptr, nullptr) != 0) throw std::runtime_error("no pseudo-terminal");
-    turn.Store.Save("Lobegraph", "Ports", "COM5", name);
+    turn.Store.Save("Lobegraph", "Ports", "COM5", Path);
     turn.Devices.OpenMeterPort(5, baud);
-  }
-  ~OwnMeter() {
-    close(Slave);
-    close(Master);
   }
   void Say(std::string_view text) const {
     while (!text.empty()) {
