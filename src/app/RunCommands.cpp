@@ -33,6 +33,8 @@ void RunCommands::AfterRun(const RunReport& report) {
 std::string AfterRunHint(const RunReport& report, const std::string& copyFailure) {
   if (report.ReadingsTaken <= 0) return "No reading was taken.";
   if (report.NothingHeard) return "Nothing was heard: check cable, volume and input.";
+  if (report.Late.Count == 1)
+    return "One reading came late, No. " + std::to_string(report.Late.First + 1) + ".";
   if (report.Late.Count > 0)
     return std::to_string(report.Late.Count) + " readings came late, the first is No. " +
            std::to_string(report.Late.First + 1) + ".";

@@ -36,12 +36,12 @@ bool SettingsCommands::Validate(SettingsBox box) {
 void SettingsCommands::ChooseColour(const SettingsColourRow& row, std::optional<Colour> colour) {
   if (!colour) return;
   Dialog().SetColour(row, colour->Stored());
-  if (row.Member == &SettingsValues::PlotBackground) ShowBackground();
+  if (row.Member == &SettingsValues::PlotBackground) DrawOnNewBackground();
 }
 
 void SettingsCommands::cmdDefault_Click() {
   Dialog().SetDefaultColours();
-  ShowBackground();
+  DrawOnNewBackground();
 }
 
 void SettingsCommands::cmdTextOnOff_Click() {
@@ -76,6 +76,11 @@ void SettingsCommands::ApplyInputLevelsAndRotationTime() {
   parts_.View.SetMaximum(Control::Slider2, settings.Slider2Maximum());
   // A shorter maximum may have moved the slider.
   parts_.View.SetText(Control::lblRotationTime, std::to_string(parts_.View.Value(Control::Slider2)));
+}
+
+void SettingsCommands::DrawOnNewBackground() {
+  ShowBackground();
+  plot_.RedrawAll();
 }
 
 void SettingsCommands::ShowBackground() {

@@ -43,6 +43,8 @@ class SettingsCommands {
 
  private:
   void ApplyInputLevelsAndRotationTime();
+  /// The drawing lies on the background: a new one is seen when it is drawn again.
+  void DrawOnNewBackground();
   void ShowBackground();
   template <typename Action>
   void Guard(std::string_view procedure, Action&& action);

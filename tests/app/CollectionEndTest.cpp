@@ -233,6 +233,8 @@ TEST(AfterRunHintTest, SaysTheMostUrgentFirst) {
   EXPECT_EQ(AfterRunHint(report, "Disk full"), "Save File now: the safety copy failed (Disk full).");
   report.Late = {3, 9, 20};
   EXPECT_EQ(AfterRunHint(report, ""), "3 readings came late, the first is No. 10.");
+  report.Late.Count = 1;
+  EXPECT_EQ(AfterRunHint(report, ""), "One reading came late, No. 10.");
   report.NothingHeard = true;
   EXPECT_EQ(AfterRunHint(report, ""), "Nothing was heard: check cable, volume and input.");
   report.ReadingsTaken = 0;

@@ -135,6 +135,7 @@ TEST_F(SettingsCommandsTest, OnlyTheBackgroundIsSeenAtOnce) {
   Open();
   for (const SettingsColourRow& row : SettingsColours()) settings_.ChooseColour(row, Colour{1, 2, 3});
   EXPECT_THAT(Only("window background"), ElementsAre("window background #010203"));
+  EXPECT_EQ(Grids(), 1);
   EXPECT_EQ(Shared.Settings.PlotGridColour, 1 + 256 * 2 + 65536 * 3);
 }
 
@@ -150,7 +151,8 @@ TEST_F(SettingsCommandsTest, DefaultColoursAreSeenAtOnce) {
   Shared.Settings.PlotBackground = 0;
   settings_.cmdDefault_Click();
   EXPECT_EQ(Shared.Settings.PlotUserColour, 16711680);
-  EXPECT_THAT(Log, ElementsAre("window background #e0e0e0"));
+  EXPECT_THAT(Only("window background"), ElementsAre("window background #e0e0e0"));
+  EXPECT_EQ(Grids(), 1) << "the drawing lies on the background";
 }
 
 TEST_F(SettingsCommandsTest, TextOnOffHidesSevenLabelsAndAButtonAndShowsThemAgain) {

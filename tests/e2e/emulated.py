@@ -107,6 +107,7 @@ class UsbModule(PulseLine):
 
     gone = False
     fail_pins = False
+    fail_release = False
 
     def __init__(self):
         super().__init__()
@@ -130,6 +131,8 @@ class UsbModule(PulseLine):
         if request in (0x8004550F, 0x8108551B):  # claim, or detach the kernel's driver and claim
             self.claimed.append(struct.unpack("I", bytes(client.get_arg().resolve(0, 4).retrieve()))[0])
             return 0, 0
+        if request == 0x80045510 and self.fail_release:
+            return -1, errno.EIO
         if request in (0x41045508, 0xC0105512):
             return -1, NO_DATA
         return 0, 0

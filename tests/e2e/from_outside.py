@@ -21,6 +21,11 @@ def read_settings(path):
     return dict(line.split("=", 1) for line in lines if "=" in line)
 
 
+def maximum(slider):
+    slider.clear_cache()
+    return outside.Atspi.Value.get_maximum_value(slider)
+
+
 class FromOutside(unittest.TestCase):
     """A display of its own; `sound` says whether a sound server stands on the stage as well."""
 
@@ -114,6 +119,25 @@ class FromOutside(unittest.TestCase):
             return self.stage.output("xdotool", "search", "--onlyvisible", "--name", name).split()
 
         self.stage.output("xdotool", "windowactivate", "--sync", wait_for(f"a window named {name}", 10, found)[-1])
+
+    def keys(self, *names):
+        """Presses keys, one after the other, in the window that has the focus."""
+        self.stage.output("xdotool", "key", "--clearmodifiers", "--delay", "25", *names)
+
+    def write(self, text):
+        self.stage.output("xdotool", "type", "--delay", "8", text)
+
+    def window_id(self):
+        return self.stage.output("xdotool", "search", "--onlyvisible", "--name", "^Lobegraph V").split()[-1]
+
+    def window_size(self):
+        geometry = self.stage.output("xdotool", "getwindowgeometry", "--shell", self.window_id())
+        values = dict(line.split("=") for line in geometry.splitlines() if "=" in line)
+        return int(values["WIDTH"]), int(values["HEIGHT"])
+
+    def click(self, x, y, *click):
+        """On the main window; `click` as xdotool wants it."""
+        self.stage.output("xdotool", "mousemove", "--window", self.window_id(), str(x), str(y), "click", *click)
 
     def leave(self, program):
         program.press("Exit")

@@ -85,9 +85,10 @@ FtStatus FtdiModule::FT_OpenEx(const FtDescription& description, std::uint32_t, 
 
 FtStatus FtdiModule::FT_Close(FtHandle handle) {
   if (!IsOpen(handle)) return kFtInvalidHandle;
-  // The channel is released whatever the bus answers; a module that was pulled out is no failed close.
+  // A module that was pulled out is no failed close; whatever the bus answers, the channel is given up.
+  const int released = libusb_release_interface(context_->usb_dev, context_->interface);
   Release();
-  return kFtOk;
+  return released == LIBUSB_ERROR_NO_DEVICE ? kFtOk : StatusOf(released);
 }
 
 void FtdiModule::Release() {
