@@ -1,7 +1,25 @@
 #!/usr/bin/env bash
-# What takes its time: every test once more under AddressSanitizer and UndefinedBehaviorSanitizer.
+# What takes its time: every test once more under AddressSanitizer and UndefinedBehaviorSanitizer, the capture thread under
+# ThreadSanitizer, an hour of turns, an hour of random keys and clicks, 400 changed operators and constants.
+# LOBEGRAPH_HOUR=600 makes the hours shorter.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
+. scripts/packages.sh
+need $PACKAGES_LONG
+export LOBEGRAPH_LONG=1 PYTHONDONTWRITEBYTECODE=1
+hour="${LOBEGRAPH_HOUR:-3600}"
+
 cmake --preset asan
 cmake --build --preset asan
 ctest --preset asan --parallel "$(nproc)"
+
+# At addresses that do not wander: the runtime knows no others.
+cmake --preset tsan
+setarch -R cmake --build --preset tsan
+export TSAN_OPTIONS="suppressions=$PWD/tests/tsan.supp halt_on_error=1 second_deadlock_stack=1"
+setarch -R build/tsan/tests/test_acquisition --gtest_brief=1
+setarch -R build/tsan/tests/test_acquisition_qt --gtest_brief=1 --gtest_filter='PulseCapture*'
+
+scripts/monkey.py build/asan/bin --seconds "$hour"
+dbus-run-session -- /usr/bin/python3 scripts/endurance.py build/dev/bin --seconds "$hour"
+scripts/mutation.py

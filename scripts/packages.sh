@@ -6,7 +6,9 @@ PACKAGES_BUILD="g++ cmake ninja-build pkg-config qt6-base-dev qt6-serialport-dev
 PACKAGES_DEMO="xvfb xauth openbox x11-utils imagemagick fonts-liberation dbus at-spi2-core gir1.2-atspi-2.0 python3
   python3-gi pulseaudio pulseaudio-utils"
 PACKAGES_TEST="nec2c splat x11-apps libgtest-dev libgmock-dev libbenchmark-dev clang-tidy-16 clang-format locales xdotool wmctrl
-  python3-xlib umockdev gir1.2-umockdev-1.0 libhamlib-utils"
+  python3-xlib umockdev gir1.2-umockdev-1.0 libhamlib-utils libfaketime"
+# What "./test --long" needs besides.
+PACKAGES_LONG="python3-clang-16 libclang-common-16-dev"
 
 # need PACKAGE... : installs those that are not there; asks for root rights only then.
 need() {

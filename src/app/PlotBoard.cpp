@@ -1,5 +1,7 @@
 #include "app/PlotBoard.h"
 
+#include <cassert>
+
 #include "render/CircularGrid.h"
 #include "render/Trace.h"
 
@@ -18,6 +20,7 @@ void PlotBoard::DrawCircularGrid() {
 
 void PlotBoard::DrawPattern(const ReadingsRecord& record, const PlotResult& plot, bool overlay,
                             bool show3dB) {
+  assert(!parts_.Shared.Run.IsCollecting && "would wipe the live trace");
   const SettingsValues& settings = parts_.Shared.Settings;
   DrawTrace(plotter_, plot,
             {.RotationOffset = RotationOffsetOf(settings.LinearMode, record.Plot180, record.Rotate),

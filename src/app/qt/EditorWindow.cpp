@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 #include <array>
+#include <functional>
 #include <utility>
 
 #include "app/qt/FontFace.h"
@@ -79,7 +80,7 @@ QPushButton* EditorWindow::AddButton(QWidget& column, const char* name, const ch
   button->setAccessibleName(caption);
   column.layout()->addWidget(button);
   connect(button, &QPushButton::clicked, this,
-          [this, command] { run_([this, command] { (commands_->*command)(); }); });
+          [this, command] { run_([this, command] { std::invoke(command, commands_); }); });
   return button;
 }
 
