@@ -16,7 +16,7 @@ ctest --preset asan --parallel "$(nproc)"
 # At addresses that do not wander: the runtime knows no others.
 cmake --preset tsan
 setarch -R cmake --build --preset tsan
-export TSAN_OPTIONS="suppressions=$PWD/tests/tsan.supp halt_on_error=1 second_deadlock_stack=1"
+export TSAN_OPTIONS="halt_on_error=1 second_deadlock_stack=1"
 setarch -R build/tsan/tests/test_acquisition --gtest_brief=1
 setarch -R build/tsan/tests/test_acquisition_qt --gtest_brief=1 --gtest_filter='PulseCapture*'
 
