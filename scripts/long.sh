@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# What takes its time: every test once more under AddressSanitizer and UndefinedBehaviorSanitizer, the capture thread under
+# What takes its time: turns under Wayland and with PipeWire, every test once more under AddressSanitizer and UndefinedBehaviorSanitizer, the capture thread under
 # ThreadSanitizer, an hour of turns, an hour of random keys and clicks, 400 changed operators and constants.
 # LOBEGRAPH_HOUR=600 makes the hours shorter.
 set -euo pipefail
@@ -8,6 +8,9 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 need $PACKAGES_LONG
 export LOBEGRAPH_LONG=1 PYTHONDONTWRITEBYTECODE=1
 hour="${LOBEGRAPH_HOUR:-3600}"
+
+LOBEGRAPH_PROGRAMS="$PWD/build/dev/bin" LOBEGRAPH_PICTURES="$PWD/build/dev/screenshots" \
+  dbus-run-session -- /usr/bin/python3 tests/e2e/modern_desktop_test.py
 
 cmake --preset asan
 cmake --build --preset asan

@@ -8,7 +8,7 @@ PACKAGES_DEMO="xvfb xauth openbox x11-utils imagemagick fonts-liberation dbus at
 PACKAGES_TEST="nec2c splat x11-apps libgtest-dev libgmock-dev libbenchmark-dev clang-tidy-16 clang-format locales xdotool wmctrl
   python3-xlib umockdev gir1.2-umockdev-1.0 libhamlib-utils libfaketime"
 # What "./test --long" needs besides.
-PACKAGES_LONG="python3-clang-16 libclang-common-16-dev"
+PACKAGES_LONG="python3-clang-16 libclang-common-16-dev weston qt6-wayland pipewire pipewire-pulse wireplumber"
 
 # need PACKAGE... : installs those that are not there; asks for root rights only then.
 need() {
