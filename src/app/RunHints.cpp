@@ -24,4 +24,9 @@ std::string ProgressHint(int reading, bool triggered, int rotationSeconds) {
   return place + ", " + TimeLeft(kReadingsPerTurn - reading, rotationSeconds) + " left.";
 }
 
+std::string CalibrateHint(bool soundCard) {
+  return soundCard ? "At the peak set the level to green; then untick Calibrate."
+                   : "Watch the level; then untick Calibrate Input.";
+}
+
 }  // namespace lobegraph

@@ -13,7 +13,10 @@ std::string StartHint(bool autoStart, bool triggered, int rotationSeconds);
 /// @param reading taken so far, from 1
 std::string ProgressHint(int reading, bool triggered, int rotationSeconds);
 
-inline constexpr const char* kCalibrateHint = "Calibrating: set the level, then untick Calibrate Input.";
+/// While the sweep runs. Only the sound card's level has a colour to aim at, and a volume to set.
+std::string CalibrateHint(bool soundCard);
+/// After the sweep.
+inline constexpr const char* kCalibratedHint = "Start the rotator, then press Collect Data.";
 
 /// Time left of a turn: "0:43", "12:05".
 std::string TimeLeft(int readingsLeft, int rotationSeconds);

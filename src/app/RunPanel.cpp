@@ -41,13 +41,13 @@ void RunPanel::Unlock() {
 }
 
 void RunPanel::LockForSweep() {
-  BeginHint(kCalibrateHint);
+  BeginHint(CalibrateHint(!parts_.Shared.Settings.Input.InputDeviceIsdBMeter));
   Enable(LockedInSweep(), false);
 }
 
 void RunPanel::UnlockAfterSweep() {
   Enable(LockedInSweep(), true);
-  parts_.View.SetText(Control::lblHint, hintBefore_);
+  parts_.View.SetText(Control::lblHint, kCalibratedHint);
 }
 
 void RunPanel::BeginHint(const std::string& hint) {

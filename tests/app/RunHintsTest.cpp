@@ -72,18 +72,22 @@ TEST_F(RunHintsInTheWindow, AnAbandonedStartLeavesTheLineAsItWas) {
   EXPECT_EQ(Text(lblHint), before);
 }
 
-TEST_F(RunHintsInTheWindow, ASweepTellsWhatToDoAndLeavesTheLineAsItWas) {
-  const std::string before = Text(lblHint);
+TEST(RunHintsTest, OnlyTheSoundCardHasAColourToAimAt) {
+  EXPECT_THAT(CalibrateHint(true), testing::HasSubstr("green"));
+  EXPECT_THAT(CalibrateHint(false), testing::Not(testing::HasSubstr("green")));
+}
+
+TEST_F(RunHintsInTheWindow, ASweepTellsWhatToDoMeanwhileAndNext) {
   bool told = false;
   OnYield = [&] {
-    told |= Text(lblHint) == kCalibrateHint;
+    told |= Text(lblHint) == "At the peak set the level to green; then untick Calibrate.";
     View.Of(chkCalibrate).Checked = false;
   };
   View.Of(chkCalibrate).Checked = true;
   Form.Click(chkCalibrate);
   Form.Run().Timer1_Timer();
   EXPECT_TRUE(told);
-  EXPECT_EQ(Text(lblHint), before);
+  EXPECT_EQ(Text(lblHint), "Start the rotator, then press Collect Data.");
 }
 
 }  // namespace
