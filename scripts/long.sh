@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# What takes its time: turns under Wayland and with PipeWire, every test once more under AddressSanitizer and UndefinedBehaviorSanitizer, the capture thread under
-# ThreadSanitizer, an hour of turns, an hour of random keys and clicks, 400 changed operators and constants.
+# What takes its time: turns under Wayland and with PipeWire, every test once more under AddressSanitizer and
+# UndefinedBehaviorSanitizer, the capture thread under ThreadSanitizer, an hour of turns, an hour of random keys and clicks,
+# 400 changed operators and constants.
 # LOBEGRAPH_HOUR=600 makes the hours shorter.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
