@@ -1,6 +1,7 @@
 #include <QApplication>
 #include <QTimer>
 
+#include "app/qt/HelpOpener.h"
 #include "app/qt/MainWindow.h"
 #include "app/qt/OutlinedStyle.h"
 #include "app/qt/SessionEnd.h"
@@ -13,6 +14,7 @@ int main(int argc, char** argv) {
   QApplication::setQuitOnLastWindowClosed(false);
   lobegraph::MainWindow window("V" LOBEGRAPH_VERSION);
   const lobegraph::SessionEnd sessionEnd([&window] { window.LeaveNow(); });
+  new lobegraph::HelpOpener(application, QApplication::applicationDirPath() + '/' + lobegraph::kHelpFileName);
   QTimer::singleShot(0, &window, [&window] {
     window.Load();
     window.show();

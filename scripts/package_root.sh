@@ -1,0 +1,58 @@
+#!/bin/bash
+# Runs inside the Debian root of package_test.sh: installs /lobegraph.deb, uses it, removes it.
+set -euo pipefail
+export DEBIAN_FRONTEND=noninteractive LC_ALL=C.UTF-8 HOME=/root PATH=/usr/sbin:/usr/bin:/sbin:/bin
+
+# Every file but what the package manager keeps for itself, and what programs leave where they run.
+files() {
+  find / -xdev \( -path /proc -o -path /sys -o -path /dev -o -path /tmp -o -path /run -o -path /root -o -path /var/cache \
+    -o -path /var/lib/apt -o -path /var/lib/dpkg -o -path /var/log \) -prune -o -print | sort
+}
+
+# wait_for WHAT SECONDS COMMAND...
+wait_for() {
+  local what=$1 end=$((SECONDS + $2))
+  shift 2
+  until "$@"; do
+    [ $SECONDS -lt $end ] || { echo "waited too long for $what" >&2; cat /tmp/*.log >&2; xwininfo -root -tree >&2; exit 1; }
+    sleep 0.2
+  done
+}
+window() { xwininfo -root -tree 2>/dev/null | grep -q "\"$1"; }
+gone() { ! kill -0 "$1" 2>/dev/null; }
+
+echo "== what it needs"
+apt-get update -qq
+apt-get satisfy -y -qq --no-install-recommends "$(dpkg-deb -f /lobegraph.deb Depends)" >/tmp/apt.log 2>&1 || { cat /tmp/apt.log; exit 1; }
+files >/tmp/before
+
+echo "== installing"
+apt-get install -y -qq --no-install-recommends /lobegraph.deb >/tmp/apt.log 2>&1 || { cat /tmp/apt.log; exit 1; }
+grep -q x-lobegraph-pattern /usr/share/mime/globs2
+desktop-file-validate /usr/share/applications/lobegraph.desktop
+for program in lobegraph-cli lobegraph-meter lobegraph-bench; do
+  "$program" --help >/dev/null
+  [ -s "/usr/share/man/man1/$program.1.gz" ]
+done
+
+echo "== starting"
+mkdir -p /root/.config/lobegraph
+printf '[Settings]\nUsername=N0CALL\n' >/root/.config/lobegraph/Lobegraph.conf
+export DISPLAY=:77
+Xvfb :77 -screen 0 1024x768x24 -nolisten tcp >/tmp/xvfb.log 2>&1 &
+wait_for "the display" 20 xwininfo -root -children >/dev/null 2>&1
+openbox >/tmp/openbox.log 2>&1 &
+dbus-run-session -- lobegraph >/tmp/lobegraph.log 2>&1 &
+program=$!
+wait_for "the window" 40 window "Lobegraph V"
+sleep 1
+xdotool search --onlyvisible --name '^Lobegraph V' windowactivate --sync key F1
+wait_for "the guide" 20 window ".*Lobegraph Help"
+echo "its window and its guide are there"
+xdotool search --onlyvisible --name '^Lobegraph V' windowactivate --sync key alt+x
+wait_for "its end" 20 gone $program
+
+echo "== removing"
+apt-get purge -y -qq lobegraph >/tmp/apt.log 2>&1 || { cat /tmp/apt.log; exit 1; }
+files >/tmp/after
+diff /tmp/before /tmp/after && echo "nothing is left"
