@@ -3,7 +3,7 @@
 namespace lobegraph {
 namespace {
 
-constexpr const char* kDialogNotice = "Settings are kept for each user of this computer.";
+constexpr const char* kDialogNotice = "Settings are kept for each user.";
 
 }  // namespace
 

@@ -68,7 +68,7 @@ TEST_F(SettingsCommandsTest, TheMouseBelongsToTheAnalysisLinesWhileTheyAreShown)
 
 TEST_F(SettingsCommandsTest, OpeningSetsTheNotice) {
   settings_.Form_Load();
-  EXPECT_EQ(Shared.NoticeText, "Settings are kept for each user of this computer.");
+  EXPECT_EQ(Shared.NoticeText, "Settings are kept for each user.");
 }
 
 TEST_F(SettingsCommandsTest, ARefusedBoxShowsItsMessageOnce) {

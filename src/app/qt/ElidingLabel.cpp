@@ -14,10 +14,17 @@ QString ElidingLabel::ShownText() const {
 
 void ElidingLabel::paintEvent(QPaintEvent* event) {
   const QString shown = ShownText();
-  if (shown == text()) return QLabel::paintEvent(event);
+  if (shown == text()) QLabel::paintEvent(event);
   QPainter painter(this);
+  if (hasFocus()) PaintFocus(painter);
+  if (shown == text()) return;
   style()->drawItemText(&painter, contentsRect(), static_cast<int>(alignment()), palette(), isEnabled(),
                         shown, foregroundRole());
+}
+
+void ElidingLabel::PaintFocus(QPainter& painter) const {
+  painter.setPen(palette().color(QPalette::Highlight));
+  painter.drawRect(rect().adjusted(0, 0, -1, -1));
 }
 
 bool ElidingLabel::event(QEvent* event) {

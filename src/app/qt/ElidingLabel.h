@@ -5,6 +5,7 @@
 namespace lobegraph {
 
 /// A line of plain text in a fixed place: what does not fit ends in "..." and is told whole by the tooltip.
+/// One that takes the focus shows a frame while it has it.
 class ElidingLabel : public QLabel {
   Q_OBJECT
 
@@ -17,6 +18,9 @@ class ElidingLabel : public QLabel {
  protected:
   void paintEvent(QPaintEvent* event) override;
   bool event(QEvent* event) override;
+
+ private:
+  void PaintFocus(QPainter& painter) const;
 };
 
 }  // namespace lobegraph

@@ -16,6 +16,9 @@ namespace lobegraph {
 namespace {
 
 constexpr int kBoxWidth = 72;
+// The dialog is no taller than the main window, which a small screen holds.
+constexpr int kSide = 9;
+constexpr int kClose = 4;
 constexpr int kButtonRoom = 12;  // beside a caption
 constexpr int kLabelGap = 8;     // between a label and its box
 
@@ -69,6 +72,7 @@ frmSettings::frmSettings(SettingsCommands& commands, QtDialogs& dialogs, const Q
   setObjectName("frmSettings");
   setWindowTitle("Lobegraph Settings");
   auto* all = new QVBoxLayout(this);
+  all->setSpacing(kClose);
   all->addWidget(MakeGroup(SettingsGroup::AutoStartStop, " Auto Start/Stop Characterics ",
                            "cmdSetDefaultValues", "auto start and stop"));
   all->addWidget(MakeGroup(SettingsGroup::SoundCard, " Sound Card Characterics ",
@@ -87,6 +91,8 @@ frmSettings::frmSettings(SettingsCommands& commands, QtDialogs& dialogs, const Q
 
 QGridLayout* frmSettings::MakeFrame(const QString& caption) {
   auto* grid = new QGridLayout(new QGroupBox(caption, this));
+  grid->setContentsMargins(kSide, kClose, kSide, kClose);
+  grid->setVerticalSpacing(kClose);
   frames_.push_back(grid);
   return grid;
 }
@@ -167,14 +173,15 @@ QWidget* frmSettings::MakeFoot(const QString& notice) {
   auto* grid = new QGridLayout(foot);
   grid->setContentsMargins(0, 0, 0, 0);
   grid->addWidget(MakeLabel(kTabHint), 0, 0, 1, 4);
-  auto* lblNotice = MakeLabel(notice);
-  lblNotice->setObjectName("lblNotice");
-  grid->addWidget(lblNotice, 1, 0, 1, 4);
   QPushButton* text = MakeButton("cmdTextOnOff", "Text On/Off", [this] { commands_.cmdTextOnOff_Click(); });
   text->setToolTip("Hide what is written on the plot, or show it again");
-  grid->addWidget(text, 2, 0, Qt::AlignLeft);
-  grid->addWidget(MakePlainButton("cmdOK", "OK", [this] { accept(); }), 2, 2);
-  grid->addWidget(MakePlainButton("cmdCancel", "Cancel", [this] { reject(); }), 2, 3);
+  grid->addWidget(text, 1, 0);
+  auto* lblNotice = MakeLabel(notice);
+  lblNotice->setObjectName("lblNotice");
+  lblNotice->setAlignment(Qt::AlignCenter);
+  grid->addWidget(lblNotice, 1, 1);
+  grid->addWidget(MakePlainButton("cmdOK", "OK", [this] { accept(); }), 1, 2);
+  grid->addWidget(MakePlainButton("cmdCancel", "Cancel", [this] { reject(); }), 1, 3);
   grid->setColumnStretch(1, 1);
   return foot;
 }

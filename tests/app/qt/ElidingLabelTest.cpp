@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QHelpEvent>
+#include <QTest>
 #include <QToolTip>
 
 namespace lobegraph {
@@ -34,6 +35,20 @@ TEST(ElidingLabelTest, ALongTextEndsInDotsAndTheToolTipTellsItWhole) {
       ToolTipOf(label),
       "<p>&lt;b&gt;R&amp;D&lt;/b&gt; a description of more words than there is room for<br>Where the level "
       "comes from</p>");
+}
+
+TEST(ElidingLabelTest, TheFocusIsSeen) {
+  ElidingLabel label;
+  label.setFocusPolicy(Qt::TabFocus);
+  label.setText("N0CALL");
+  label.resize(100, 20);
+  label.show();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&label));
+  label.clearFocus();
+  const QColor highlight = label.palette().color(QPalette::Highlight);
+  EXPECT_NE(label.grab().toImage().pixelColor(50, 0), highlight);
+  label.setFocus();
+  EXPECT_EQ(label.grab().toImage().pixelColor(50, 0), highlight);
 }
 
 }  // namespace

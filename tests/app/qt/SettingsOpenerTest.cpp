@@ -74,7 +74,9 @@ TEST_F(SettingsOpenerTest, AnotherButtonThanTheLeftOneOpensNothing) {
   EXPECT_EQ(opened_, QStringList());
 }
 
-TEST_F(SettingsOpenerTest, ThePlotSaysHow) { EXPECT_EQ(Plot().toolTip(), "Double-click for the settings"); }
+TEST_F(SettingsOpenerTest, ThePlotSaysHow) {
+  EXPECT_EQ(Plot().toolTip(), "Double-click, or Ctrl+comma, for the settings");
+}
 
 }  // namespace
 }  // namespace lobegraph

@@ -9,6 +9,7 @@
 #include <QTest>
 #include <QTimer>
 
+#include "app/qt/WindowLayout.h"
 #include "support/AppFixture.h"
 
 namespace lobegraph {
@@ -150,6 +151,8 @@ TEST_F(frmSettingsTest, NothingIsCut) {
   for (const auto* button : dialog_->findChildren<QPushButton*>())
     EXPECT_GE(button->width(), button->sizeHint().width()) << button->objectName().toStdString();
 }
+
+TEST_F(frmSettingsTest, IsNoTallerThanTheMainWindow) { EXPECT_LE(dialog_->height(), kSurfaceHeight); }
 
 TEST_F(frmSettingsTest, EnterIsInertInEveryBoxAndOnEveryButton) {
   Type("txtDetectStartLevel", "99");
