@@ -24,7 +24,7 @@ MeterPlayer::MeterPlayer(const BenchOptions& options, Turn& turn, std::ostream& 
     : options_(options), turn_(turn), output_(output), shown_(std::move(shown)), steps_(options.Turn) {}
 
 void MeterPlayer::Run() {
-  for (const int number : {SIGINT, SIGTERM}) std::signal(number, OnSignal);
+  for (const int number : {SIGINT, SIGTERM}) static_cast<void>(std::signal(number, OnSignal));
   Begin();
   using Clock = std::chrono::steady_clock;
   const auto start = Clock::now();

@@ -25,7 +25,7 @@ int Run(int argc, char** argv) {
   std::cout << commandLine.Output;
   std::cerr << commandLine.Complaint;
   if (!commandLine.Options) return commandLine.ExitCode;
-  for (const int number : {SIGINT, SIGTERM, SIGHUP}) std::signal(number, OnSignal);
+  for (const int number : {SIGINT, SIGTERM, SIGHUP}) static_cast<void>(std::signal(number, OnSignal));
   FileSettingsStore store;
   RadioMeter(*commandLine.Options, ReadCalibration(commandLine.Options->CalibrationFile), store, std::cout,
              [] { return ended != 0; })

@@ -9,7 +9,8 @@ PACKAGES_TEST="nec2c splat x11-apps libgtest-dev libgmock-dev libbenchmark-dev c
   python3-xlib umockdev gir1.2-umockdev-1.0 libhamlib-utils libfaketime
   appstream desktop-file-utils librsvg2-bin man-db"
 # What "./test --long" needs besides.
-PACKAGES_LONG="python3-clang-16 libclang-common-16-dev weston qt6-wayland pipewire pipewire-pulse wireplumber"
+PACKAGES_LONG="clang-16 libclang-rt-16-dev python3-clang-16 libclang-common-16-dev weston qt6-wayland pipewire pipewire-pulse
+  wireplumber"
 # To look at the Debian package and to try it in a root of its own (./test --long).
 PACKAGES_PACKAGE="lintian mmdebstrap dpkg-dev fakeroot file"
 

@@ -96,7 +96,7 @@ std::string ComPorts::Product(const std::string& name) const {
     const std::string product = FirstLine(folder / "product");
     if (product.empty()) continue;
     const std::string maker = FirstLine(folder / "manufacturer");
-    return maker.empty() ? product : maker + " " + product;
+    return maker.empty() ? product : std::string(maker).append(" ").append(product);
   }
   return "";
 }
@@ -120,7 +120,7 @@ std::filesystem::path ComPorts::Real(const std::string& path) const {
   return fs::canonical(root_ / fs::path(path).relative_path(), ignored);
 }
 
-std::string ComPorts::FirstLine(const std::filesystem::path& path) const {
+std::string ComPorts::FirstLine(const std::filesystem::path& path) {
   std::ifstream file(path);
   std::string line;
   std::getline(file, line);

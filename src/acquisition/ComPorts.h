@@ -47,7 +47,7 @@ class ComPorts {
   std::string Product(const std::string& name) const;
   bool Exists(const std::string& path) const;
   std::filesystem::path Real(const std::string& path) const;
-  std::string FirstLine(const std::filesystem::path& path) const;
+  static std::string FirstLine(const std::filesystem::path& path);
 
   SettingsStore& store_;
   std::filesystem::path root_;

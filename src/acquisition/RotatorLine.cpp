@@ -36,7 +36,7 @@ char RotatorLine::ReadLine() {
   if (line != lastState_) {
     lastState_ = line;
     if (explained_) ++*explained_;
-  } else if (CameAndWent(changes)) {
+  } else if (changes && CameAndWent(*changes)) {
     lastState_ = line == 'H' ? 'L' : 'H';
     explained_ = *changes - 1;
   }
@@ -45,8 +45,8 @@ char RotatorLine::ReadLine() {
 
 /// The line has its level again, but left it between two polls. One change more than was seen proves nothing:
 /// the count and the level are not of the same moment, and some drivers count milliseconds late.
-bool RotatorLine::CameAndWent(std::optional<std::uint32_t> changes) const {
-  return changes && explained_ && static_cast<std::int32_t>(*changes - *explained_) >= 2;
+bool RotatorLine::CameAndWent(std::uint32_t changes) const {
+  return explained_ && static_cast<std::int32_t>(changes - *explained_) >= 2;
 }
 
 /// With equal numbers the meter's port carries the line as well, if it is open on that number: an old meter

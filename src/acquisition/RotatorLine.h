@@ -38,7 +38,7 @@ class RotatorLine final : public TriggerLine {
  private:
   char ReadUsb();
   char ReadLine();
-  bool CameAndWent(std::optional<std::uint32_t> changes) const;
+  bool CameAndWent(std::uint32_t changes) const;
   SCom& LinePort();
 
   Parts parts_;

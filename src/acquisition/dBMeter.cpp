@@ -108,7 +108,7 @@ void dBMeter::TakeReading() {
 }
 
 std::string CalibrateCurrent(const MeterState& state, SettingsValues& settings, SettingsStore& store) {
-  const std::string text = StoreText(std::floor(state.MeterAverage + 0.5F) - kFullScaleRaw);
+  std::string text = StoreText(std::floor(state.MeterAverage + 0.5F) - kFullScaleRaw);
   settings.dBCalAdjust0dB = static_cast<float>(LeadingNumber(text));
   SaveCalibration(store, settings.dBCalAdjust0dB);
   return text;

@@ -1,5 +1,7 @@
 #include "data/Currency.h"
 
+#include <algorithm>
+#include <charconv>
 #include <limits>
 
 #include "data/Numbers.h"
@@ -9,6 +11,7 @@ namespace lobegraph {
 namespace {
 
 constexpr int kPlaces = 4;
+constexpr std::int64_t kFurthestShift = 100'000'000;  // of the point; more digits than any text has
 
 /// Adds one decimal digit at the end. @throws RunTimeError 6 when 64 bits are full.
 std::int64_t Append(std::int64_t value, int digit) {
@@ -23,6 +26,16 @@ struct Digits {
   int Point = 0;
 };
 
+/// The number behind the mark, held where further powers of ten make no difference.
+int Exponent(std::string_view text) {
+  if (text.starts_with('+')) text.remove_prefix(1);
+  std::int64_t value = 0;
+  const auto [end, problem] = std::from_chars(text.data(), text.data() + text.size(), value);
+  if (problem == std::errc::result_out_of_range)
+    value = text.front() == '-' ? -kFurthestShift : kFurthestShift;
+  return static_cast<int>(std::clamp(value, -kFurthestShift, kFurthestShift));
+}
+
 Digits Split(std::string_view number) {
   const auto mark = number.find_first_of("eE");
   const std::string_view mantissa = number.substr(0, mark);
@@ -32,8 +45,7 @@ Digits Split(std::string_view number) {
     if (c >= '0' && c <= '9') result.Text += c;
   const bool sign = mantissa.front() == '+' || mantissa.front() == '-';
   result.Point = static_cast<int>(point == std::string_view::npos ? mantissa.size() : point) - (sign ? 1 : 0);
-  if (mark != std::string_view::npos)
-    result.Point += static_cast<int>(LeadingNumber(number.substr(mark + 1)));
+  if (mark != std::string_view::npos) result.Point += Exponent(number.substr(mark + 1));
   return result;
 }
 
@@ -58,8 +70,10 @@ Currency Currency::FromText(std::string_view text) {
     value = Append(value, given ? digits.Text[static_cast<std::size_t>(i)] - '0' : 0);
   }
   if (keep >= 0 && keep < static_cast<int>(digits.Text.size()) &&
-      RoundsUp(std::string_view(digits.Text).substr(static_cast<std::size_t>(keep)), value % 2 != 0))
+      RoundsUp(std::string_view(digits.Text).substr(static_cast<std::size_t>(keep)), value % 2 != 0)) {
+    if (value == std::numeric_limits<std::int64_t>::max()) throw RunTimeError(fault::kOverflow);
     ++value;
+  }
   return FromTenThousandths(text[number.Begin] == '-' ? -value : value);
 }
 

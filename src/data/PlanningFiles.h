@@ -24,7 +24,8 @@ std::string WriteNsma(const PatternTable& table);
 PatternTable ReadSplat(std::string_view text);
 std::string WriteSplat(const PatternTable& table);
 
-/// Radio Mobile (.ant): 360 levels in dB, azimuth first.
+/// Radio Mobile (.ant): 360 levels in dB, azimuth first. @throws RunTimeError 62 (Input past end of file) for
+/// fewer.
 PatternTable ReadRadioMobile(std::string_view text);
 std::string WriteRadioMobile(const PatternTable& table);
 

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+#include <vector>
+
 #include "data/RunTimeError.h"
 
 namespace lobegraph {
@@ -23,12 +26,23 @@ TEST(CurrencyTest, IsShownInItsShortestForm) {
 }
 
 TEST(CurrencyTest, AValueBeyondItsRangeIsAnOverflow) {
-  try {
-    Currency::FromText("1e30");
-    FAIL();
-  } catch (const RunTimeError& error) {
-    EXPECT_EQ(error.Number(), 6);
+  for (const char* text :
+       {"1e30", "922337203685477.58075", "-922337203685477.58075", "922337203685477.5808"}) {
+    try {
+      Currency::FromText(text);
+      FAIL() << text;
+    } catch (const RunTimeError& error) {
+      EXPECT_EQ(error.Number(), 6);
+    }
   }
+  EXPECT_EQ(Currency::FromText("922337203685477.58074").TenThousandths(), 9223372036854775807);
+}
+
+TEST(CurrencyTest, AnExponentBeyondAllSenseMovesThePointAsFarAsItCan) {
+  const std::string nines(400, '9');
+  const std::vector<std::string> texts = {"1e-" + nines, "921234564.9e-372345678982490123456789",
+                                          "0e" + nines, "1e-2147483648", "0e2147483647"};
+  for (const std::string& text : texts) EXPECT_EQ(Currency::FromText(text), Currency()) << text;
 }
 
 TEST(CurrencyTest, ComparesAsANumber) {

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "acquisition/MeterDisplay.h"
+#include "acquisition/MeterState.h"
+
+namespace lobegraph::fuzz {
+
+/// A meter window that nobody looks at.
+class NoDisplay final : public MeterDisplay {
+ public:
+  void ShowWindow() override {}
+  void SetReading(const std::string&) override {}
+  void SetReadingDbm(float) override {}
+  void SetDownDb(float) override {}
+  void PaintLevelIndicator(StatusColour) override {}
+  void SetStatusText(const std::string&) override {}
+  void PaintStatusShape(StatusColour) override {}
+  void SetStateCount(const std::string&) override {}
+};
+
+/// What holds for a meter whatever it was told.
+inline bool InRange(const MeterState& state) {
+  constexpr float kHighestDb = 60.1F, kHighestLevel = 1011.6F;
+  const bool decibels = state.MeterDb >= 0 && state.MeterDb <= kHighestDb;
+  return decibels && state.MeterLevel >= 0 && state.MeterLevel <= kHighestLevel;
+}
+
+}  // namespace lobegraph::fuzz

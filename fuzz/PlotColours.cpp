@@ -1,0 +1,20 @@
+#include "cli/PlotColours.h"
+
+#include "data/RunTimeError.h"
+#include "fuzz/Targets.h"
+
+namespace lobegraph::fuzz {
+
+void TryPlotColours(std::string_view input) {
+  try {
+    const PlotColours colours = ReadColours(input);
+    for (std::size_t pattern = 0; pattern < 9; ++pattern) {
+      TraceColourOf(colours, pattern);
+      MarkColourOf(colours, pattern);
+    }
+  } catch (const RunTimeError& refused) {
+    Promise(!refused.Detail().empty(), "a refused colour is named");
+  }
+}
+
+}  // namespace lobegraph::fuzz

@@ -1,0 +1,67 @@
+#!/usr/bin/python3
+"""Runs every fuzzer and prints a table: inputs tried, seconds, inputs a second, what was found.
+
+usage: scripts/fuzz.py [--runs N] [--seconds S] [--only NAME...]
+
+Builds them first (preset "fuzz"). What a fuzzer finds on its way is kept in build/fuzz/found/<name>; the corpus in fuzz/corpus
+stays as it is. Ends with 1 when there was a finding; its input then lies in build/fuzz/findings.
+"""
+import argparse
+import pathlib
+import re
+import subprocess
+import sys
+import time
+
+ROOT = pathlib.Path(__file__).resolve().parent.parent
+BUILD = ROOT / "build" / "fuzz"
+LONGEST_INPUT = 1024
+
+
+def build():
+    if not (BUILD / "build.ninja").exists():
+        subprocess.run(["cmake", "--preset", "fuzz"], cwd=ROOT, check=True, stdout=subprocess.DEVNULL)
+    subprocess.run(["cmake", "--build", "--preset", "fuzz"], cwd=ROOT, check=True, stdout=subprocess.DEVNULL)
+
+
+def run(name, runs, seconds):
+    """@return inputs tried, seconds, the path of a finding or None"""
+    found, findings = BUILD / "found" / name, BUILD / "findings"
+    found.mkdir(parents=True, exist_ok=True)
+    findings.mkdir(exist_ok=True)
+    before = set(findings.iterdir())
+    start = time.monotonic()
+    limit = [f"-max_total_time={seconds}"] if seconds else []
+    done = subprocess.run(
+        [BUILD / "bin" / f"fuzz_{name}", found, ROOT / "fuzz" / "corpus" / name, f"-runs={runs}", f"-max_len={LONGEST_INPUT}",
+         f"-artifact_prefix={findings}/{name}-", "-print_final_stats=1", "-verbosity=1", "-timeout=10", *limit],
+        stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True, errors="replace", check=False)
+    took = time.monotonic() - start
+    (BUILD / f"{name}.log").write_text(done.stdout)
+    tried = re.search(r"number_of_executed_units: (\d+)", done.stdout)
+    new = sorted(set(findings.iterdir()) - before)
+    if done.returncode != 0 and not new:
+        raise RuntimeError(f"fuzz_{name} ended with {done.returncode}; see {BUILD / name}.log")
+    return int(tried.group(1)) if tried else 0, took, new[0] if new else None
+
+
+def main():
+    options = argparse.ArgumentParser()
+    options.add_argument("--runs", type=int, default=10_000_000)
+    options.add_argument("--seconds", type=int, default=0, help="an end for each target, however few inputs were tried")
+    options.add_argument("--only", nargs="+", help="names of targets")
+    arguments = options.parse_args()
+    build()
+    failed = False
+    print(f"{'target':16}{'inputs':>12}{'seconds':>10}{'a second':>10}  finding", flush=True)
+    for folder in sorted((ROOT / "fuzz" / "corpus").iterdir()):
+        if arguments.only and folder.name not in arguments.only:
+            continue
+        tried, took, finding = run(folder.name, arguments.runs, arguments.seconds)
+        failed = failed or finding is not None
+        print(f"{folder.name:16}{tried:12}{took:10.0f}{tried / took:10.0f}  {finding or 'none'}", flush=True)
+    return 1 if failed else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
