@@ -1,12 +1,12 @@
 # Debian packages for each purpose, and one function that installs what is missing. Sourced by ./run and ./test.
 
 PACKAGES_BUILD="g++ cmake ninja-build pkg-config qt6-base-dev qt6-serialport-dev libgl-dev libpulse-dev libftdi1-dev
-  libutfcpp-dev libcli11-dev nlohmann-json3-dev libdeflate-dev fp-utils"
+  libcups2-dev libutfcpp-dev libcli11-dev nlohmann-json3-dev libdeflate-dev fp-utils"
 # A display, a window manager, a sound server and an accessibility bus of the demo's own.
 PACKAGES_DEMO="xvfb xauth openbox x11-utils imagemagick fonts-liberation dbus at-spi2-core gir1.2-atspi-2.0 python3
   python3-gi pulseaudio pulseaudio-utils"
 PACKAGES_TEST="nec2c splat x11-apps libgtest-dev libgmock-dev libbenchmark-dev clang-tidy-16 clang-format locales xdotool wmctrl
-  python3-xlib umockdev gir1.2-umockdev-1.0 libhamlib-utils libfaketime
+  python3-xlib umockdev gir1.2-umockdev-1.0 libhamlib-utils libfaketime cups-daemon cups-client poppler-utils
   appstream desktop-file-utils librsvg2-bin man-db"
 # What "./test --long" needs besides.
 PACKAGES_LONG="clang-16 libclang-rt-16-dev python3-clang-16 libclang-common-16-dev weston qt6-wayland pipewire pipewire-pulse

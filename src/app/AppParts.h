@@ -5,6 +5,7 @@
 #include "app/EditorView.h"
 #include "app/ErrorEdge.h"
 #include "app/Globals.h"
+#include "app/PrintDevice.h"
 #include "app/SystemText.h"
 #include "app/UserDialogs.h"
 #include "data/FileAccess.h"
@@ -21,6 +22,7 @@ struct AppParts {
   ProgramEnd& End;
   DesktopAwake* Desktop = nullptr;
   EditorView* frmEditLbg = nullptr;  ///< none: the editor has no window
+  PrintDevice* Printer = nullptr;    ///< none: nothing can be printed
 };
 
 }  // namespace lobegraph

@@ -1,6 +1,5 @@
 #include "app/Controls.h"
 
-#include <algorithm>
 #include <array>
 
 namespace lobegraph {
@@ -95,8 +94,6 @@ static_assert(kTable.size() == static_cast<std::size_t>(kCount));
 constexpr std::array<std::string_view, 7> kElementItems = {"  1", "  2", "  3",   "  4",
                                                            "  5", "  8", "  > 8!"};
 
-constexpr std::array kLaterControls = {cmdPrint};
-
 constexpr std::array kLockedInCollection = {
     cmdCollectData, chkCalibrate,    cmdExit,   cmdChooseInput, cmdPolarization, cmdRescaleData, cmdReverse,
     cmdDeSpike,     cmdOriginalData, cmdShrink, cmdGrow,        cmdGetData,      cmdOverlay,     cmdSaveData,
@@ -116,16 +113,11 @@ constexpr std::array kLabelsOnPlot = {lblOperator,      lblDateTime,        lblC
 constexpr std::array kTextOnPlot = {lblOperator,      lblDateTime,        lblCollectTitle, lblCollectedBy,
                                     lblCollectedDate, lblFileDescription, lblNotice,       cmdShrink};
 
-bool Contains(std::span<const Control> list, Control control) {
-  return std::find(list.begin(), list.end(), control) != list.end();
-}
-
 }  // namespace
 
 std::span<const ControlRow> ControlTable() { return kTable; }
 const ControlRow& RowOf(Control control) { return kTable.at(static_cast<std::size_t>(control)); }
 std::span<const std::string_view> ElementItems() { return kElementItems; }
-bool ComesLater(Control control) { return Contains(kLaterControls, control); }
 std::span<const Control> LockedInCollection() { return kLockedInCollection; }
 std::span<const Control> LockedInSweep() { return kLockedInSweep; }
 std::span<const Control> AnalysisControls() { return kAnalysisControls; }

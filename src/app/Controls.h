@@ -101,9 +101,6 @@ const ControlRow& RowOf(Control control);
 /// The entries of cboElements.
 std::span<const std::string_view> ElementItems();
 
-/// Controls that a later version fills; they stand disabled and their tooltip says so.
-bool ComesLater(Control control);
-
 /// Disabled while a collection runs.
 std::span<const Control> LockedInCollection();
 /// Disabled while the calibrate sweep runs.

@@ -13,6 +13,7 @@
 #include "app/InputCommands.h"
 #include "app/PlotBoard.h"
 #include "app/PlotCommands.h"
+#include "app/PrintCommands.h"
 #include "app/RunCommands.h"
 #include "app/RunPanel.h"
 #include "app/SafetyCopy.h"
@@ -48,6 +49,7 @@ struct Platform {
   /// Shows the input chooser until it is closed.
   std::function<void()> ShowChooser = [] {};
   EditorView* frmEditLbg = nullptr;
+  PrintDevice* Printer = nullptr;
 };
 
 /// The main window without its looks: owns what the program shares, and every handler.
@@ -86,6 +88,7 @@ class Form1 {
   TransformCommands transform_;
   EditorCommands editor_;
   AnalysisCommands analysis_;
+  PrintCommands print_;
   SafetyCopy copy_;
   frmDX_Record frmDX_Record_;
   SoundCardCapture sound_;

@@ -56,7 +56,7 @@ void RunPanel::BeginHint(const std::string& hint) {
 }
 
 void RunPanel::Enable(std::span<const Control> controls, bool enabled) {
-  for (const Control control : controls) parts_.View.SetEnabled(control, enabled && !ComesLater(control));
+  for (const Control control : controls) parts_.View.SetEnabled(control, enabled);
   if (parts_.frmEditLbg != nullptr) parts_.frmEditLbg->AllowUpdate(enabled);
   // A linear plot has no logarithmic scale to switch to.
   if (enabled && !chkPlotInDB()) parts_.View.SetEnabled(Control::cmdLogLin, false);

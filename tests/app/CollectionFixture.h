@@ -31,12 +31,6 @@ class CollectionFixture : public testing::Test, protected AppFixture {
   void HaltAfter(int readings) {
     At(readings, [this] { Press(Control::cmdHaltInput); });
   }
-  static std::vector<Control> Later() {
-    std::vector<Control> later;
-    for (const ControlRow& row : ControlTable())
-      if (ComesLater(row.Id)) later.push_back(row.Id);
-    return later;
-  }
   std::string TurnFile() const {
     for (const auto& entry : std::filesystem::directory_iterator(State.File("turns"))) return entry.path();
     return "";

@@ -183,12 +183,5 @@ TEST(ControlsTest, EightLabelsLieOnThePlot) {
   for (const Control label : labels) EXPECT_EQ(RowOf(label).Kind, Label) << RowOf(label).Name;
 }
 
-TEST(ControlsTest, WhatComesLaterIsNamed) {
-  std::vector<Control> later;
-  for (const ControlRow& row : ControlTable())
-    if (ComesLater(row.Id)) later.push_back(row.Id);
-  EXPECT_THAT(later, UnorderedElementsAre(cmdPrint));
-}
-
 }  // namespace
 }  // namespace lobegraph

@@ -6,7 +6,7 @@ import unittest
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[2] / "scripts"))
 import outside  # noqa: E402
-from outside import wait_for  # noqa: E402,F401
+from outside import Atspi, wait_for  # noqa: E402,F401
 
 PROGRAMS = pathlib.Path(os.environ["LOBEGRAPH_PROGRAMS"])
 PICTURES = pathlib.Path(os.environ["LOBEGRAPH_PICTURES"])
@@ -138,6 +138,11 @@ class FromOutside(unittest.TestCase):
     def click(self, x, y, *click):
         """On the main window; `click` as xdotool wants it."""
         self.stage.output("xdotool", "mousemove", "--window", self.window_id(), str(x), str(y), "click", *click)
+
+    def click_on(self, node):
+        """With the mouse, in the middle of any control."""
+        place = Atspi.Component.get_extents(node, Atspi.CoordType.SCREEN)
+        self.stage.output("xdotool", "mousemove", place.x + place.width // 2, place.y + place.height // 2, "click", "1")
 
     def leave(self, program):
         program.press("Exit")

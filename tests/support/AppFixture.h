@@ -11,6 +11,7 @@
 #include "app/Form1.h"
 #include "support/AppEditor.h"
 #include "support/AppPlatform.h"
+#include "support/AppPrinter.h"
 #include "support/FakeClock.h"
 #include "support/SoundFakes.h"
 #include "support/TemporaryFolder.h"
@@ -42,6 +43,7 @@ class AppFixture {
   FakeMeters Meters{Log};
   TemporaryFolder State;
   FakeEditor Editor;
+  FakePrinter Printer{Log};
   Form1 Form{{.View = View,
               .Dialogs = Dialogs,
               .System = System,
@@ -59,7 +61,8 @@ class AppFixture {
               .VersionText = "V2.1.0",
               .WorkingFolder = "/home/ham/",
               .StateFolder = State.File("turns"),
-              .frmEditLbg = &Editor},
+              .frmEditLbg = &Editor,
+              .Printer = &Printer},
              PlotGeometry{}};
   Globals& Shared = Form.Shared();
 
@@ -70,7 +73,6 @@ class AppFixture {
   AppFixture() {
     Pump.OnYield = [this](int) { Deliver(); };
     Sound.description.clear();  // nothing was opened yet
-    for (const Control later : ControlsThatComeLater()) View.Of(later).Enabled = false;
   }
 
   /// Start-up with a call sign given before; nothing of it stays in the logs.
@@ -164,12 +166,6 @@ class AppFixture {
   long Grids() const { return static_cast<long>(Surface.Only("clear").size()); }
 
  private:
-  static std::vector<Control> ControlsThatComeLater() {
-    std::vector<Control> later;
-    for (const ControlRow& row : ControlTable())
-      if (ComesLater(row.Id)) later.push_back(row.Id);
-    return later;
-  }
   void Deliver() {
     if (Sound.ring && !Silent) {
       constexpr float kStepsPerLevel = 32.F;

@@ -117,13 +117,10 @@ QString WidestText(const ControlRow& row) {
 QWidget* MakeWidget(const ControlRow& row, QWidget& parent) {
   QWidget* widget = MakeBare(row, parent);
   widget->setObjectName(Q(row.Name));
-  widget->setToolTip(ComesLater(row.Id)
-                         ? Q(row.ToolTip) + (row.ToolTip.empty() ? "" : ": ") + "not in this version yet"
-                         : Q(row.ToolTip));
+  widget->setToolTip(Q(row.ToolTip));
   widget->setAccessibleName(row.AccessibleName.empty() ? Q(row.Caption).remove('&').trimmed()
                                                        : Q(row.AccessibleName));
   widget->setGeometry(PlaceOf(row.Id));
-  widget->setEnabled(!ComesLater(row.Id));
   return widget;
 }
 

@@ -26,10 +26,12 @@ namespace lobegraph {
 MainWindow::MainWindow(const std::string& versionText)
     : surfaceFrame_(this),
       surface_(QSize(kPlotWidth, kSurfaceHeight), devicePixelRatioF(), Colour{224, 224, 224}),
+      drawing_(surface_),
       plot_(surface_, &surfaceFrame_),
       panel_(&surfaceFrame_),
       view_(*this, plot_, panel_, surface_),
       editor_(this, dialogs_),
+      printer_(*this, dialogs_, WindowPicture(*this, plot_, surface_, drawing_)),
       meters_(*shared_, store_, clock_, dialogs_),
       form_(MakePlatform(versionText), MakePlotGeometry(kSurfaceWidth, kSurfaceHeight, kPanelWidth)),
       analysis_(form_.Analysis(), view_, plot_, [this](const auto& handler) { Run(handler); }) {
@@ -50,7 +52,7 @@ Platform MainWindow::MakePlatform(const std::string& versionText) {
           .System = system_,
           .Files = files_,
           .End = *this,
-          .Surface = surface_,
+          .Surface = drawing_,
           .Store = store_,
           .Time = clock_,
           .Pump = pump_,
@@ -66,7 +68,8 @@ Platform MainWindow::MakePlatform(const std::string& versionText) {
           .Shared = shared_,
           .Trigger = meters_.Line(),
           .ShowChooser = [this] { ShowChooser(); },
-          .frmEditLbg = &editor_};
+          .frmEditLbg = &editor_,
+          .Printer = &printer_};
 }
 
 void MainWindow::MakePanel() {

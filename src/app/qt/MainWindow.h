@@ -12,8 +12,10 @@
 #include "app/qt/Meters.h"
 #include "app/qt/PlotWidget.h"
 #include "app/qt/QtDialogs.h"
+#include "app/qt/QtPrinter.h"
 #include "app/qt/QtSystemText.h"
 #include "app/qt/WidgetView.h"
+#include "render/ReplaySurface.h"
 #include "render/qt/ImageSurface.h"
 #include "settings/FileSettingsStore.h"
 
@@ -65,11 +67,13 @@ class MainWindow : public QWidget, private ProgramEnd {
 
   QWidget surfaceFrame_;
   ImageSurface surface_;
+  ReplaySurface drawing_;
   PlotWidget plot_;
   QWidget panel_;
   WidgetView view_;
   QtDialogs dialogs_;
   EditorWindow editor_;
+  QtPrinter printer_;
   QtSystemText system_;
   DiskFiles files_;
   FileSettingsStore store_;

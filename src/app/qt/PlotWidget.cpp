@@ -16,14 +16,18 @@ void PlotWidget::ShowDrawing() {
 }
 
 void PlotWidget::paintEvent(QPaintEvent* event) {
-  const QImage& picture = surface_.Picture();
+  const QImage& picture = finePicture_ != nullptr ? *finePicture_ : surface_.Picture();
   QPainter painter(this);
   painter.setClipRegion(event->region());
-  const bool fitting = picture.devicePixelRatio() == devicePixelRatioF();
+  const bool fitting = finePicture_ != nullptr || picture.devicePixelRatio() == devicePixelRatioF();
   painter.setRenderHint(QPainter::SmoothPixmapTransform, !fitting);
   painter.drawImage(QPoint(0, 0), picture);
   if (upperLayer_ != nullptr) PaintLayer(painter, *upperLayer_);
-  if (fitting || announcedRatio_ == devicePixelRatioF()) return;
+  if (!fitting) AnnounceRatio();
+}
+
+void PlotWidget::AnnounceRatio() {
+  if (announcedRatio_ == devicePixelRatioF()) return;
   announcedRatio_ = devicePixelRatioF();
   emit RatioChanged(announcedRatio_);
 }

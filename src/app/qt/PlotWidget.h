@@ -19,6 +19,9 @@ class PlotWidget : public QWidget {
   void ShowDrawing();
   /// What is drawn above the picture. @param layer outlives the widget
   void SetUpperLayer(const PictureLayer& layer) { upperLayer_ = &layer; }
+  /// Paints this in place of the picture of the screen, until it is taken back with none: the same picture
+  /// with more pixels, for a page.
+  void SetFinePicture(const QImage* picture) { finePicture_ = picture; }
 
  signals:
   /// The screen now has another number of pixels to a unit: the picture is to be drawn anew for it.
@@ -28,8 +31,11 @@ class PlotWidget : public QWidget {
   void paintEvent(QPaintEvent* event) override;
 
  private:
+  void AnnounceRatio();
+
   ImageSurface& surface_;
   const PictureLayer* upperLayer_ = nullptr;
+  const QImage* finePicture_ = nullptr;
   std::map<int, LayerLine> shownLines_;  ///< of the layer, at the last call of ShowDrawing
   qreal announcedRatio_ = 0.0;
 };

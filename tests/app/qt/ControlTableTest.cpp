@@ -49,9 +49,7 @@ TEST(ControlTableOnScreenTest, EveryRowIsAWidgetOfItsKindWithCaptionAndToolTip) 
     if (ShowsItsCaption(row.Kind)) {
       EXPECT_EQ(widget.property("text").toString(), Q(row.Caption).trimmed());
     }
-    if (!ComesLater(row.Id)) {
-      EXPECT_EQ(widget.toolTip(), Q(row.ToolTip));
-    }
+    EXPECT_EQ(widget.toolTip(), Q(row.ToolTip));
   }
 }
 
@@ -81,22 +79,11 @@ TEST(ControlTableOnScreenTest, FrameAndSeparatorLinesStandInThePanel) {
     EXPECT_EQ(window.Find<QFrame>(line).parentWidget(), &frame) << line;
 }
 
-TEST(ControlTableOnScreenTest, CommandsThatComeLaterAreDisabledAndSaySo) {
-  RealWindow window;
-  for (const ControlRow& row : ControlTable()) {
-    QWidget& widget = window.Widget(row);
-    EXPECT_EQ(widget.toolTip().endsWith("not in this version yet"), ComesLater(row.Id)) << row.Name;
-    if (ComesLater(row.Id)) {
-      EXPECT_FALSE(widget.isEnabled()) << row.Name;
-    }
-  }
-}
-
-TEST(ControlTableOnScreenTest, AtStartAllElseIsEnabledButHalt) {
+TEST(ControlTableOnScreenTest, AtStartAllIsEnabledButHalt) {
   RealWindow window;
   std::set<std::string_view> disabled;
   for (const ControlRow& row : ControlTable())
-    if (!window.Widget(row).isEnabled() && !ComesLater(row.Id)) disabled.insert(row.Name);
+    if (!window.Widget(row).isEnabled()) disabled.insert(row.Name);
   EXPECT_EQ(disabled, std::set<std::string_view>{"cmdHaltInput"});
 }
 

@@ -18,13 +18,13 @@ TEST(KeyboardTest, TabGoesThroughTheWindowInTheOrderOfWork) {
     visited << QApplication::focusWidget()->objectName();
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
   }
-  EXPECT_EQ(
-      visited.join(' ').toStdString(),
-      "chkCalibrate chkAutoStart chkAutoStop chkTrigger cmdCollectData Slider2 cmdLinear cmdLogLin "
-      "cmdOverlay chkPlotInDB chk180 chkShow3dB Slider1 txtTrimFront txtTrimEnd txtRotate "
-      "cmdRescaleData cmdOriginalData cmdSmooth cmdReverse cmdDeSpike chkEditor cboElements "
-      "cmdPolarization cmdIntegrate cmdGetData cmdSaveData cmdExit txtDescription lblOperator cmdShrink "
-      "cmdChooseInput");
+  EXPECT_EQ(visited.join(' ').toStdString(),
+            "chkCalibrate chkAutoStart chkAutoStop chkTrigger cmdCollectData Slider2 cmdLinear cmdLogLin "
+            "cmdOverlay chkPlotInDB chk180 chkShow3dB Slider1 txtTrimFront txtTrimEnd txtRotate "
+            "cmdRescaleData cmdOriginalData cmdSmooth cmdReverse cmdDeSpike chkEditor cboElements "
+            "cmdPolarization cmdIntegrate cmdGetData cmdSaveData cmdPrint cmdExit txtDescription lblOperator "
+            "cmdShrink "
+            "cmdChooseInput");
 }
 
 TEST(KeyboardTest, TypedQuoteIsSwallowedInTheDescription) {

@@ -70,13 +70,14 @@ inline void UseTheProgramsStyle() {
   if (QApplication::style()->name() != "fusion") QApplication::setStyle("Fusion");
 }
 
-/// A home of the test's own, past the first start; no sound server answers.
+/// A home of the test's own, past the first start; no sound server and no print server answers.
 class OwnHome {
  public:
   explicit OwnHome(const Stored& settings = {}) {
     setenv("XDG_CONFIG_HOME", Folder.File("config").c_str(), 1);
     setenv("XDG_STATE_HOME", Folder.File("state").c_str(), 1);
     setenv("PULSE_SERVER", ("unix:" + Folder.File("no-server")).c_str(), 1);
+    setenv("CUPS_SERVER", "/nowhere/cups.sock", 1);
     UseTheProgramsStyle();
     FileSettingsStore store;
     store.Save("Lobegraph", "Settings", "Username", "N0CALL");
