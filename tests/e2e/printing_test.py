@@ -102,7 +102,7 @@ class Printing(from_outside.FromOutside):
         sizes = next(node for node in outside.nodes(page) if node.get_role_name() == "combo box")
         if not sizes.get_name().startswith(paper):  # A4 is where it begins
             self.click_on(sizes)
-            self.stage.output("xdotool", "key", "Home", "Return")
+            self.keys("Home", "Return")
         wait_for(paper, 5, lambda: sizes.clear_cache() or sizes.get_name().startswith(paper))
         self.click_on(program.find(orientation, "radio button", within=page))
         margins = [Atspi.Value.get_current_value(program.find(f"{side} margin", "spin button", within=page)) / MM_PER_POINT

@@ -12,6 +12,7 @@ EditorTable::EditorTable(QWidget* parent) : QTableView(parent) {
   verticalHeader()->hide();
   verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
   horizontalHeader()->setSectionResizeMode(QHeaderView::Interactive);
+  horizontalHeader()->setHighlightSections(false);
   // Tab leaves the table: the buttons can be reached without a mouse.
   setTabKeyNavigation(false);
 }
@@ -28,7 +29,7 @@ bool EditorTable::Handles(const QKeyEvent& key) {
   } else if (key.key() == Qt::Key_Delete && key.modifiers() == Qt::NoModifier) {
     const QItemSelectionRange cells = Selected();
     if (cells.isValid()) commands_->ClearValues(cells.top() + 1, cells.bottom() + 1);
-  } else if (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter) {
+  } else if ((key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter) && state() != EditingState) {
     GoDown();
   } else {
     return false;

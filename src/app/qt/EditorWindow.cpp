@@ -116,7 +116,11 @@ void EditorWindow::SelectRow(int row) {
   grdReadings_->setCurrentIndex(model_.index(row - 1, static_cast<int>(EditorColumn::Value)));
 }
 
-void EditorWindow::ShowStatus(const std::string& text) { lblStatus_->setText(QString::fromStdString(text)); }
+void EditorWindow::ShowStatus(const std::string& text) {
+  lblStatus_->setText(QString::fromStdString(text));
+  // To a screen reader its name says what it is, its description what it says.
+  lblStatus_->setAccessibleDescription(lblStatus_->text());
+}
 
 void EditorWindow::AllowUpdate(bool allowed) {
   cmdUpdate_->setEnabled(allowed);

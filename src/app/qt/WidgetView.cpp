@@ -106,7 +106,10 @@ void WidgetView::SetText(Control control, const std::string& text) {
   switch (RowOf(control).Kind) {
     case ControlKind::Label:
       // A label with a name of its own says its words to a screen reader as its description.
-      if (!RowOf(control).AccessibleName.empty()) widget.setAccessibleDescription(shown);
+      if (RowOf(control).AccessibleName.empty())
+        widget.setAccessibleName(shown);
+      else
+        widget.setAccessibleDescription(shown);
       return As<QLabel>(widget).setText(shown);
     case ControlKind::DropDown:
       return SetDropDownText(As<QComboBox>(widget), shown);

@@ -125,6 +125,14 @@ TEST_F(WidgetViewTest, EightLabelsTakeThePlotsBackground) {
   EXPECT_EQ(surface_.BackgroundColour(), (Colour{10, 20, 30}));
 }
 
+TEST_F(WidgetViewTest, AScreenReaderSaysWhatALabelShowsNow) {
+  view_.SetText(Control::lblLeftButtonValue, "Upper line: % peak value");
+  EXPECT_EQ(view_.Widget(Control::lblLeftButtonValue).accessibleName(), "Upper line: % peak value");
+  view_.SetText(Control::lblHint, "Press Collect");
+  EXPECT_EQ(view_.Widget(Control::lblHint).accessibleName(), "What to do next");
+  EXPECT_EQ(view_.Widget(Control::lblHint).accessibleDescription(), "Press Collect");
+}
+
 TEST_F(WidgetViewTest, Timer1FiresOnceWhenItIsEnabled) {
   QSignalSpy fired(&view_.Timer1(), &QTimer::timeout);
   view_.EnableTimer1(true);
