@@ -32,9 +32,11 @@ def look(process, turns):
             "files": len(list((folder / "fd").iterdir())), "processor": (int(fields[11]) + int(fields[12])) / TICKS}
 
 
-def turn(program):
+def turn(program, copies):
+    """Begun when its safety copy is there: the turn may be over before the window is asked."""
+    before = set(copies.glob("*"))
     program.press("Collect Data")
-    outside.wait_for("the turn to begin", 20, lambda: program.enabled("Halt Collection"))
+    outside.wait_for("the turn to begin", 30, lambda: set(copies.glob("*")) - before)
     time.sleep(SHORTEST_SECONDS)
     outside.wait_for("the end of the turn", 30, lambda: program.enabled("Collect Data"), 0.1)
     readings = program.number("Number of readings")
@@ -42,12 +44,12 @@ def turn(program):
         raise SystemExit(f"{readings:.0f} readings instead of {READINGS}")
 
 
-def take_turns(program, seconds):
+def take_turns(program, copies, seconds):
     """What was seen after each turn."""
     end, seen = time.monotonic() + seconds, []
     while time.monotonic() < end:
         before = look(program.process, len(seen))["processor"]
-        turn(program)
+        turn(program, copies)
         now = look(program.process, len(seen) + 1)
         now["per reading"] = 1000 * (now["processor"] - before) / READINGS
         seen.append(now)
@@ -95,7 +97,7 @@ def main():
         program.learn()
         stage.start(arguments.programs / "lobegraph-bench", "--sink", "rx", "--seconds", SHORTEST_SECONDS)
         begun = time.monotonic()
-        seen = take_turns(program, arguments.seconds)
+        seen = take_turns(program, stage.turns, arguments.seconds)
         print(f"{len(seen)} turns, {len(seen) * READINGS} readings in {time.monotonic() - begun:.0f} s")
         print(describe(seen[-1]))
         grown = growth(seen)

@@ -101,6 +101,10 @@ class Hands:
         except Exception:  # noqa: BLE001
             return 0, 0, 1, 1
 
+    def focus(self):
+        focus = self.display.get_input_focus().focus
+        return focus if isinstance(focus, int) else focus.id
+
     def key(self, chord):
         codes = [self.display.keysym_to_keycode(self.XK.string_to_keysym(name)) for name in self.chord(chord)]
         for code in codes:
@@ -129,8 +133,11 @@ class Hands:
             fake(self.display, self.X.ButtonRelease, button)
         self.display.sync()
 
-    def ping(self, window, limit, gone):
-        """Seconds until the window's event loop answers; None when it does not, or when gone() is true."""
+    def ping(self, window, limit, gone, late):
+        """Seconds until the window's event loop answers; None when it does not, or when gone() is true.
+
+        Calls late() again and again once an idle window should have answered.
+        """
         self.asked += 1
         begun = time.monotonic()
         event = self.protocol.event.ClientMessage(
@@ -144,6 +151,9 @@ class Hands:
                 if answer.type == self.X.ClientMessage and list(answer.data[1])[1] == self.asked:
                     return time.monotonic() - begun
             time.sleep(0.002)
+            if time.monotonic() - begun > PATIENCE:
+                late()
+                time.sleep(0.1)
         return None
 
 
@@ -202,9 +212,9 @@ class Monkey:
         title = self.hands.title(front)
         self.in_box = 0 if self.is_main(front) else self.in_box + 1
         if self.in_box > 10 * MOST_IN_A_BOX:
-            raise Found(f"the box {title!r} cannot be closed")
+            raise Found(f"the box {title!r} cannot be closed: {self.words()}")
         if self.in_box > MOST_IN_A_BOX:
-            self.note(title, self.close_box)
+            self.note(title, lambda: self.close_box(front))
         elif title in ("Get File", "Save File", "Lobegraph") and self.chance.random() < 0.15:
             self.note(title, self.give_name)
         elif self.chance.random() < 0.45:
@@ -217,10 +227,23 @@ class Monkey:
         self.titles[title if not title.startswith("Lobegraph V") else "the window"] += 1
         self.last.append(f"{title[:20]!r}: {action()}")
 
-    def close_box(self):
-        key = ("Escape", "Return", "Escape", "alt+F4")[self.in_box // 4 % 4]
-        self.hands.key(key)
-        return f"closes with {key}"
+    def close_box(self, window):
+        """By the keys that close a box, or by a click where its buttons stand."""
+        key = ("Escape", "Return", "click", "alt+F4")[self.in_box // 4 % 4]
+        if key == "click":
+            x, y, width, height = self.hands.place(window)
+            self.hands.press(x + self.chance.randrange(width), max(y, y + height - 25))
+        else:
+            self.hands.key(key)
+        return f"closes {window.id:#x} with {key}, the keys go to {self.hands.focus():#x}"
+
+    def words(self):
+        """What the open boxes say."""
+        import outside
+        try:
+            return self.reader().messages()
+        except (TimeoutError, outside.GLib.Error) as error:
+            return error
 
     def give_name(self):
         name = self.chance.choice(self.names)
@@ -260,7 +283,8 @@ class Monkey:
             return
         self.turns.update(self.stage.turns.glob("*"))
         waited = self.waited_for_a_core()
-        took = self.hands.ping(window, DEAD, lambda: self.process.poll() is not None)
+        seen = collections.Counter()
+        took = self.hands.ping(window, DEAD, lambda: self.process.poll() is not None, lambda: seen.update([self.state()]))
         if self.process.poll() is not None:
             return
         if took is None:
@@ -268,8 +292,17 @@ class Monkey:
         own = took - (self.waited_for_a_core() - waited)
         self.counts["answers"] += 1
         if own > PATIENCE and not self.running():
-            raise Found(f"no answer for {own:.2f} s while idle")
+            raise Found(f"no answer for {own:.2f} s (of {took:.2f} s) while idle: {dict(seen)}")
         self.slowest = max(self.slowest, own)
+
+    def state(self):
+        """What the window's thread is doing: running or waiting, and in which call of the system."""
+        folder = pathlib.Path(f"/proc/{self.process.pid}")
+        try:
+            fields = (folder / "stat").read_text().rsplit(")", 1)[1].split()
+            return f"{fields[0]} {(folder / 'wchan').read_text()} {(folder / 'syscall').read_text().split()[0]}"
+        except OSError as error:
+            return str(error)
 
     def waited_for_a_core(self):
         """Seconds that the window's thread was ready and other programs had the processor."""
@@ -282,11 +315,16 @@ class Monkey:
         """A run is on: the program says so to a screen reader."""
         import outside
         try:
-            if self.tree is None:
-                self.tree = outside.Program(self.process)
-            return self.tree.enabled("Halt Collection") or not self.tree.enabled("Exit")
+            return self.reader().enabled("Halt Collection") or not self.reader().enabled("Exit")
         except (TimeoutError, outside.GLib.Error):
             return self.process.poll() is not None
+
+    def reader(self):
+        """The program as a screen reader sees it."""
+        import outside
+        if self.tree is None:
+            self.tree = outside.Program(self.process)
+        return self.tree
 
     def go_on(self, seconds):
         end = time.monotonic() + seconds

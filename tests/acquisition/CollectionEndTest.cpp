@@ -188,6 +188,18 @@ TEST(NothingHeard, one_reading_is_enough_to_have_heard) {
   EXPECT_FALSE(rig.Collect().NothingHeard);
 }
 
+TEST(NothingHeard, is_told_of_a_single_reading) {
+  CollectionRig rig;
+  rig.HoldPattern(360);
+  rig.Record.PeakIndex = 7;
+  rig.Level.Level = 1.0F;
+  rig.HaltAfter(0);
+  const RunReport report = rig.Collect();
+  EXPECT_EQ(report.ReadingsTaken, 1);
+  EXPECT_TRUE(report.NothingHeard);
+  EXPECT_EQ(rig.Record.PeakIndex, 0) << "the former pattern's peak is gone";
+}
+
 TEST(NothingHeard, is_not_said_of_a_meter) {
   CollectionRig rig;
   rig.UseSerialMeter();

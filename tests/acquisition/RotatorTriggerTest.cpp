@@ -198,6 +198,22 @@ TEST(ReadTriggerState, AnOldMeterNumberDoesNotLeaveTheTriggerDead) {
   EXPECT_EQ(rig.CtsOrUsb.ReadTriggerState(), 'H');
 }
 
+TEST(ReadTriggerState, TheMetersPortIsReadOnlyWhereItIsOpenOnTheTriggersNumber) {
+  struct Row {
+    std::int16_t Commport;
+    bool Open;
+    std::int16_t Number;
+  };
+  for (const Row row : {Row{2, false, 2}, {2, true, 1}, {1, true, 2}, {1, false, 2}}) {
+    TriggerRig rig;
+    rig.Choice.Commport = row.Commport;
+    rig.MSComm1.IsOpen = row.Open;
+    rig.MSComm1.Number = row.Number;
+    rig.MSComm1.Line = [] { return true; };
+    EXPECT_EQ(rig.CtsOrUsb.ReadTriggerState(), 'L') << row.Commport << row.Open << row.Number;
+  }
+}
+
 TEST(ReadTriggerState, AClosedPortReadsLow) {
   TriggerRig rig;
   rig.MSCommTrigger.IsOpen = false;

@@ -57,6 +57,8 @@ TEST(SoundBlock, ANewBlockReplacesTheLevelOfTheLast) {
 
 TEST(SoundBlock, AnEmptyBlockIsSilence) { EXPECT_EQ(LevelOf({}), 0.0F); }
 
+TEST(SoundBlock, OfASingleSampleItsFirstByteIsHeard) { EXPECT_EQ(LevelOf({0x7F40}), 2.0F); }
+
 struct ColourCase {
   float Peak, Level;
   SoundColour Colour;

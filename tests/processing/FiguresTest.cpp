@@ -248,6 +248,42 @@ TEST(Figures, SideLobesOfHalfATurnAreFoundOnBothSidesOfTheBeam) {
   }
 }
 
+/// Half a turn of 1 degree a sample, from bearing 270.
+PatternCut HalfTurn(std::vector<double> levelDb) {
+  PatternCut cut;
+  cut.StepDeg = 1;
+  cut.StartDeg = 270;
+  cut.FullTurn = false;
+  cut.LevelDb = std::move(levelDb);
+  return cut;
+}
+
+TEST(Figures, APeakAtAnEndOfHalfATurnLiesOnItsSample) {
+  PatternCut cut = HalfTurn({0, -0.1, -0.3, -0.6, -1, -2, -4});
+  EXPECT_THAT(Of(cut).PeakBearing, Optional(270.0));
+  std::reverse(cut.LevelDb.begin(), cut.LevelDb.end());
+  EXPECT_THAT(Of(cut).PeakBearing, Optional(276.0));
+}
+
+TEST(Figures, ABeamMayEndAtTheLastSampleOfHalfATurn) {
+  EXPECT_THAT(Of(HalfTurn({-4, -2, -1, 0, -1, -2, -4})).Hpbw, Optional(DoubleNear(5, 1e-9)));
+  EXPECT_FALSE(Of(HalfTurn({-4, -2, -1, 0, -1, -2})).Hpbw);
+}
+
+TEST(Figures, WhereverASideLobeOfHalfATurnLiesItsTopIsFoundBetweenSamples) {
+  for (int at = 70; at <= 170; at += 5) {
+    PatternCut cut = Turn(ParabolicBeam(40, 10, 30), 180);
+    cut.StepDeg = 1;
+    cut.FullTurn = false;
+    for (std::size_t i = 0; i < 180; ++i) {
+      const auto angle = static_cast<double>(i);
+      cut.LevelDb[i] =
+          std::max(ParabolicBeam(40, 10, 30)(angle), -12 + ParabolicBeam(at + 0.3, 8, 30)(angle));
+    }
+    EXPECT_THAT(Of(cut).SideLobeAngle, Optional(DoubleNear(at + 0.3, 1e-9))) << at;
+  }
+}
+
 TEST(Figures, TheCutIsThePlottedPartOfTheRecord) {
   ReadingsRecord record = BeamRecord(370 - 10, 40, 500.F);
   record.TrimFront = 20;

@@ -29,5 +29,14 @@ INSTANTIATE_TEST_SUITE_P(Colours, ReadableOnTest,
                                          Readable{{255, 0, 0}, kBlack}, Readable{{128, 128, 128}, kBlack},
                                          Readable{{9, 9, 9}, kWhite}));
 
+// The darkest background of a hue on which black stands out, and its neighbour.
+INSTANTIATE_TEST_SUITE_P(WhereTheTextTurns, ReadableOnTest,
+                         testing::Values(Readable{{236, 0, 0}, kWhite}, Readable{{237, 0, 0}, kBlack},
+                                         Readable{{0, 137, 0}, kWhite}, Readable{{0, 138, 0}, kBlack},
+                                         Readable{{0, 107, 255}, kWhite}, Readable{{0, 108, 255}, kBlack},
+                                         Readable{{188, 0, 255}, kWhite}, Readable{{189, 0, 255}, kBlack},
+                                         Readable{{117, 117, 117}, kWhite},
+                                         Readable{{118, 118, 118}, kBlack}));
+
 }  // namespace
 }  // namespace lobegraph
