@@ -252,6 +252,14 @@ TEST(LostSource, an_old_failure_of_the_sound_card_does_not_end_a_meters_turn) {
   EXPECT_THAT(rig.Messages.Shown, IsEmpty());
 }
 
+TEST(LostSource, after_its_own_turn_does_not_end_a_meters_turn) {
+  CollectionRig rig;
+  rig.Collect();
+  rig.UseSerialMeter();
+  rig.Sound.Failure = "The sound server has gone.";
+  EXPECT_EQ(rig.Collect().ReadingsTaken, 360);
+}
+
 TEST(DeviceMessages, wait_until_the_window_is_unlocked) {
   CollectionRig rig;
   rig.Panel.OnStored = [&](int index) {

@@ -105,6 +105,14 @@ TEST(Figures, NullsAreMinimaThreeDecibelsBelowBothLobes) {
   EXPECT_THAT(Of(Turn(dipole)).Fnbw, Optional(DoubleNear(180.0, 1e-9)));
 }
 
+TEST(Figures, TheTwoNullsBesideABeamMayLieAtDifferentDistances) {
+  const auto lopsided = [](double d) {
+    if (d <= 40) return -0.5 * d;
+    return d >= 330 ? -(360 - d) * 20 / 30 : -10.0;
+  };
+  EXPECT_THAT(Of(Turn(lopsided)).Fnbw, Optional(DoubleNear(70, 1e-9)));
+}
+
 TEST(Figures, ADentOfLessThanThreeDecibelsIsNoNull) {
   // Falls 0.2 dB a degree; the dent at 40 degrees is 2.9 dB deep, the one at 80 degrees 3.1 dB.
   const auto withDents = [](double dentDb) {
