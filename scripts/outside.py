@@ -96,7 +96,8 @@ class Stage(contextlib.ExitStack):
 
     def virtual_display(self, size="1280x1024"):
         reading, writing = os.pipe()
-        self.start("Xvfb", "-displayfd", str(writing), "-screen", "0", f"{size}x24", "-nolisten", "tcp",
+        # A display that resets when its last client goes would throw out whoever comes just then.
+        self.start("Xvfb", "-noreset", "-displayfd", str(writing), "-screen", "0", f"{size}x24", "-nolisten", "tcp",
                    pass_fds=[writing])
         os.close(writing)
         with os.fdopen(reading) as answer:

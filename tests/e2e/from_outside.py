@@ -113,12 +113,25 @@ class FromOutside(unittest.TestCase):
         program.press("Save File")
         program.answer_file("Save File", path)
 
-    def activate(self, name):
-        """Brings the window whose title matches to the front, as a click on it would."""
+    def find_window(self, name):
+        """The number of the visible window whose title matches."""
         def found():
             return self.stage.output("xdotool", "search", "--onlyvisible", "--name", name).split()
 
-        self.stage.output("xdotool", "windowactivate", "--sync", wait_for(f"a window named {name}", 10, found)[-1])
+        return wait_for(f"a window named {name}", 10, found)[-1]
+
+    def activate(self, name):
+        """Brings the window whose title matches to the front, as a click on it would."""
+        self.stage.output("xdotool", "windowactivate", "--sync", self.find_window(name))
+
+    def box_in_front(self, program, title):
+        """An open box that gets the keys from now on."""
+        box = program.box(title)
+        wait_for(f"{title!r} in front", 10, lambda: self.title_in_front() == title)
+        return box
+
+    def title_in_front(self):
+        return self.stage.output("xdotool", "getactivewindow", "getwindowname").rstrip("\n")
 
     def keys(self, *names):
         """Presses keys, one after the other, in the window that has the focus."""
@@ -128,7 +141,7 @@ class FromOutside(unittest.TestCase):
         self.stage.output("xdotool", "type", "--delay", "8", text)
 
     def window_id(self):
-        return self.stage.output("xdotool", "search", "--onlyvisible", "--name", "^Lobegraph V").split()[-1]
+        return self.find_window("^Lobegraph V")
 
     def window_size(self):
         geometry = self.stage.output("xdotool", "getwindowgeometry", "--shell", self.window_id())

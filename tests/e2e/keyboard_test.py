@@ -27,8 +27,9 @@ class Accelerators(from_outside.FromOutside):
         return hashlib.sha256(path.with_suffix(".rgb").read_bytes()).hexdigest()
 
     def box_opens(self, program, key, title):
+        self.activate("^Lobegraph V")
         self.keys(f"alt+{key}")
-        program.box(title)
+        self.box_in_front(program, title)
         self.keys("Escape")
         wait_for("the box to close", 10, lambda: program.open_box(title) is None)
 
@@ -36,13 +37,15 @@ class Accelerators(from_outside.FromOutside):
         program = self.open_window()
         self.box_opens(program, "s", "Lobegraph")  # there is nothing to save
         self.keys("alt+g")
-        program.box("Get File")
+        self.box_in_front(program, "Get File")
         self.write(str(self.path))
         self.keys("Return")
         wait_for("the pattern", 10, lambda: program.text("File name") == self.path.name)
         self.box_opens(program, "s", "Save File")
         self.box_opens(program, "y", "Get File")
+        self.box_opens(program, "p", "Print")
         self.box_opens(program, "c", "Lobegraph - Choose Input")
+        self.activate("^Lobegraph V")
         self.keys("alt+x")
         self.assertEqual(program.process.wait(10), 0)
 
@@ -90,7 +93,7 @@ class Accelerators(from_outside.FromOutside):
 class WithoutAMouse(from_outside.FromOutside):
     def test_from_the_first_start_to_the_saved_pattern(self):
         program = outside.Program(self.begin())
-        program.box(" ")
+        self.box_in_front(program, " ")
         self.write("DL1XYZ")
         self.keys("Return")
         program.find("Collect Data")
@@ -117,7 +120,7 @@ class WithoutAMouse(from_outside.FromOutside):
     def save_by_keys(self, program):
         path = self.stage.home / "turn.lbg"
         self.keys("alt+s")
-        program.box("Save File")
+        self.box_in_front(program, "Save File")
         self.write(str(path))
         self.keys("Return")
         wait_for("the file", 10, path.exists)
@@ -130,6 +133,7 @@ class WithoutAMouse(from_outside.FromOutside):
         self.activate("^Lobegraph V")
         self.keys("shift+Tab", "shift+Tab", "Return")
         wait_for("the question", 10, lambda: any("Please enter the Operator's name" in words for words in program.messages()))
+        wait_for("the question in front", 10, lambda: "User =" not in self.title_in_front())
         self.write("OP2AB")
         self.keys("Return")
         wait_for("the name", 10, lambda: program.label("Operator") == " OP2AB")
@@ -138,7 +142,7 @@ class WithoutAMouse(from_outside.FromOutside):
 
     def test_a_cancelled_call_sign_is_kept_as_none(self):
         program = outside.Program(self.begin())
-        program.box(" ")
+        self.box_in_front(program, " ")
         self.keys("Escape")
         program.find("Collect Data")
         self.leave(program)

@@ -14,7 +14,7 @@ class SettingsDialog(from_outside.FromOutside):
     def open_dialog(self, program):
         self.activate("^Lobegraph V")
         self.keys("ctrl+comma")
-        return program.box(TITLE)
+        return self.box_in_front(program, TITLE)
 
     def wait_closed(self, program):
         wait_for("the dialog to close", 10, lambda: program.open_box(TITLE) is None)
@@ -61,12 +61,13 @@ class SettingsDialog(from_outside.FromOutside):
         program = self.open_window()
         self.open_dialog(program)
         self.fill("41")
-        box = program.box("Lobegraph")
+        box = self.box_in_front(program, "Lobegraph")
         self.assertIn("LBG024 Detect Start Level must be in the range 1 to 40", program.words(box))
         self.keys("Return")
-        wait_for("the message to close", 10, lambda: program.open_box("Lobegraph") is None)
+        self.box_in_front(program, TITLE)
         self.fill("9", "1.01")
         self.assertIn("LBG023 Startup delay must be in the range 0.00 to 1.00", self.close_box(program))
+        self.box_in_front(program, TITLE)
         self.keys("Escape")
         self.wait_closed(program)
         self.assertIsNone(program.open_box("Lobegraph"), "leaving validates nothing")
@@ -93,7 +94,7 @@ class SettingsDialog(from_outside.FromOutside):
             self.activate("^Lobegraph V")
             self.assertEqual(self.background(), "FFFFFF")
             way_in()
-            box = program.box(TITLE)
+            box = self.box_in_front(program, TITLE)
             program.press("Set default colours", within=box)
             wait_for("the colours to show", 5, lambda: self.background() == "E0E0E0")
             way_out(box)
