@@ -70,6 +70,8 @@ class Screenshots(from_outside.FromOutside):
     def take_all_shapes(self, program, scale):
         grown, shrunk = ((round(width * scale), round(HEIGHT * scale)) for width in (GROWN, SHRUNK))
         self.take(f"polar grown at {scale}.png", grown)
+        if scale == 1:
+            self.take_other_scales_of_the_plot(program, grown)
         program.press("<-Shrink")
         self.take(f"polar shrunk at {scale}.png", shrunk)
         program.press("Grow->")
@@ -77,6 +79,15 @@ class Screenshots(from_outside.FromOutside):
         self.take(f"rectangular grown at {scale}.png", grown)
         program.press("<-Shrink")
         self.take(f"rectangular shrunk at {scale}.png", shrunk)
+
+    def take_other_scales_of_the_plot(self, program, size):
+        program.press("Lin / Log")
+        self.take("linear dB grown.png", size)
+        program.press("Lin / Log")
+        program.tick("Plot in dB")
+        self.take("not in dB grown.png", size)
+        program.tick("Plot in dB")
+        program.press("Rescale")
 
     def test_every_window_on_every_desktop(self):
         from_outside.PICTURES.mkdir(parents=True, exist_ok=True)
@@ -115,6 +126,8 @@ class Screenshots(from_outside.FromOutside):
         program.press("ROSKA Wattscan meter", "radio button", within=box)
         self.look(name, OTHER_WINDOWS["chooser"], dark)
         program.press("OK", within=box)
+        program.box("Lobegraph")
+        self.stage.picture(from_outside.PICTURES / name.replace("chooser", "message"), title=None)
         self.assertIn("COM Port not available", self.close_box(program))
 
     def look(self, name, title, dark):
