@@ -14,10 +14,11 @@ wait_for() {
   local what=$1 end=$((SECONDS + $2))
   shift 2
   until "$@"; do
-    [ $SECONDS -lt $end ] || { echo "waited too long for $what" >&2; cat /tmp/*.log >&2; xwininfo -root -tree >&2; exit 1; }
+    [ $SECONDS -lt $end ] || { echo "waited too long for $what" >&2; cat /tmp/*.log >&2; xwininfo -root -tree >&2 || true; exit 1; }
     sleep 0.2
   done
 }
+display() { xwininfo -root >/dev/null 2>&1; }
 window() { xwininfo -root -tree 2>/dev/null | grep -q "\"$1"; }
 gone() { ! kill -0 "$1" 2>/dev/null; }
 
@@ -39,18 +40,19 @@ echo "== starting"
 mkdir -p /root/.config/lobegraph
 printf '[Settings]\nUsername=N0CALL\n' >/root/.config/lobegraph/Lobegraph.conf
 export DISPLAY=:77
+mkdir -p -m 1777 /tmp/.X11-unix
 Xvfb :77 -screen 0 1024x768x24 -nolisten tcp >/tmp/xvfb.log 2>&1 &
-wait_for "the display" 20 xwininfo -root -children >/dev/null 2>&1
+wait_for "the display" 60 display
 openbox >/tmp/openbox.log 2>&1 &
 dbus-run-session -- lobegraph >/tmp/lobegraph.log 2>&1 &
 program=$!
-wait_for "the window" 40 window "Lobegraph V"
+wait_for "the window" 120 window "Lobegraph V"
 sleep 1
 xdotool search --onlyvisible --name '^Lobegraph V' windowactivate --sync key F1
-wait_for "the guide" 20 window ".*Lobegraph Help"
+wait_for "the guide" 60 window ".*Lobegraph Help"
 echo "its window and its guide are there"
 xdotool search --onlyvisible --name '^Lobegraph V' windowactivate --sync key alt+x
-wait_for "its end" 20 gone $program
+wait_for "its end" 60 gone $program
 
 echo "== removing"
 apt-get purge -y -qq lobegraph >/tmp/apt.log 2>&1 || { cat /tmp/apt.log; exit 1; }

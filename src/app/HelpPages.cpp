@@ -9,37 +9,34 @@ namespace {
 
 struct Row {
   std::string_view Window;
-  HelpPage Page;
+  std::string_view Page;
 };
 
-// The numbers stand in help/LBGHelp.hhp as well.
 constexpr auto kRows = std::to_array<Row>({
-    {"Form1", {"window.html", 2}},
-    {"frmSettings", {"settings.html", 3}},
-    {"frmChooseInput", {"chooser.html", 4}},
-    {"frmdBMeter", {"meterwindow.html", 5}},
-    {"frmEditLbg", {"editor.html", 6}},
-    {"QMessageBox", {"messages.html", 7}},
-    {"QFileDialog", {"files.html", 8}},
-    {"QColorDialog", {"settings.html", 3}},
-    {"QInputDialog", {"first.html", 9}},
-    {"QPrintDialog", {"printing.html", 10}},
+    {"Form1", "window.html"},
+    {"frmSettings", "settings.html"},
+    {"frmChooseInput", "chooser.html"},
+    {"frmdBMeter", "meterwindow.html"},
+    {"frmEditLbg", "editor.html"},
+    {"QMessageBox", "messages.html"},
+    {"QFileDialog", "files.html"},
+    {"QColorDialog", "settings.html"},
+    {"QInputDialog", "first.html"},
+    {"QPrintDialog", "printing.html"},
 });
 
 constexpr std::size_t kCodeLength = 6;  // "LBG007"
 
 }  // namespace
 
-HelpPage FirstHelpPage() { return {"index.html", 1}; }
-
-std::optional<HelpPage> HelpPageOf(std::string_view window) {
+std::optional<std::string_view> HelpPageOf(std::string_view window) {
   const auto* row =
       std::find_if(kRows.begin(), kRows.end(), [&](const Row& r) { return r.Window == window; });
   return row == kRows.end() ? std::nullopt : std::optional(row->Page);
 }
 
-std::vector<HelpPage> HelpPages() {
-  std::vector<HelpPage> pages = {FirstHelpPage()};
+std::vector<std::string_view> HelpPages() {
+  std::vector<std::string_view> pages = {kFirstHelpPage};
   for (const Row& row : kRows) pages.push_back(row.Page);
   return pages;
 }
@@ -53,11 +50,9 @@ std::string HelpAnchorOf(std::string_view message) {
 }
 
 std::vector<std::string> ViewerCommand(std::string_view desktopFile, const std::string& helpFile,
-                                       const HelpPage& page) {
-  if (desktopFile == "xchm.desktop") return {"xchm", "-c", std::to_string(page.Context), helpFile};
-  if (desktopFile == "kchmviewer.desktop")
-    return {"kchmviewer", "-showPage", std::string(page.File), helpFile};
-  return {"xdg-open", helpFile};
+                                       std::string_view page) {
+  if (desktopFile != "kchmviewer.desktop") return {};
+  return {"kchmviewer", "-showPage", std::string(page), helpFile};
 }
 
 }  // namespace lobegraph

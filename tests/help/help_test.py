@@ -86,22 +86,14 @@ class Help(unittest.TestCase):
             self.assertIn(f'value="{name}"', contents)
             self.assertIn(f"\n{name}\n", project)
 
-    def test_the_pages_of_the_windows_have_the_numbers_of_the_project(self):
-        code = (ROOT / "src/app/HelpPages.cpp").read_text()
-        project = (HELP / "LBGHelp.hhp").read_text()
-        in_code = {(file, int(number)) for file, number in re.findall(r'\{"(\w+\.html)", (\d+)\}', code)}
-        alias = dict(re.findall(r"^(IDH_\d+)=(\S+)$", project, re.M))
-        numbers = dict(re.findall(r"^#define (IDH_\d+) (\d+)$", project, re.M))
-        self.assertEqual(in_code, {(file, int(numbers[name])) for name, file in alias.items()})
-        self.assertEqual(len({number for _, number in in_code}), len(in_code))
+    def test_the_pages_of_the_windows_exist(self):
+        in_code = set(re.findall(r'"(\w+\.html)"', (ROOT / "src/app/HelpPages.cpp").read_text()))
+        self.assertGreater(len(in_code), 8)
+        self.assertEqual(in_code - set(PAGES), set())
 
     def test_every_text_of_the_program_is_explained(self):
         missing = {(place, text) for place, text in shown_texts() if text not in SILENT and text not in WORDS}
         self.assertEqual(missing, set())
-
-    def test_the_list_of_silent_texts_holds_nothing_superfluous(self):
-        everything = {text for _, text in shown_texts()}
-        self.assertEqual(SILENT - everything - {"not in this version yet"}, set())
 
     def test_a_message_that_the_guide_forgot_is_found(self):
         texts = [text for _, text in shown_texts()]
@@ -143,7 +135,6 @@ class Compiled(unittest.TestCase):
         listing = subprocess.run(["chmls", "list", self.guide], capture_output=True, text=True, check=True).stdout
         for name in [*PAGES, "guide.css", *(f"images/{path.name}" for path in (HELP / "images").glob("*"))]:
             self.assertRegex(listing, rf"(?m) /{re.escape(name)}$")
-        self.assertIn("/#IVB", listing)  # the numbers of the pages
 
 
 if __name__ == "__main__":

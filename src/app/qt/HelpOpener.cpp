@@ -18,7 +18,7 @@ QString Q(std::string_view text) {
 }
 
 /// The window's own name, else the kinds of box that it is.
-std::optional<HelpPage> PageOfWindow(const QWidget& window) {
+std::optional<std::string_view> PageOfWindow(const QWidget& window) {
   if (const auto page = HelpPageOf(window.objectName().toStdString())) return page;
   for (const QMetaObject* kind = window.metaObject(); kind != nullptr; kind = kind->superClass())
     if (const auto page = HelpPageOf(kind->className())) return page;
@@ -42,7 +42,7 @@ HelpOpener::Place HelpOpener::PlaceOf(const QWidget& widget) {
     if (part->isWindow())
       if (const auto page = PageOfWindow(*part))
         return {*page, QString::fromStdString(HelpAnchorOf(MessageOf(*part).toStdString()))};
-  return {FirstHelpPage(), ""};
+  return {kFirstHelpPage, ""};
 }
 
 bool HelpOpener::eventFilter(QObject* watched, QEvent* event) {
@@ -73,11 +73,11 @@ void HelpOpener::Open(const Place& place, QWidget& from) {
 }
 
 void HelpOpener::OpenWith(const QString& desktopFile, const Place& place) {
-  if (desktopFile.isEmpty()) return OpenOwn(place);
   QStringList command;
   for (const std::string& word :
        ViewerCommand(desktopFile.toStdString(), helpFile_.toStdString(), place.Page))
     command << QString::fromStdString(word);
+  if (command.isEmpty()) return OpenOwn(place);
   const QString program = command.takeFirst();
   if (!QProcess::startDetached(program, command)) OpenOwn(place);
 }
@@ -87,7 +87,7 @@ void HelpOpener::OpenOwn(const Place& place) {
   QWidget* owner = QApplication::activeModalWidget();
   if (owner == nullptr)
     for (owner = from_; owner != nullptr && owner->parentWidget() != nullptr;) owner = owner->parentWidget();
-  HelpWindow::Of(owner).Show(Q(place.Page.File), place.Anchor);
+  HelpWindow::Of(owner).Show(Q(place.Page), place.Anchor);
 }
 
 }  // namespace lobegraph

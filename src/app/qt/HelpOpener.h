@@ -11,7 +11,8 @@
 namespace lobegraph {
 
 /// F1 in any window of the program opens the guide at the page about that window: in the desktop's viewer for
-/// compiled guides, or in a window of the program where there is no such viewer or no compiled guide.
+/// compiled guides, or in a window of the program where there is no such viewer, none that can be told a
+/// page, or no compiled guide.
 class HelpOpener final : public QObject {
  public:
   /// @param application whose key presses are looked at
@@ -20,7 +21,7 @@ class HelpOpener final : public QObject {
 
   /// What F1 in a widget opens. @var Anchor empty, or a place in the page
   struct Place {
-    HelpPage Page;
+    std::string_view Page;
     QString Anchor;
   };
   static Place PlaceOf(const QWidget& widget);

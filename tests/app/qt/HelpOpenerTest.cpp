@@ -118,9 +118,9 @@ TEST_F(HelpOpenerTest, AWindowInAWindowWithoutAPageOpensThatOfItsOwner) {
   QWidget main;
   main.setObjectName("Form1");
   QDialog box(&main);
-  EXPECT_EQ(HelpOpener::PlaceOf(box).Page.File, "window.html");
+  EXPECT_EQ(HelpOpener::PlaceOf(box).Page, "window.html");
   QWidget stranger;
-  EXPECT_EQ(HelpOpener::PlaceOf(stranger).Page, FirstHelpPage());
+  EXPECT_EQ(HelpOpener::PlaceOf(stranger).Page, kFirstHelpPage);
 }
 
 TEST_F(HelpOpenerTest, WhileABoxKeepsTheOthersWaitingTheGuideCanBeRead) {
@@ -140,24 +140,35 @@ TEST_F(HelpOpenerTest, WhileABoxKeepsTheOthersWaitingTheGuideCanBeRead) {
 }
 
 TEST_F(HelpOpenerTest, ADesktopWithAViewerShowsTheCompiledGuideAtThePage) {
-  DesktopHas("xchm.desktop", "xchm");
+  DesktopHas("kchmviewer.desktop", "kchmviewer");
   Begin();
   QWidget window;
   window.setObjectName("frmEditLbg");
   window.show();
   QTest::keyClick(&window, Qt::Key_F1);
-  EXPECT_EQ(WhatWasAsked(), "xchm -c 6 " + Guide());
+  EXPECT_EQ(WhatWasAsked(), "kchmviewer -showPage editor.html " + Guide());
   EXPECT_EQ(OpenHelp(), nullptr);
 }
 
 TEST_F(HelpOpenerTest, AViewerThatCannotBeStartedGivesWayToTheOwnWindow) {
-  Script("xdg-mime", "echo xchm.desktop");
+  Script("xdg-mime", "echo kchmviewer.desktop");
   Begin();
   QWidget window;
   window.setObjectName("Form1");
   window.show();
   QTest::keyClick(&window, Qt::Key_F1);
   EXPECT_EQ(ShownPage(), "window.html");
+}
+
+TEST_F(HelpOpenerTest, AViewerThatCannotBeToldThePageGivesWayToTheOwnWindow) {
+  DesktopHas("xchm.desktop", "xchm");
+  Begin();
+  QWidget window;
+  window.setObjectName("Form1");
+  window.show();
+  QTest::keyClick(&window, Qt::Key_F1);
+  EXPECT_EQ(ShownPage(), "window.html");
+  EXPECT_FALSE(fs::exists(Asked()));
 }
 
 TEST_F(HelpOpenerTest, ADesktopThatNamesNoViewerGetsTheOwnWindow) {
@@ -171,7 +182,7 @@ TEST_F(HelpOpenerTest, ADesktopThatNamesNoViewerGetsTheOwnWindow) {
 }
 
 TEST_F(HelpOpenerTest, WithoutTheCompiledGuideTheOwnWindowOpens) {
-  DesktopHas("xchm.desktop", "xchm");
+  DesktopHas("kchmviewer.desktop", "kchmviewer");
   Begin(false);
   QWidget window;
   window.setObjectName("Form1");
@@ -213,8 +224,8 @@ TEST_F(HelpOpenerTest, LinksAndButtonsLeadThroughTheGuide) {
 }
 
 TEST_F(HelpOpenerTest, EveryPageOfAWindowIsInTheProgram) {
-  for (const HelpPage& page : HelpPages())
-    EXPECT_TRUE(QFile::exists(":/help/" + QString::fromUtf8(page.File.data(), qsizetype(page.File.size()))));
+  for (const std::string_view page : HelpPages())
+    EXPECT_TRUE(QFile::exists(":/help/" + QString::fromUtf8(page.data(), qsizetype(page.size()))));
 }
 
 }  // namespace
