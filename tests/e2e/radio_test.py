@@ -3,7 +3,6 @@ store."""
 import queue
 import socket
 import threading
-import time
 import unittest
 
 from from_outside import PROGRAMS, outside, wait_for
@@ -94,23 +93,32 @@ class Radio(WithParts):
         for index, (stored, level) in enumerate(zip(readings, expected)):
             self.assertAlmostEqual(stored_db(stored), stored_db(level), delta=0.001, msg=f"reading {index}")
 
-    def test_a_free_running_turn_follows_the_radio_and_the_end_is_published(self):
+    def test_a_free_running_turn_stays_among_what_was_published_and_the_end_is_published(self):
         meter = self.publish(self.radio())
         wait_for_published(self.stage)
         program = self.open_window(**METER, GaugeBridge="True", RotateTime=4)
-        values = []
-        program.press("Collect Data")
-        wait_for("the turn to begin", 10, lambda: program.enabled("Halt Collection"))
-        while not program.enabled("Collect Data"):
-            values.append(float(published(self.stage)["Reading"]))
-            time.sleep(0.02)
+        values, over = [], threading.Event()
+
+        def watch():
+            while not over.wait(0.005):
+                values.append(max(float(published(self.stage)["Reading"]), -60))
+
+        watcher = threading.Thread(target=watch)
+        watcher.start()
+        try:
+            wait_for("a value", 10, lambda: values)
+            program.press("Collect Data")
+            wait_for("the turn to begin", 10, lambda: program.enabled("Halt Collection"))
+            wait_for("the end of the turn", 60, lambda: program.enabled("Collect Data"))
+        finally:
+            over.set()
+            watcher.join()
         stored = [stored_db(level) - 60 for level in saved_readings(self, program)]
         self.assertEqual(len(stored), READINGS)
-        # The radio's meter jiggles by some dB many times a second; not every value was seen here.
-        self.assertGreaterEqual(min(stored), max(min(values), -60) - 4)
-        self.assertLessEqual(max(stored), max(values) + 4)
-        seen = [max(value, -60) for value in values]
-        self.assertAlmostEqual(sum(stored) / len(stored), sum(seen) / len(seen), delta=1.5)
+        # Of the radio's jitter of up to 3 dB, many times a second, not every value was seen here. The first reading still has
+        # the zeros of the start in its mean of three.
+        self.assertGreaterEqual(min(stored[1:]), min(values) - 3.1)
+        self.assertLessEqual(max(stored), max(values) + 3.1)
         outside.stop(meter)
         self.assertEqual(published(self.stage)["Active"], "N")
 
