@@ -53,6 +53,13 @@ TEST(ConvertReading, AboveTheRangeIsClampedAndYellow) {
   EXPECT_EQ(rig.Display.Indicator, StatusColour::Yellow);
 }
 
+TEST(ConvertReading, JustAbove601IsClamped) {
+  Rig rig;
+  rig.Thrice("601.05");
+  EXPECT_FLOAT_EQ(rig.State.MeterDb, 60.0F);
+  EXPECT_EQ(rig.Display.Indicator, StatusColour::Yellow);
+}
+
 TEST(ConvertReading, DeliberatelyBetween600And601PassesUnclamped) {
   Rig rig;
   rig.Thrice("601");
@@ -122,6 +129,8 @@ class Parsing : public ::testing::TestWithParam<ParseRow> {};
 
 const ParseRow kParseRows[] = {
     {"RoskaTwoReadings", true, "123;456;", {"123", "456"}},
+    {"RoskaEveryDigit", true, "109;238;476;5;", {"109", "238", "476", "5"}},
+    {"RoskaTheNeighboursOfTheDigitsAreNone", true, "1/2:3;", {"123"}},
     {"RoskaASpaceEmptiesTheBuffer", true, "12 34;", {"34"}},
     {"RoskaAnEmptyBufferConvertsAfterASpace", true, "123; ;", {"123", ""}},
     {"RoskaOtherCharactersAreIgnored", true, "a1\r\nb2.-3;", {"123"}},

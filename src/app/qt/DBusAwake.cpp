@@ -32,9 +32,11 @@ void DBusAwake::End() {
 }
 
 void DBusAwake::AskScreenSaver() {
+  const QDBusConnection bus = QDBusConnection::sessionBus();
+  if (!bus.isConnected()) return;  // its answer would never come, and be waited for until the program ends
   QDBusMessage call = ScreenSaverCall("Inhibit");
   call << kWho << kWhy;
-  auto* answer = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(call), this);
+  auto* answer = new QDBusPendingCallWatcher(bus.asyncCall(call), this);
   connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer] {
     const QDBusPendingReply<quint32> cookie = *answer;
     if (cookie.isValid()) cookie_ = cookie.value();
@@ -44,10 +46,12 @@ void DBusAwake::AskScreenSaver() {
 }
 
 void DBusAwake::AskLogin() {
+  const QDBusConnection bus = QDBusConnection::systemBus();
+  if (!bus.isConnected()) return;
   QDBusMessage call = QDBusMessage::createMethodCall("org.freedesktop.login1", "/org/freedesktop/login1",
                                                      "org.freedesktop.login1.Manager", "Inhibit");
   call << "sleep:idle" << kWho << kWhy << "block";
-  auto* answer = new QDBusPendingCallWatcher(QDBusConnection::systemBus().asyncCall(call), this);
+  auto* answer = new QDBusPendingCallWatcher(bus.asyncCall(call), this);
   connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer] {
     const QDBusPendingReply<QDBusUnixFileDescriptor> lock = *answer;
     if (lock.isValid() && wanted_) sleepLock_ = lock.value();
