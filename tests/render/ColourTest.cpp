@@ -35,7 +35,7 @@ INSTANTIATE_TEST_SUITE_P(WhereTheTextTurns, ReadableOnTest,
                                          Readable{{0, 137, 0}, kWhite}, Readable{{0, 138, 0}, kBlack},
                                          Readable{{0, 107, 255}, kWhite}, Readable{{0, 108, 255}, kBlack},
                                          Readable{{188, 0, 255}, kWhite}, Readable{{189, 0, 255}, kBlack},
-                                         Readable{{117, 117, 117}, kWhite},
+                                         Readable{{235, 10, 20}, kBlack}, Readable{{117, 117, 117}, kWhite},
                                          Readable{{118, 118, 118}, kBlack}));
 
 }  // namespace
