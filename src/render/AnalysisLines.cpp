@@ -106,7 +106,8 @@ void AnalysisLines::Reset() {
 void AnalysisLines::Draw(AnalysisSide side, float y) {
   const float left = area_.Left;
   const float right = area_.Right;
-  layer_.Show(static_cast<int>(side), {.From = {left, y}, .To = {right, y}, .LineColour = kBlack});
+  layer_.Show(static_cast<int>(side),
+              {.From = {left, y}, .To = {right, y}, .LineColour = kWhite, .Inverting = true});
   lines_.at(Index(side)).Drawn = ToInt16(y);
 }
 

@@ -46,7 +46,8 @@ std::string AngleText(float x, const PlotArea& area);
 std::string LineCaption(AnalysisSide side, const AnalysisScale& scale);
 
 /// Two level lines across the rectangular drawing that the mouse or the arrow keys move. They lie on a layer:
-/// the picture beneath stays as it is. Dashed, 1 unit wide.
+/// the picture beneath stays as it is. Dashed, 1 unit wide, in the opposite of each colour
+/// beneath.
 class AnalysisLines {
  public:
   explicit AnalysisLines(const PlotGeometry& geometry) : area_(MakePlotArea(geometry)), radius_(geometry.R) {}

@@ -12,6 +12,9 @@ struct LayerLine {
   SurfacePoint To;
   Colour LineColour;
   bool Dashed = true;
+  /// In white, the opposite of what lies beneath, pixel for pixel: seen on any background, grid lines
+  /// included.
+  bool Inverting = false;
   bool operator==(const LayerLine&) const = default;
 };
 

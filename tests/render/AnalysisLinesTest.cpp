@@ -88,7 +88,7 @@ TEST_F(AnalysisLinesTest, the_left_button_sets_the_upper_line) {
   EXPECT_EQ(lines_.Line(Upper), (AnalysisLine{true, 100, 200, -1, -1, 200}));
   EXPECT_EQ(lines_.Line(Lower), AnalysisLine{});
   const LayerLine line = lines_.Layer().Lines().at(static_cast<int>(Upper));
-  EXPECT_EQ(line, (LayerLine{{26, 200}, {494, 200}, kBlack, true}));
+  EXPECT_EQ(line, (LayerLine{{26, 200}, {494, 200}, kWhite, true, true}));
 }
 
 TEST_F(AnalysisLinesTest, the_right_button_sets_the_lower_line) {

@@ -18,6 +18,8 @@ void PaintLayer(QPainter& painter, const PictureLayer& layer) {
   painter.setRenderHint(QPainter::Antialiasing, false);
   for (const auto& [number, line] : layer.Lines()) {
     const Qt::PenStyle style = line.Dashed ? Qt::DashLine : Qt::SolidLine;
+    painter.setCompositionMode(line.Inverting ? QPainter::CompositionMode_Difference
+                                              : QPainter::CompositionMode_SourceOver);
     painter.setPen(QPen(lobegraph::ToQt(line.LineColour), 1.0, style, Qt::FlatCap));
     painter.drawLine(ToQt(line));
   }

@@ -33,6 +33,23 @@ TEST(PaintLayer, a_dashed_line_leaves_gaps_and_a_solid_one_none) {
   EXPECT_LT(BlackPixels(window, 20), 40);
 }
 
+TEST(PaintLayer, an_inverting_line_is_seen_on_light_and_dark) {
+  QImage window(60, 40, QImage::Format_RGB32);
+  window.fill(Qt::white);
+  QPainter painter(&window);
+  painter.fillRect(30, 0, 30, 40, Qt::black);
+  painter.fillRect(0, 20, 5, 1, QColor(224, 0, 1));
+  PictureLayer layer;
+  layer.Show(1, {{0, 20}, {60, 20}, kWhite, false, true});
+  layer.Show(2, {{0, 30}, {60, 30}, kBlack, false});
+  PaintLayer(painter, layer);
+  painter.end();
+  EXPECT_EQ(window.pixel(2, 20), qRgb(31, 255, 254));
+  EXPECT_EQ(window.pixel(10, 20), qRgb(0, 0, 0));
+  EXPECT_EQ(window.pixel(50, 20), qRgb(255, 255, 255));
+  EXPECT_EQ(BlackPixels(window, 30), 60) << "the line after it is drawn as ever";
+}
+
 TEST(PaintLayer, a_hidden_line_shows_again_what_is_beneath) {
   PictureLayer layer;
   layer.Show(1, {{10, 20}, {50, 20}, kBlack});
