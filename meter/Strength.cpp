@@ -1,6 +1,7 @@
 #include "meter/Strength.h"
 
 #include <algorithm>
+#include <cmath>
 #include <sstream>
 #include <stdexcept>
 
@@ -8,10 +9,17 @@
 #include "data/RunTimeError.h"
 
 namespace lobegraph {
+namespace {
+
+constexpr double kBeyondAllSenseDb = 1000;
+
+}  // namespace
 
 std::optional<double> ParseStrength(std::string_view answer) {
   try {
-    return WholeNumberText(answer);
+    const double strength = WholeNumberText(answer);
+    if (std::abs(strength) > kBeyondAllSenseDb) return std::nullopt;
+    return strength;
   } catch (const RunTimeError&) {
     return std::nullopt;
   }

@@ -13,8 +13,7 @@ inline constexpr double kS9Dbm = -73;
 inline constexpr double kStrongestDbm = -5;
 
 /// The signal strength, dB over S9, in a daemon's answer to "l STRENGTH"; none for an answer that is no
-/// number
-/// ("RPRT -11").
+/// number ("RPRT -11") or one beyond all sense (more than 1000 dB away).
 std::optional<double> ParseStrength(std::string_view answer);
 
 /// What an S-meter reports and what is true, measured once with a step attenuator: S-meters are not linear.

@@ -7,7 +7,7 @@ namespace {
 TEST(Strength, IsTheNumberThatTheDaemonAnswers) {
   EXPECT_EQ(ParseStrength("-54"), -54.0);
   EXPECT_EQ(ParseStrength("12.5"), 12.5);
-  for (const char* answer : {"RPRT -11", "", "S9", "5 dB"})
+  for (const char* answer : {"RPRT -11", "", "S9", "5 dB", "1e308", "-1001", "1e999"})
     EXPECT_EQ(ParseStrength(answer), std::nullopt) << answer;
 }
 
@@ -38,7 +38,7 @@ TEST(CalibrationTable, BeyondItsEndsTheLastErrorHolds) {
 }
 
 TEST(CalibrationTable, ALineThatIsNoneIsNamed) {
-  for (const char* text : {"0 0\n1\n", "0 0\na b\n", "0 0\n1 2 3\n"}) {
+  for (const char* text : {"0 0\n1\n", "0 0\na b\n", "0 0\n1 2 3\n", "0 0\n1 1e308\n"}) {
     try {
       Calibration::FromText(text);
       ADD_FAILURE() << text;
