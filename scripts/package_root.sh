@@ -1,6 +1,7 @@
 #!/bin/bash
 # Runs inside the Debian root of package_test.sh: installs /lobegraph.deb, uses it, removes it.
-set -euo pipefail
+set -Eeuo pipefail
+trap 'echo "line $LINENO has failed" >&2; cat /tmp/*.log >&2' ERR
 export DEBIAN_FRONTEND=noninteractive LC_ALL=C.UTF-8 HOME=/root PATH=/usr/sbin:/usr/bin:/sbin:/bin
 
 # Every file but what the package manager keeps for itself, and what programs leave where they run.
@@ -19,7 +20,10 @@ wait_for() {
   done
 }
 display() { xwininfo -root >/dev/null 2>&1; }
-window() { xwininfo -root -tree 2>/dev/null | grep -q "\"$1"; }
+manager() { xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep "window id" >/dev/null; }
+window() { xwininfo -root -tree 2>/dev/null | grep "\"$1" >/dev/null; }
+# Presses a key in the window, once it can be seen.
+press() { timeout 60 xdotool search --sync --onlyvisible --name '^Lobegraph V' windowactivate --sync key "$1"; }
 gone() { ! kill -0 "$1" 2>/dev/null; }
 
 echo "== what it needs"
@@ -44,14 +48,14 @@ mkdir -p -m 1777 /tmp/.X11-unix
 Xvfb :77 -screen 0 1024x768x24 -nolisten tcp >/tmp/xvfb.log 2>&1 &
 wait_for "the display" 60 display
 openbox >/tmp/openbox.log 2>&1 &
+wait_for "the window manager" 60 manager
 dbus-run-session -- lobegraph >/tmp/lobegraph.log 2>&1 &
 program=$!
 wait_for "the window" 120 window "Lobegraph V"
-sleep 1
-xdotool search --onlyvisible --name '^Lobegraph V' windowactivate --sync key F1
+press F1
 wait_for "the guide" 60 window ".*Lobegraph Help"
 echo "its window and its guide are there"
-xdotool search --onlyvisible --name '^Lobegraph V' windowactivate --sync key alt+x
+press alt+x
 wait_for "its end" 60 gone $program
 
 echo "== removing"
