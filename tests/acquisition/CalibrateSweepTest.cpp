@@ -353,6 +353,7 @@ TEST(CalibrateSweep, a_fault_unlocks_unticks_and_is_thrown_on) {
   EXPECT_FALSE(rig.Panel.Calibrate);
   EXPECT_FALSE(rig.Flags.Running());
   EXPECT_EQ(rig.Record.ReadingCount, 100.0);
+  EXPECT_FALSE(rig.Flags.CollectRequested) << "the next sweep would end in a turn at once";
 }
 
 }  // namespace

@@ -192,5 +192,9 @@ TEST(UsbDescription, IsCutAtItsNulAndToItsPlace) {
   EXPECT_EQ(TextOf(full), std::string(50, 'y'));
 }
 
+TEST(UsbStatusSuffix, NamesTheErrorThatHasNoOtherName) {
+  EXPECT_EQ(UsbStatusSuffix(kFtOtherError), " - other error");
+}
+
 }  // namespace
 }  // namespace lobegraph
