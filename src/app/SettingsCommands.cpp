@@ -24,7 +24,7 @@ bool SettingsCommands::MayOpen(SettingsWay way) const {
 
 void SettingsCommands::Form_Load() {
   parts_.Shared.NoticeText = kDialogNotice;
-  dialog_.emplace(parts_.Shared.Settings, store_);
+  dialog_ = std::make_unique<SettingsDialog>(parts_.Shared.Settings, store_);
 }
 
 bool SettingsCommands::Validate(SettingsBox box) {

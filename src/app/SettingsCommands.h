@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string_view>
 
@@ -52,7 +53,7 @@ class SettingsCommands {
   AppParts parts_;
   PlotCommands& plot_;
   SettingsStore& store_;
-  std::optional<SettingsDialog> dialog_;
+  std::unique_ptr<SettingsDialog> dialog_;
 };
 
 }  // namespace lobegraph
