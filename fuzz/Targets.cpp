@@ -3,12 +3,19 @@
 namespace lobegraph::fuzz {
 namespace {
 
-constexpr Target kTargets[] = {{"PatternFile", TryPatternFile},     {"CsvReadings", TryCsvReadings},
-                               {"ModelTable", TryModelTable},       {"LevelTable", TryLevelTable},
-                               {"PlanningFiles", TryPlanningFiles}, {"Numbers", TryNumbers},
-                               {"SettingsFile", TrySettingsFile},   {"PlotColours", TryPlotColours},
-                               {"SerialMeters", TrySerialMeters},   {"ExternalMeter", TryExternalMeter},
-                               {"RadioAnswers", TryRadioAnswers},   {"SoundBlocks", TrySoundBlocks}};
+constexpr Target kTargets[] = {{"PatternFile", TryPatternFile},
+                               {"CsvReadings", TryCsvReadings},
+                               {"EditorCells", TryEditorCells},
+                               {"ModelTable", TryModelTable},
+                               {"LevelTable", TryLevelTable},
+                               {"PlanningFiles", TryPlanningFiles},
+                               {"Numbers", TryNumbers},
+                               {"SettingsFile", TrySettingsFile},
+                               {"PlotColours", TryPlotColours},
+                               {"SerialMeters", TrySerialMeters},
+                               {"ExternalMeter", TryExternalMeter},
+                               {"RadioAnswers", TryRadioAnswers},
+                               {"SoundBlocks", TrySoundBlocks}};
 
 }  // namespace
 

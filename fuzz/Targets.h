@@ -26,6 +26,7 @@ std::span<const Target> Targets();
 
 void TryPatternFile(std::string_view input);
 void TryCsvReadings(std::string_view input);
+void TryEditorCells(std::string_view input);
 void TryModelTable(std::string_view input);
 void TryLevelTable(std::string_view input);
 void TryPlanningFiles(std::string_view input);

@@ -1,0 +1,42 @@
+#include "data/EditorGrid.h"
+
+#include <cmath>
+
+#include "data/RunTimeError.h"
+#include "fuzz/Targets.h"
+
+namespace lobegraph::fuzz {
+namespace {
+
+void PromiseUpdate(const EditorGrid& grid) {
+  ReadingsRecord record;
+  int failedRow = 0;
+  try {
+    UpdateReadings(grid, record, failedRow);
+  } catch (const RunTimeError&) {
+    Promise(failedRow >= 1 && failedRow <= EditorGrid::kRows, "a refused value names its row");
+    Promise(record.ReadingCount == ReadingsRecord{}.ReadingCount, "a refused update changes nothing");
+    return;
+  }
+  Promise(record.ReadingCount == record.NumReadings + 1, "what was updated can be saved");
+  for (const float level : record.Readings) Promise(std::isfinite(level), "every reading is a number");
+}
+
+}  // namespace
+
+void TryEditorCells(std::string_view input) {
+  EditorGrid grid;
+  const int taken = grid.Paste(1, EditorColumn::Value, input);
+  Promise(taken >= 0 && taken <= EditorGrid::kRows, "a paste stays in the grid");
+  for (int row = 1; row <= taken; ++row)
+    Promise(grid.Shown(row, EditorColumn::Value).size() <= input.size() + 400,
+            "a cell shows its value, rounded");
+  PromiseUpdate(grid);
+  EditorGrid other;
+  const std::string column = grid.Copy(1, EditorGrid::kRows, EditorColumn::Value, EditorColumn::Value);
+  Promise(other.Paste(1, EditorColumn::Value, column) == EditorGrid::kRows, "a copied column pastes whole");
+  grid.Insert(taken);
+  grid.Delete(taken + 1);
+}
+
+}  // namespace lobegraph::fuzz
