@@ -1,8 +1,8 @@
 #pragma once
 
-#include <cstring>
 #include <functional>
 #include <memory>
+#include <span>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -87,9 +87,8 @@ class FakeDevice final : public CaptureDevice {
 
 /// The bytes of samples, as the sound system delivers them.
 inline std::vector<std::byte> BytesOf(const std::vector<std::int16_t>& samples) {
-  std::vector<std::byte> bytes(samples.size() * sizeof(std::int16_t));
-  std::memcpy(bytes.data(), samples.data(), bytes.size());
-  return bytes;
+  const auto bytes = std::as_bytes(std::span(samples));
+  return {bytes.begin(), bytes.end()};
 }
 
 /// One 10 ms block of 44.1 kHz stereo, every sample the same.
