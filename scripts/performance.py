@@ -41,6 +41,13 @@ def processor_seconds(pid):
     return (int(fields[11]) + int(fields[12])) / TICKS
 
 
+def share_of_core(pid, seconds):
+    """What a process takes of one core from now on."""
+    before, start = processor_seconds(pid), time.monotonic()
+    time.sleep(seconds)
+    return (processor_seconds(pid) - before) / (time.monotonic() - start)
+
+
 def resident_megabytes(pid):
     status = pathlib.Path(f"/proc/{pid}/status").read_text()
     return int(re.search(r"VmRSS:\s+(\d+)", status).group(1)) / 1024
@@ -53,11 +60,8 @@ def collecting(stage, programs):
     program.slide("Rotation time in seconds", 36)
     program.press("Collect Data")
     time.sleep(5)
-    pid = program.process.pid
-    before, start = processor_seconds(pid), time.monotonic()
-    time.sleep(20)
-    share = (processor_seconds(pid) - before) / (time.monotonic() - start)
-    memory = resident_megabytes(pid)
+    share = share_of_core(program.process.pid, 20)
+    memory = resident_megabytes(program.process.pid)
     outside.stop(program.process)
     return share, memory
 
@@ -74,10 +78,7 @@ def waiting(stage, programs):
     program = outside.Program(stage.start(programs / "lobegraph"))
     program.press("Collect Data")
     time.sleep(2)
-    pid = program.process.pid
-    before, start = processor_seconds(pid), time.monotonic()
-    time.sleep(10)
-    share = (processor_seconds(pid) - before) / (time.monotonic() - start)
+    share = share_of_core(program.process.pid, 10)
     for process in (program.process, bench):
         outside.stop(process)
     os.close(port)
