@@ -58,7 +58,9 @@ OTHERS = {
     "<<": [">>"], ">>": ["<<"], "+=": ["-="], "-=": ["+="], "*=": ["/="], "/=": ["*="], "++": ["--"], "--": ["++"],
 }
 # What the language wants to know while it compiles.
+# So it does with what stands in front of a name: its type.
 FIXED = {Kind.CASE_STMT, Kind.STATIC_ASSERT, Kind.ENUM_CONSTANT_DECL, Kind.TEMPLATE_NON_TYPE_PARAMETER}
+NAMED = {Kind.VAR_DECL, Kind.FIELD_DECL, Kind.PARM_DECL, Kind.FUNCTION_DECL, Kind.CXX_METHOD, Kind.TYPE_ALIAS_DECL}
 
 # A piece of source: the byte offsets [begin, end) of the whole and of its operands; `texts` writes the two choices.
 Place = collections.namedtuple("Place", "file line begin end was now operands shape constant")
@@ -110,7 +112,9 @@ class Reader:
         if node.extent.start.file and node.extent.start.file.name == str(self.path):
             self.consider(node, begin, end, constant)
         for child in node.get_children():
-            self.visit(child, constant)
+            in_type = node.kind in NAMED and child.extent.end.offset <= node.location.offset
+            if not in_type:
+                self.visit(child, constant)
 
     def constant_of(self, node):
         """Where the word constexpr of a variable stands, and what takes its place."""
