@@ -70,11 +70,18 @@ class HelpOpenerTest : public ::testing::Test {
     return line;
   }
 
+  void PressF1In(const char* name) {
+    window_.setObjectName(name);
+    window_.show();
+    QTest::keyClick(&window_, Qt::Key_F1);
+  }
+
   TemporaryFolder folder_;
 
  private:
   QByteArray path_ = qgetenv("PATH");
   HelpOpener* opener_ = nullptr;
+  QWidget window_;
 };
 
 TEST_F(HelpOpenerTest, F1InEachWindowOpensThePageAboutIt) {
@@ -142,10 +149,7 @@ TEST_F(HelpOpenerTest, WhileABoxKeepsTheOthersWaitingTheGuideCanBeRead) {
 TEST_F(HelpOpenerTest, ADesktopWithAViewerShowsTheCompiledGuideAtThePage) {
   DesktopHas("kchmviewer.desktop", "kchmviewer");
   Begin();
-  QWidget window;
-  window.setObjectName("frmEditLbg");
-  window.show();
-  QTest::keyClick(&window, Qt::Key_F1);
+  PressF1In("frmEditLbg");
   EXPECT_EQ(WhatWasAsked(), "kchmviewer -showPage editor.html " + Guide());
   EXPECT_EQ(OpenHelp(), nullptr);
 }
@@ -153,20 +157,14 @@ TEST_F(HelpOpenerTest, ADesktopWithAViewerShowsTheCompiledGuideAtThePage) {
 TEST_F(HelpOpenerTest, AViewerThatCannotBeStartedGivesWayToTheOwnWindow) {
   Script("xdg-mime", "echo kchmviewer.desktop");
   Begin();
-  QWidget window;
-  window.setObjectName("Form1");
-  window.show();
-  QTest::keyClick(&window, Qt::Key_F1);
+  PressF1In("Form1");
   EXPECT_EQ(ShownPage(), "window.html");
 }
 
 TEST_F(HelpOpenerTest, AViewerThatCannotBeToldThePageGivesWayToTheOwnWindow) {
   DesktopHas("xchm.desktop", "xchm");
   Begin();
-  QWidget window;
-  window.setObjectName("Form1");
-  window.show();
-  QTest::keyClick(&window, Qt::Key_F1);
+  PressF1In("Form1");
   EXPECT_EQ(ShownPage(), "window.html");
   EXPECT_FALSE(fs::exists(Asked()));
 }
@@ -174,20 +172,14 @@ TEST_F(HelpOpenerTest, AViewerThatCannotBeToldThePageGivesWayToTheOwnWindow) {
 TEST_F(HelpOpenerTest, ADesktopThatNamesNoViewerGetsTheOwnWindow) {
   Script("xdg-mime", "exit 0");
   Begin();
-  QWidget window;
-  window.setObjectName("Form1");
-  window.show();
-  QTest::keyClick(&window, Qt::Key_F1);
+  PressF1In("Form1");
   EXPECT_EQ(ShownPage(), "window.html");
 }
 
 TEST_F(HelpOpenerTest, WithoutTheCompiledGuideTheOwnWindowOpens) {
   DesktopHas("kchmviewer.desktop", "kchmviewer");
   Begin(false);
-  QWidget window;
-  window.setObjectName("Form1");
-  window.show();
-  QTest::keyClick(&window, Qt::Key_F1);
+  PressF1In("Form1");
   EXPECT_EQ(ShownPage(), "window.html");
   EXPECT_FALSE(fs::exists(Asked()));
 }
