@@ -9,6 +9,7 @@
 #include <QFrame>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QShortcutEvent>
 #include <QSlider>
 #include <QTimer>
 #include <algorithm>
@@ -105,7 +106,9 @@ void MainWindow::ConnectControl(const ControlRow& row) {
   if (auto* button =
           qobject_cast<QAbstractButton*>(&widget))  // a screen reader toggles a box without a click
     connect(button, button->isCheckable() ? &QAbstractButton::toggled : &QAbstractButton::clicked, this,
-            [this, id] { Click(id); });
+            [this, id, button] {
+              if (button->isEnabled()) Click(id);
+            });
   if (auto* slider = qobject_cast<QSlider*>(&widget))
     connect(slider, &QSlider::valueChanged, this, [this, id] { Click(id); });
   if (auto* dropDown = qobject_cast<QComboBox*>(&widget))
@@ -239,6 +242,8 @@ bool MainWindow::event(QEvent* event) {
 bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::KeyPress && SwallowsKey(*watched, static_cast<const QKeyEvent&>(*event)))
     return true;
+  if (event->type() == QEvent::Shortcut && ClicksByKey(*watched, static_cast<const QShortcutEvent&>(*event)))
+    return true;
   if (event->type() == QEvent::MouseButtonDblClick && watched == &view_.Widget(Control::lblOperator))
     return Click(Control::lblOperator), true;  // the plot below takes a double-click for the settings
   if (event->type() == QEvent::FocusIn) {
@@ -247,6 +252,15 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
       QTimer::singleShot(0, box, &QLineEdit::selectAll);
   }
   return QWidget::eventFilter(watched, event);
+}
+
+/// At once: the toolkit would click a tenth of a second later, when a turn that has begun meanwhile has
+/// locked the button.
+bool MainWindow::ClicksByKey(QObject& watched, const QShortcutEvent& key) {
+  auto* button = qobject_cast<QAbstractButton*>(&watched);
+  if (button == nullptr || key.isAmbiguous()) return false;
+  button->click();
+  return true;
 }
 
 bool MainWindow::SwallowsKey(QObject& watched, const QKeyEvent& key) {

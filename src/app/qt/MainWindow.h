@@ -19,6 +19,8 @@
 #include "render/qt/ImageSurface.h"
 #include "settings/FileSettingsStore.h"
 
+class QShortcutEvent;
+
 namespace lobegraph {
 
 /// The main window: the real parts put together, and the way from a click to its handler.
@@ -60,6 +62,7 @@ class MainWindow : public QWidget, private ProgramEnd {
   void PlaceSurface();
   void DrawForRatio(qreal ratio);
   void OpenSettings(SettingsWay way);
+  static bool ClicksByKey(QObject& watched, const QShortcutEvent& key);
   bool SwallowsKey(QObject& watched, const QKeyEvent& key);
 
   void EndAtOnce() override;

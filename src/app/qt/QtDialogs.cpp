@@ -6,6 +6,7 @@
 #include <QMessageBox>
 
 #include "app/EditorView.h"
+#include "app/qt/HelpWindow.h"
 
 namespace lobegraph {
 namespace {
@@ -84,10 +85,14 @@ std::optional<std::string> QtDialogs::OpenCsvFile(const std::string& folder) {
   return AskFile(folder, "Get CSV File", kCsvFilter);
 }
 
+/// Never a window that is deleted when it is closed: the box would be deleted with it, in the middle of its
+/// question.
 QWidget* QtDialogs::Owner() const {
   if (current_) return current_;
   QWidget* active = QApplication::activeWindow();
-  return active == nullptr || qobject_cast<QDialog*>(active) != nullptr ? owner_ : active;
+  const bool lasts = active != nullptr && qobject_cast<HelpWindow*>(active) == nullptr &&
+                     qobject_cast<QDialog*>(active) == nullptr;
+  return lasts ? active : owner_;
 }
 
 std::optional<std::string> QtDialogs::AskFile(const std::string& folder, const QString& title,

@@ -2,6 +2,7 @@
 #include <QInputDialog>
 #include <QPushButton>
 
+#include "app/qt/HelpWindow.h"
 #include "app/qt/QtDialogs.h"
 #include "app/qt/WindowFixture.h"
 
@@ -44,6 +45,17 @@ TEST_F(BoxesTest, SoundErrorHasItsTitleAndTheExclamationIcon) {
     box.accept();
   });
   dialogs_.Show({.Text = "No sound", .Title = "DirectSound Error", .Exclamation = true});
+  EXPECT_EQ(boxes.Seen, 1);
+}
+
+TEST_F(BoxesTest, TheGuideOwnsNoBoxWhichWouldEndWithIt) {
+  HelpWindow::Of(&owner_).Show("index.html", "");
+  ASSERT_TRUE(QTest::qWaitFor([] { return qobject_cast<HelpWindow*>(QApplication::activeWindow()); }));
+  BoxWatch boxes([this](QDialog& box) {
+    EXPECT_EQ(box.parentWidget(), &owner_);
+    box.accept();
+  });
+  dialogs_.Show({.Text = "The meter had no fresh value"});
   EXPECT_EQ(boxes.Seen, 1);
 }
 

@@ -56,6 +56,20 @@ TEST_F(TurnInTheWindowTest, TheLiveTraceRepaintsNoMoreThanItself) {
   EXPECT_LT(painted.boundingRect().height(), 200);
 }
 
+TEST_F(TurnInTheWindowTest, AClickThatWasOnItsWayDoesNotLeaveInTheMiddle) {
+  window_.Find<QAbstractButton>("cmdExit").animateClick();  // a screen reader's; it clicks after 100 ms
+  bool wasCollecting = false;
+  bool visible = false;
+  QTimer::singleShot(300, &window_.Window, [&] {
+    wasCollecting = Collecting();
+    visible = window_.Window.isVisible();
+    window_.Press("cmdHaltInput");
+  });
+  window_.Press("cmdCollectData");
+  EXPECT_TRUE(wasCollecting);
+  EXPECT_TRUE(visible);
+}
+
 TEST_F(TurnInTheWindowTest, EnterInABoxDoesNothingMeanwhile) {
   bool wasCollecting = false;
   bool drawn = true;
