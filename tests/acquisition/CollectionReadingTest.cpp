@@ -185,6 +185,15 @@ TEST(CollectionReading, the_strongest_is_the_peak_of_the_pattern_the_first_of_eq
   EXPECT_NEAR(rig.Record.PeakLevelDb, 6.0206F, 1e-3F);
 }
 
+TEST(CollectionReading, a_peak_below_60_dB_down_is_kept_as_60) {
+  for (const auto& [level, downDb] : {std::pair{1.5F, 56.4782F}, {0.5F, 60.0F}}) {
+    CollectionRig rig;
+    rig.Level.Level = level;
+    rig.Collect();
+    EXPECT_NEAR(rig.Record.PeakLevelDb, downDb, 1e-3F);
+  }
+}
+
 TEST(CollectionReading, a_peak_input_level_of_0_is_a_fault_that_unlocks_the_window) {
   CollectionRig rig;
   rig.Settings.PeakInputLevel = 0.0F;

@@ -40,6 +40,16 @@ TEST(MeterSilence, AMeterSlowerThanTheReadingsIsNotSilent) {
   EXPECT_THAT(rig.Texts(), IsEmpty());
 }
 
+TEST(MeterSilence, AWholeSecondWithoutAValueIsSilence) {
+  for (const auto& [backMs, count] : {std::pair{999, 0}, {1000, 1}}) {
+    MeterSilence silence;
+    silence.Begin(5, 0);
+    silence.Reading(0, 5, 500);
+    silence.Reading(1, 6, backMs);
+    EXPECT_EQ(silence.End(backMs, false).Count, count) << backMs;
+  }
+}
+
 TEST(MeterSilence, OneMessageAfterTheUnlockNamesTheFirstAndTheNumber) {
   SilentRig rig([](int index) { return index < 100; });
   const RunReport report = rig.Collect();
@@ -48,6 +58,7 @@ TEST(MeterSilence, OneMessageAfterTheUnlockNamesTheFirstAndTheNumber) {
   EXPECT_THAT(rig.Texts(),
               ElementsAre("The meter had no fresh value for 260 readings, the first is No. 101. Check "
                           "the meter and its cable; then choose the input again."));
+  EXPECT_FALSE(rig.Messages.Shown.front().Exclamation) << "the pattern is there";
   EXPECT_GT(rig.PlaceOf("Message " + rig.Texts().front()), rig.PlaceOf("Unlock"));
 }
 

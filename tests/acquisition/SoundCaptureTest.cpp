@@ -27,6 +27,7 @@ class Recording : public CaptureForm {
 TEST_F(Recording, StartRecordingOpensTheDefaultInputAndLetsItRun) {
   EXPECT_EQ(capture_.StartRecording(), "");
   EXPECT_TRUE(state_.SoundCaptureActive);
+  EXPECT_EQ(form_.Buffer().Format.SamplesPerSecond, 44100);
   EXPECT_EQ(form_.Buffer().HalfBytes, 1764);
   EXPECT_EQ(device_.calls, "first open:mic start ");
 }

@@ -9,6 +9,8 @@ TEST(BeamwidthTest, IsTheSmallerWayRoundBetweenTheTwoPoints) {
   EXPECT_EQ(BeamwidthBetween(30, 330, 1.F), 60.F);
   EXPECT_EQ(BeamwidthBetween(330, 30, 1.F), 60.F);
   EXPECT_EQ(BeamwidthBetween(165, 195, 1.F), 30.F);
+  EXPECT_EQ(BeamwidthBetween(10, 180, 1.F), 170.F);
+  EXPECT_EQ(BeamwidthBetween(10, 200, 1.F), 170.F);
   EXPECT_EQ(BeamwidthBetween(100, 220, .5F), 60.F);
   EXPECT_EQ(BeamwidthBetween(7, 7, 1.F), 0.F);
 }

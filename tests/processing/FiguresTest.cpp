@@ -278,6 +278,21 @@ TEST(Figures, ABeamMayEndAtTheLastSampleOfHalfATurn) {
   EXPECT_FALSE(Of(HalfTurn({-4, -2, -1, 0, -1, -2})).Hpbw);
 }
 
+TEST(Figures, ANarrowBeamOfHalfATurnIsNoSideLobeOfItself) {
+  const CutFigures figures = Of(HalfTurn({-20, -9, -20, -20, -2, 0, -2, -20, -20}));
+  EXPECT_THAT(figures.SideLobeLevel, Optional(-9.0));
+}
+
+TEST(Figures, TheLastSampleOfHalfATurnEndsASideLobe) {
+  EXPECT_THAT(Of(HalfTurn({-20, -20, -2, 0, -2, -20, -9, -20})).SideLobeLevel, Optional(-9.0));
+  EXPECT_THAT(Of(HalfTurn({-20, -9, -20, -2, 0, -2, -20, -20})).SideLobeLevel, Optional(-9.0));
+}
+
+TEST(Figures, ASideLobeBesideTheFirstSampleOfHalfATurnHasItsTopBetweenSamples) {
+  const CutFigures figures = Of(HalfTurn({-16, -12, -13, -30, -10, 0, -10, -30, -30, -30}));
+  EXPECT_THAT(figures.SideLobeAngle, Optional(DoubleNear(271.3, 1e-9)));
+}
+
 TEST(Figures, WhereverASideLobeOfHalfATurnLiesItsTopIsFoundBetweenSamples) {
   for (int at = 70; at <= 170; at += 5) {
     PatternCut cut = Turn(ParabolicBeam(40, 10, 30), 180);
@@ -308,6 +323,21 @@ TEST(Figures, TheCutIsThePlottedPartOfTheRecord) {
   EXPECT_DOUBLE_EQ(CutOf(record)->StartDeg, 270.0);
 }
 
+TEST(Figures, AReadingBelowOneHasADecibelValue) {
+  ReadingsRecord record = BeamRecord();
+  record.Readings(7) = 0.5F;
+  EXPECT_TRUE(FiguresOfRecord(record).Hpbw);
+}
+
+TEST(Figures, LevelsAreBelowTheStrongestHoweverWeakItIs) {
+  ReadingsRecord record = BeamRecord();
+  for (int i = 0; i <= record.NumReadings; ++i) record.Readings(i) *= 1e-4F;
+  const auto cut = CutOf(record);
+  ASSERT_TRUE(cut);
+  EXPECT_THAT(cut->LevelDb, ::testing::Contains(0.0));
+  EXPECT_THAT(cut->LevelDb, ::testing::Each(::testing::Le(0.0)));
+}
+
 TEST(Figures, AReadingWithoutADecibelValueOrTooFewReadingsHaveNoFigures) {
   ReadingsRecord record = BeamRecord();
   record.Elements = "3";
@@ -318,6 +348,7 @@ TEST(Figures, AReadingWithoutADecibelValueOrTooFewReadingsHaveNoFigures) {
   EXPECT_FALSE(FiguresOfRecord(record).Hpbw);
   EXPECT_FALSE(FiguresOfRecord(record).Ripple);
   EXPECT_FALSE(Of(Turn([](double d) { return d; }, 2)).Ripple);
+  EXPECT_TRUE(Of(Turn([](double d) { return d; }, 3)).Ripple);
 }
 
 }  // namespace

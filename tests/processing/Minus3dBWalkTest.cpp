@@ -41,6 +41,7 @@ INSTANTIATE_TEST_SUITE_P(
         Case{"candidate 2.9 against 3.5: the candidate is nearer", {{1, 1.F}, {2, 2.9F}, {3, 3.5F}}, 2},
         Case{"a tie goes to the one at or past 3 dB", {{1, 1.F}, {2, 2.75F}, {3, 3.25F}}, 3},
         Case{"exactly 3 dB", {{1, 1.F}, {2, 2.F}, {3, 3.F}, {4, 3.9F}}, 3},
+        Case{"exactly 3 dB ends it", {{1, 1.F}, {2, 2.F}, {3, 3.F}, {4, 2.5F}, {5, 3.3F}}, 3},
         Case{"readings below 1 dB take no part", {{1, .2F}, {2, .9F}, {3, 2.8F}, {4, 3.6F}}, 3},
         Case{"readings above 4 dB take no part", {{1, 2.F}, {2, 4.1F}, {3, 3.1F}}, 3},
         Case{"a first candidate at 2.9 is no measure", {{1, 2.9F}, {2, 3.1F}, {3, 2.F}, {4, 3.1F}}, 4},

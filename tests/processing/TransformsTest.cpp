@@ -119,6 +119,13 @@ TEST(DeSpikeTest, TheFirstReadingsNeighboursWrapRoundThePlottedSet) {
   EXPECT_EQ(record.Readings(99), 100.F);
 }
 
+TEST(DeSpikeTest, BeforeTheFirstReadingStandsTheLastOneAlone) {
+  ReadingsRecord record = FlatRecord(100, 100.F);
+  record.Readings(0) = record.Readings(98) = 300.F;
+  DeSpike(record, 50, 1000.F);
+  EXPECT_LT(record.Readings(0), 300.F);
+}
+
 TEST(DeSpikeTest, AReplacementIsCappedAtThePeakInputLevel) {
   ReadingsRecord record = FlatRecord(100, 940.F);
   for (int i = 49; i < 100; ++i) record.Readings(i) = 980.F;

@@ -83,6 +83,10 @@ TEST_F(AnalysisLinesTest, edges_belong_to_the_area) {
     EXPECT_FALSE(lines_.Inside(outside));
 }
 
+TEST_F(AnalysisLinesTest, a_line_that_was_never_set_has_no_positions) {
+  EXPECT_EQ(lines_.Line(Upper), (AnalysisLine{false, -1, -1, -1, -1, -1}));
+}
+
 TEST_F(AnalysisLinesTest, the_left_button_sets_the_upper_line) {
   lines_.Press(kLeftButton, {100.4F, 200});
   EXPECT_EQ(lines_.Line(Upper), (AnalysisLine{true, 100, 200, -1, -1, 200}));

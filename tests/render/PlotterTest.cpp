@@ -153,6 +153,14 @@ TEST(PlotPointRectangular, the_pen_is_up_where_the_axis_ends_and_begins_again) {
               ElementsAre("dot 492.7,384 #000000", "dot 26,374 #000000", "line 26,374 27.3,364 #000000"));
 }
 
+TEST(PlotPointRectangular, two_levels_of_one_angle_are_joined) {
+  RectangularPlot plot;
+  plot.At(90, 10);
+  plot.plotter.Pen().PenDown = true;
+  plot.At(90, 20);
+  EXPECT_EQ(plot.Surface.Operations.back(), "line 377,384 377,374 #000000");
+}
+
 TEST(PlotPointRectangular, passes_0_degrees_without_lifting_the_pen) {
   RectangularPlot plot;
   plot.At(359, 10);
