@@ -3,10 +3,11 @@
 
 usage: scripts/fuzz.py [--runs N] [--seconds S] [--only NAME...]
 
-Builds them first (preset "fuzz"). What a fuzzer finds on its way is kept in build/fuzz/found/<name>; the corpus in fuzz/corpus
+Builds them first (preset "fuzz") and runs one on each processor. What a fuzzer finds on its way is kept in build/fuzz/found/<name>; the corpus in fuzz/corpus
 stays as it is. Ends with 1 when there was a finding; its input then lies in build/fuzz/findings.
 """
 import argparse
+import concurrent.futures
 import os
 import pathlib
 import re
@@ -31,9 +32,9 @@ def build():
 
 def run(name, runs, seconds):
     """@return inputs tried, seconds, the path of a finding or None"""
-    found, findings = BUILD / "found" / name, BUILD / "findings"
+    found, findings = BUILD / "found" / name, BUILD / "findings" / name
     found.mkdir(parents=True, exist_ok=True)
-    findings.mkdir(exist_ok=True)
+    findings.mkdir(parents=True, exist_ok=True)
     before = set(findings.iterdir())
     start = time.monotonic()
     limit = [f"-max_total_time={seconds}"] if seconds else []
@@ -41,7 +42,7 @@ def run(name, runs, seconds):
     with log.open("w") as output:
         done = subprocess.run(
             [BUILD / "bin" / f"fuzz_{name}", found, ROOT / "fuzz" / "corpus" / name, f"-runs={runs}",
-             f"-max_len={LONGEST_INPUT.get(name, LONG_ENOUGH)}", f"-artifact_prefix={findings}/{name}-", "-print_final_stats=1",
+             f"-max_len={LONGEST_INPUT.get(name, LONG_ENOUGH)}", f"-artifact_prefix={findings}/", "-print_final_stats=1",
              "-timeout=10", *limit],
             env=os.environ | {"ASAN_OPTIONS": SANITIZER}, stdout=output, stderr=subprocess.STDOUT, check=False)
     took = time.monotonic() - start
@@ -59,14 +60,14 @@ def main():
     options.add_argument("--only", nargs="+", help="names of targets")
     arguments = options.parse_args()
     build()
+    names = [f.name for f in sorted((ROOT / "fuzz" / "corpus").iterdir()) if not arguments.only or f.name in arguments.only]
     failed = False
     print(f"{'target':16}{'inputs':>12}{'seconds':>10}{'a second':>10}  finding", flush=True)
-    for folder in sorted((ROOT / "fuzz" / "corpus").iterdir()):
-        if arguments.only and folder.name not in arguments.only:
-            continue
-        tried, took, finding = run(folder.name, arguments.runs, arguments.seconds)
-        failed = failed or finding is not None
-        print(f"{folder.name:16}{tried:12}{took:10.0f}{tried / took:10.0f}  {finding or 'none'}", flush=True)
+    with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
+        results = pool.map(lambda name: run(name, arguments.runs, arguments.seconds), names)
+        for name, (tried, took, finding) in zip(names, results):
+            failed = failed or finding is not None
+            print(f"{name:16}{tried:12}{took:10.0f}{tried / took:10.0f}  {finding or 'none'}", flush=True)
     return 1 if failed else 0
 
 

@@ -22,6 +22,7 @@ import time
 
 NOBODY = pwd.getpwnam("nobody")
 PATIENCE = 1.0  # seconds without an answer while idle
+WITHOUT_WINDOW = 30.0  # seconds in which a program that goes on may show none
 DEAD = 60.0  # seconds without an answer at any time
 MOST_IN_A_BOX = 40  # actions, before it is closed by the keys that close a box
 
@@ -168,6 +169,7 @@ class Monkey:
         self.turns = set()
         self.slowest = 0.0
         self.in_box = 0
+        self.seen_last = 0.0
         self.process = self.tree = None
         self.names = self.files()
         self.begin()
@@ -187,7 +189,8 @@ class Monkey:
         self.process = self.stage.start(self.programs / "lobegraph", log=self.log, cwd=self.stage.home)
         self.tree = None
         self.counts["starts"] += 1
-        end = time.monotonic() + 60
+        self.seen_last = time.monotonic()
+        end = self.seen_last + 60
         while not self.hands.windows(self.process):
             self.look_at_end()
             if time.monotonic() > end:
@@ -206,7 +209,11 @@ class Monkey:
     def act(self):
         """One action; the next window of the program is in front, a box before the window."""
         windows = self.hands.windows(self.process)
-        if not windows:
+        if windows:
+            self.seen_last = time.monotonic()
+        elif time.monotonic() - self.seen_last > WITHOUT_WINDOW:
+            raise Found(f"no window for {WITHOUT_WINDOW:.0f} s, but the program goes on: {self.state()}")
+        else:
             return
         front = windows[-1]
         title = self.hands.title(front)
