@@ -194,6 +194,13 @@ TEST(CollectionReading, a_peak_below_60_dB_down_is_kept_as_60) {
   }
 }
 
+TEST(CollectionReading, a_meter_that_never_spoke_is_60_dB_down) {
+  CollectionRig rig;
+  rig.UseSerialMeter();
+  rig.Collect();
+  EXPECT_EQ(rig.Record.PeakLevelDb, 60.0F);
+}
+
 TEST(CollectionReading, a_peak_input_level_of_0_is_a_fault_that_unlocks_the_window) {
   CollectionRig rig;
   rig.Settings.PeakInputLevel = 0.0F;
