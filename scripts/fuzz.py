@@ -3,8 +3,9 @@
 
 usage: scripts/fuzz.py [--runs N] [--seconds S] [--only NAME...]
 
-Builds them first (preset "fuzz") and runs one on each processor. What a fuzzer finds on its way is kept in build/fuzz/found/<name>; the corpus in fuzz/corpus
-stays as it is. Ends with 1 when there was a finding; its input then lies in build/fuzz/findings.
+Builds them first (preset "fuzz") and runs one on each processor. What a fuzzer finds on its way is kept in
+build/fuzz/found/<name>; the corpus in fuzz/corpus stays as it is. Ends with 1 when there was a finding; its input then lies
+in build/fuzz/findings/<name>.
 """
 import argparse
 import concurrent.futures

@@ -169,7 +169,6 @@ class Monkey:
         self.turns = set()
         self.slowest = 0.0
         self.in_box = 0
-        self.seen_last = 0.0
         self.process = self.tree = None
         self.names = self.files()
         self.begin()
@@ -209,12 +208,11 @@ class Monkey:
     def act(self):
         """One action; the next window of the program is in front, a box before the window."""
         windows = self.hands.windows(self.process)
-        if windows:
-            self.seen_last = time.monotonic()
-        elif time.monotonic() - self.seen_last > WITHOUT_WINDOW:
-            raise Found(f"no window for {WITHOUT_WINDOW:.0f} s, but the program goes on: {self.state()}")
-        else:
+        if not windows:
+            if time.monotonic() - self.seen_last > WITHOUT_WINDOW:
+                raise Found(f"no window for {WITHOUT_WINDOW:.0f} s, but the program goes on: {self.state()}")
             return
+        self.seen_last = time.monotonic()
         front = windows[-1]
         title = self.hands.title(front)
         self.in_box = 0 if self.is_main(front) else self.in_box + 1

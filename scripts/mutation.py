@@ -58,9 +58,9 @@ OTHERS = {
     "<<": [">>"], ">>": ["<<"], "+=": ["-="], "-=": ["+="], "*=": ["/="], "/=": ["*="], "++": ["--"], "--": ["++"],
 }
 # What the language wants to know while it compiles.
-# So it does with what stands in front of a name: its type.
 FIXED = {Kind.CASE_STMT, Kind.STATIC_ASSERT, Kind.ENUM_CONSTANT_DECL, Kind.TEMPLATE_NON_TYPE_PARAMETER,
          Kind.TYPE_ALIAS_DECL}
+# What stands in front of their names is their type, which it wants to know as well.
 NAMED = {Kind.VAR_DECL, Kind.FIELD_DECL, Kind.PARM_DECL, Kind.FUNCTION_DECL, Kind.CXX_METHOD}
 
 # A piece of source: the byte offsets [begin, end) of the whole and of its operands; `texts` writes the two choices.

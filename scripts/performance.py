@@ -23,7 +23,7 @@ def drawing(programs):
     """Medians of the drawing benchmarks, by name, in microseconds."""
     environment = dict(os.environ, QT_QPA_PLATFORM="offscreen")
     done = subprocess.run(
-        [programs / "lobegraph_benchmarks", "--benchmark_format=json", "--benchmark_repetitions=9",
+        [programs / "lobegraph_benchmarks", "--benchmark_format=json",
          "--benchmark_report_aggregates_only=true"], env=environment, capture_output=True, text=True, check=True)
     scale = {"ns": 1e-3, "us": 1.0, "ms": 1e3}
     return {row["run_name"]: row["real_time"] * scale[row["time_unit"]]
@@ -153,7 +153,7 @@ Each promise beside its floor or its peer, measured in one run by `scripts/perfo
 
 ## Drawing
 
-`lobegraph_benchmarks`, medians of nine repetitions. The floor of a redraw is each pixel of the same picture written once, that of
+`lobegraph_benchmarks`, medians of five repetitions. The floor of a redraw is each pixel of the same picture written once, that of
 a live reading the repaint of its rectangle. Promise at scale 1: at most 3 ms for 360 readings on the logarithmic circle with
 labels, and 0.1 ms for one live reading, which repaints only its own rectangle.
 

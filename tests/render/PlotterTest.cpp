@@ -118,6 +118,13 @@ TEST(PlotPoint, an_angle_beyond_whole_numbers_is_an_overflow) {
 
 struct RectangularPlot : Plot {
   RectangularPlot() { plotter.Pen().LinearMode = true; }
+  /// What is drawn from one place to the next.
+  std::string Between(float angleDeg, float radius, float nextAngleDeg, float nextRadius) {
+    At(angleDeg, radius);
+    plotter.Pen().PenDown = true;
+    At(nextAngleDeg, nextRadius);
+    return Surface.Operations.back();
+  }
 };
 
 class AxisPositions : public testing::TestWithParam<Mapping> {};
@@ -154,19 +161,11 @@ TEST(PlotPointRectangular, the_pen_is_up_where_the_axis_ends_and_begins_again) {
 }
 
 TEST(PlotPointRectangular, two_levels_of_one_angle_are_joined) {
-  RectangularPlot plot;
-  plot.At(90, 10);
-  plot.plotter.Pen().PenDown = true;
-  plot.At(90, 20);
-  EXPECT_EQ(plot.Surface.Operations.back(), "line 377,384 377,374 #000000");
+  EXPECT_EQ(RectangularPlot().Between(90, 10, 90, 20), "line 377,384 377,374 #000000");
 }
 
 TEST(PlotPointRectangular, passes_0_degrees_without_lifting_the_pen) {
-  RectangularPlot plot;
-  plot.At(359, 10);
-  plot.plotter.Pen().PenDown = true;
-  plot.At(360, 10);
-  EXPECT_EQ(plot.Surface.Operations.back(), "line 258.7,384 260,384 #000000");
+  EXPECT_EQ(RectangularPlot().Between(359, 10, 360, 10), "line 258.7,384 260,384 #000000");
 }
 
 TEST(RotationOffset, a_180_degree_set_lies_across_the_upper_half_and_in_the_middle_of_the_axis) {

@@ -23,8 +23,8 @@ class TurnInTheWindowTest : public testing::Test {
   }
 
   /// Collects; `deed` is done once, in the middle of the turn.
-  void CollectAnd(const std::function<void()>& deed) {
-    QTimer::singleShot(100, &window_.Window, deed);
+  void CollectAnd(const std::function<void()>& deed, int afterMs = 100) {
+    QTimer::singleShot(afterMs, &window_.Window, deed);
     window_.Press("cmdCollectData");
   }
   bool Collecting() { return window_.Find<QWidget>("cmdHaltInput").isEnabled(); }
@@ -60,12 +60,12 @@ TEST_F(TurnInTheWindowTest, AClickThatWasOnItsWayDoesNotLeaveInTheMiddle) {
   window_.Find<QAbstractButton>("cmdExit").animateClick();  // a screen reader's; it clicks after 100 ms
   bool wasCollecting = false;
   bool visible = false;
-  QTimer::singleShot(300, &window_.Window, [&] {
+  const auto look = [&] {
     wasCollecting = Collecting();
     visible = window_.Window.isVisible();
     window_.Press("cmdHaltInput");
-  });
-  window_.Press("cmdCollectData");
+  };
+  CollectAnd(look, 300);
   EXPECT_TRUE(wasCollecting);
   EXPECT_TRUE(visible);
 }
