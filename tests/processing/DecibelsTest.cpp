@@ -37,6 +37,7 @@ TEST(RadiusRuleTest, EachScaleHasItsLaw) {
 }
 
 TEST(RadiusRuleTest, The50dBScaleEndsAtTheCentre) {
+  EXPECT_NEAR(PlotRadius(PlotScale::Db50, 234.F, 0.F, 49.9F, 35.F), 0.468F, 1e-3F);
   EXPECT_NEAR(PlotRadius(PlotScale::Db50, 234.F, 0.F, 50.F, 35.F), 0.F, 1e-4F);
   EXPECT_EQ(PlotRadius(PlotScale::Db50, 234.F, 0.F, 51.F, 35.F), 0.F);
 }

@@ -134,6 +134,25 @@ TEST(Figures, ANullThatIsSeveralSamplesWideCountsAtItsMiddle) {
   EXPECT_THAT(Of(Turn(pattern)).Fnbw, Optional(DoubleNear(140.0, 1e-9)));
 }
 
+TEST(Figures, ANullOfTwoSamplesLiesBetweenThem) {
+  const auto pattern = [](double d) {
+    const double away = Away(d, 0);
+    return away < 60 ? -0.3 * away : away <= 61 ? -30.0 : -10.0;
+  };
+  EXPECT_THAT(Of(Turn(pattern)).Fnbw, Optional(DoubleNear(121.0, 1e-9)));
+}
+
+TEST(Figures, WhatLiesJustBeforeThePeakIsFoundAllTheWayRoundAsWell) {
+  const CutFigures figures = Of(Turn([](double d) { return d == 350 ? -30.0 : 0.0; }, 36));
+  EXPECT_THAT(figures.Hpbw, Optional(DoubleNear(342.0, 1e-9)));
+  EXPECT_THAT(figures.Fnbw, Optional(DoubleNear(360.0, 1e-9)));
+}
+
+TEST(Figures, AFlatTopHasItsPeakOnASample) {
+  const CutFigures figures = Of(Turn([](double d) { return Away(d, 0) <= 1 ? 0.0 : -20.0; }));
+  EXPECT_THAT(figures.PeakBearing, Optional(0.0));
+}
+
 TEST(Figures, FrontToBackIsInterpolatedWhereNoSampleLiesBehind) {
   PatternCut cut = Turn(ParabolicBeam(0, 30, 20), 61);
   cut.LevelDb[30] = -10;
@@ -286,6 +305,10 @@ TEST(Figures, ANarrowBeamOfHalfATurnIsNoSideLobeOfItself) {
 TEST(Figures, TheLastSampleOfHalfATurnEndsASideLobe) {
   EXPECT_THAT(Of(HalfTurn({-20, -20, -2, 0, -2, -20, -9, -20})).SideLobeLevel, Optional(-9.0));
   EXPECT_THAT(Of(HalfTurn({-20, -9, -20, -2, 0, -2, -20, -20})).SideLobeLevel, Optional(-9.0));
+}
+
+TEST(Figures, ASideLobeMayStandRightBesideThePeakAndFallByNoMoreThanADecibel) {
+  EXPECT_THAT(Of(HalfTurn({0, -20, -9, -10, -9.5})).SideLobeLevel, Optional(-9.0));
 }
 
 TEST(Figures, ASideLobeBesideTheFirstSampleOfHalfATurnHasItsTopBetweenSamples) {

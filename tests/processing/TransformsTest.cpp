@@ -109,6 +109,16 @@ TEST(DeSpikeTest, ADifferenceOfExactlyTheLevelIsNoSpike) {
   EXPECT_EQ(record.Readings(50), 100.F);
 }
 
+TEST(DeSpikeTest, BothNeighboursMustLieFurtherAwayThanTheLevel) {
+  for (const int near : {49, 51}) {
+    ReadingsRecord record = FlatRecord(100, 100.F);
+    record.Readings(50) = 150.F;
+    record.Readings(near) = 99.F;
+    DeSpike(record, 50, 1000.F);
+    EXPECT_EQ(record.Readings(50), 150.F) << near;
+  }
+}
+
 TEST(DeSpikeTest, TheFirstReadingsNeighboursWrapRoundThePlottedSet) {
   ReadingsRecord record = FlatRecord(100, 100.F);
   record.Readings(0) = 300.F;
