@@ -57,6 +57,12 @@ TEST(ReadInputLevel, of_an_input_that_is_not_ready_is_1_and_colours_nothing) {
   EXPECT_THAT(rig.Log, IsEmpty());
 }
 
+TEST(ReadInputLevel, of_a_serial_meter_that_never_spoke_is_0) {
+  InputRig rig;
+  rig.UseSerialMeter();
+  EXPECT_EQ(rig.Input.ReadInputLevel(), 0.0F);
+}
+
 TEST(ReadInputLevel, of_a_serial_meter_is_its_last_value_then_5_ms_with_one_yield) {
   InputRig rig;
   rig.Choice.InputDeviceIsdBMeter = true;
