@@ -7,7 +7,6 @@ After each turn it looks at the program's memory, threads, open files and proces
 quarter of the turns is held against the first. Exits with 1 when something has grown.
 """
 import argparse
-import os
 import pathlib
 import statistics
 import sys
@@ -17,7 +16,6 @@ import outside
 
 SHORTEST_SECONDS = 1
 READINGS = 360
-TICKS = os.sysconf("SC_CLK_TCK")
 # What may differ between the two quarters: the allocator's and the toolkit's caches, a busy machine's noise.
 MORE_KILOBYTES = 2048
 MORE_PROCESSOR = 1.25
@@ -27,9 +25,8 @@ def look(process, turns):
     """Memory in kB, threads, open files, processor seconds so far."""
     folder = pathlib.Path(f"/proc/{process.pid}")
     status = dict(line.split(":", 1) for line in (folder / "status").read_text().splitlines())
-    fields = (folder / "stat").read_text().rsplit(")", 1)[1].split()
     return {"turn": turns, "memory": int(status["VmRSS"].split()[0]), "threads": int(status["Threads"]),
-            "files": len(list((folder / "fd").iterdir())), "processor": (int(fields[11]) + int(fields[12])) / TICKS}
+            "files": len(list((folder / "fd").iterdir())), "processor": outside.processor_seconds(process.pid)}
 
 
 def turn(program, copies):

@@ -25,7 +25,6 @@ NOBODY = pwd.getpwnam("nobody")
 PATIENCE = 1.0  # seconds without an answer while idle
 WITHOUT_WINDOW = 30.0  # seconds in which a program that goes on may show none
 DEAD = 60.0  # seconds without an answer at any time
-TICKS = os.sysconf("SC_CLK_TCK")
 MOST_IN_A_BOX = 40  # actions, before it is closed by the keys that close a box
 
 KEYS = ("Tab Tab Tab space space Return Escape Up Down Left Right Home End Page_Up Page_Down BackSpace Delete F1 F2 F10 "
@@ -169,7 +168,6 @@ class Monkey:
         self.counts = collections.Counter()
         self.titles = collections.Counter()
         self.turns = set()
-        self.late = []
         self.slowest = 0.0
         self.in_box = 0
         self.process = self.tree = None
@@ -300,25 +298,26 @@ class Monkey:
         own = took - (self.waited_for_others() - waited)
         self.counts["answers"] += 1
         if own > PATIENCE and not self.running():
-            self.late.append(f"no answer for {own:.2f} s (of {took:.2f} s) while idle: {dict(seen)}; {self.last[-1]}")
-            print(self.late[-1], flush=True)
+            self.counts["late answers"] += 1
+            print(f"no answer for {own:.2f} s (of {took:.2f} s) while idle: {dict(seen)}; {self.last[-1]}", flush=True)
         self.slowest = max(self.slowest, own)
 
     def state(self):
         """What the window's thread is doing: running or waiting, and in which call of the system."""
+        import outside
         folder = pathlib.Path(f"/proc/{self.process.pid}")
         try:
-            fields = (folder / "stat").read_text().rsplit(")", 1)[1].split()
-            return f"{fields[0]} {(folder / 'wchan').read_text()} {(folder / 'syscall').read_text().split()[0]}"
+            doing = outside.process_stat(self.process.pid)[0]
+            return f"{doing} {(folder / 'wchan').read_text()} {(folder / 'syscall').read_text().split()[0]}"
         except OSError as error:
             return str(error)
 
     def waited_for_others(self):
         """Seconds that the window's thread was ready while other programs had the processor, or waited for the disk."""
-        folder = pathlib.Path(f"/proc/{self.process.pid}")
+        import outside
         try:
-            fields = (folder / "stat").read_text().rsplit(")", 1)[1].split()
-            return int((folder / "schedstat").read_text().split()[1]) / 1e9 + int(fields[39]) / TICKS
+            core = int(pathlib.Path(f"/proc/{self.process.pid}/schedstat").read_text().split()[1]) / 1e9
+            return core + int(outside.process_stat(self.process.pid)[39]) / outside.TICKS
         except OSError:
             return 0.0
 
@@ -370,7 +369,7 @@ def play(stage, arguments):
         print(monkey.log.read_text(errors="replace")[-6000:])
         print(f"Found with seed {arguments.seed}: {found}")
         return 1
-    return 1 if monkey.late else 0
+    return 1 if monkey.counts["late answers"] else 0
 
 
 def main():

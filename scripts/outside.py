@@ -19,6 +19,8 @@ import gi
 gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi, Gio, GLib  # noqa: E402
 
+TICKS = os.sysconf("SC_CLK_TCK")
+
 
 def wait_for(what, seconds, condition, every=0.05):
     """The first true value of condition(); raises TimeoutError with `what` after that many seconds."""
@@ -129,6 +131,17 @@ class Stage(contextlib.ExitStack):
         tree = self.output("xwininfo", "-root", "-tree")
         window = re.search(r'(0x[0-9a-f]+) "' + re.escape(title), tree) if title else None
         self.output("import", "-window", window.group(1) if window else "root", path)
+
+
+def process_stat(pid):
+    """The fields of /proc/PID/stat from the state on: the one that proc(5) numbers N stands at N - 3."""
+    return pathlib.Path(f"/proc/{pid}/stat").read_text().rsplit(")", 1)[1].split()
+
+
+def processor_seconds(pid):
+    """What a process has taken of the processors so far."""
+    fields = process_stat(pid)
+    return (int(fields[11]) + int(fields[12])) / TICKS
 
 
 def stop(process):

@@ -16,7 +16,6 @@ import time
 import outside
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
-TICKS = os.sysconf("SC_CLK_TCK")
 
 
 def drawing(programs):
@@ -36,16 +35,11 @@ def timing(programs):
     return [re.split(r"\s{2,}", line.strip()) for line in done.stdout.splitlines()[1:]]
 
 
-def processor_seconds(pid):
-    fields = pathlib.Path(f"/proc/{pid}/stat").read_text().rsplit(")", 1)[1].split()
-    return (int(fields[11]) + int(fields[12])) / TICKS
-
-
 def share_of_core(pid, seconds):
     """What a process takes of one core from now on."""
-    before, start = processor_seconds(pid), time.monotonic()
+    before, start = outside.processor_seconds(pid), time.monotonic()
     time.sleep(seconds)
-    return (processor_seconds(pid) - before) / (time.monotonic() - start)
+    return (outside.processor_seconds(pid) - before) / (time.monotonic() - start)
 
 
 def resident_megabytes(pid):
