@@ -4,7 +4,7 @@
 #include <cmath>
 #include <vector>
 
-#include "data/PatternFile.h"
+#include "data/formats/PatternFile.h"
 
 namespace lobegraph {
 namespace {

@@ -3,8 +3,8 @@
 #include <string>
 
 #include "bench/Antenna.h"
-#include "data/FileAccess.h"
-#include "data/ReadingsRecord.h"
+#include "data/base/FileAccess.h"
+#include "data/record/ReadingsRecord.h"
 
 namespace lobegraph {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "data/Numbers.h"
+#include "data/base/Numbers.h"
 
 namespace lobegraph {
 namespace {

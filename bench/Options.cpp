@@ -4,7 +4,7 @@
 #include <iomanip>
 #include <sstream>
 
-#include "data/Numbers.h"
+#include "data/base/Numbers.h"
 
 namespace lobegraph {
 namespace {

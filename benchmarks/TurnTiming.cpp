@@ -12,8 +12,8 @@
 #include <vector>
 
 #include "acquisition/CollectionRig.h"
-#include "acquisition/LevelReader.h"
 #include "acquisition/qt/SystemClock.h"
+#include "acquisition/run/ChosenInput.h"
 
 namespace lobegraph {
 namespace {

@@ -3,8 +3,8 @@
 #include <ostream>
 #include <string>
 
-#include "data/FileAccess.h"
-#include "data/RunTimeError.h"
+#include "data/base/FileAccess.h"
+#include "data/base/RunTimeError.h"
 
 namespace lobegraph {
 

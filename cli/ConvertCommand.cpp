@@ -3,9 +3,9 @@
 #include <cmath>
 
 #include "cli/ReadPattern.h"
-#include "data/LevelTable.h"
-#include "data/Numbers.h"
-#include "data/PlanningFiles.h"
+#include "data/base/Numbers.h"
+#include "data/formats/LevelTable.h"
+#include "data/formats/PlanningFiles.h"
 #include "processing/Figures.h"
 #include "processing/PreparePlot.h"
 

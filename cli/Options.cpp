@@ -5,7 +5,7 @@
 #include <set>
 #include <sstream>
 
-#include "acquisition/ComPorts.h"
+#include "acquisition/serial/ComPorts.h"
 
 namespace lobegraph {
 namespace {

@@ -6,8 +6,8 @@
 #include <filesystem>
 #include <fstream>
 
-#include "data/ReplaceFile.h"
-#include "data/RunTimeError.h"
+#include "data/base/ReplaceFile.h"
+#include "data/base/RunTimeError.h"
 
 namespace lobegraph {
 namespace {

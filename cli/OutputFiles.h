@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/FileAccess.h"
+#include "data/base/FileAccess.h"
 
 namespace lobegraph {
 

@@ -4,8 +4,8 @@
 #include <utility>
 
 #include "cli/ReadPattern.h"
-#include "data/Numbers.h"
-#include "data/Rounding.h"
+#include "data/base/Numbers.h"
+#include "data/base/Rounding.h"
 #include "processing/Beamwidth.h"
 #include "processing/Directivity.h"
 #include "processing/Transforms.h"

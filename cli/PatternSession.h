@@ -6,10 +6,10 @@
 #include <string>
 #include <vector>
 
-#include "data/FileAccess.h"
-#include "data/ReadingsRecord.h"
-#include "data/RunTimeError.h"
-#include "processing/PatternCommands.h"
+#include "data/base/FileAccess.h"
+#include "data/base/RunTimeError.h"
+#include "data/record/ReadingsRecord.h"
+#include "processing/session/PatternCommands.h"
 
 namespace lobegraph {
 

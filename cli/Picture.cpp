@@ -2,7 +2,7 @@
 
 #include "cli/SvgSurface.h"
 #include "cli/TextWidth.h"
-#include "data/Rounding.h"
+#include "data/base/Rounding.h"
 #include "render/CircularGrid.h"
 #include "render/Trace.h"
 

@@ -3,9 +3,9 @@
 #include <charconv>
 #include <string>
 
-#include "data/Numbers.h"
-#include "data/Rounding.h"
-#include "data/RunTimeError.h"
+#include "data/base/Numbers.h"
+#include "data/base/Rounding.h"
+#include "data/base/RunTimeError.h"
 #include "settings/SettingsTable.h"
 #include "settings/SettingsText.h"
 

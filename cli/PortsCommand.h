@@ -1,6 +1,6 @@
 #pragma once
 
-#include "acquisition/ComPorts.h"
+#include "acquisition/serial/ComPorts.h"
 #include "cli/Command.h"
 #include "cli/Options.h"
 

@@ -2,12 +2,12 @@
 
 #include <sstream>
 
-#include "data/CsvReadings.h"
-#include "data/FileAccess.h"
-#include "data/LevelTable.h"
-#include "data/ModelTable.h"
-#include "data/PlanningFiles.h"
-#include "data/TextEncoding.h"
+#include "data/base/FileAccess.h"
+#include "data/base/TextEncoding.h"
+#include "data/formats/CsvReadings.h"
+#include "data/formats/LevelTable.h"
+#include "data/formats/ModelTable.h"
+#include "data/formats/PlanningFiles.h"
 
 namespace lobegraph {
 namespace {

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "data/PatternFile.h"
+#include "data/formats/PatternFile.h"
 
 namespace lobegraph {
 

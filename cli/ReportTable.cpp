@@ -2,7 +2,7 @@
 
 #include <optional>
 
-#include "data/Numbers.h"
+#include "data/base/Numbers.h"
 #include "processing/Figures.h"
 
 namespace lobegraph {

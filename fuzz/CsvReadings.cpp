@@ -1,4 +1,4 @@
-#include "data/CsvReadings.h"
+#include "data/formats/CsvReadings.h"
 
 #include <cmath>
 #include <sstream>

@@ -1,8 +1,8 @@
-#include "data/EditorGrid.h"
+#include "data/editor/EditorGrid.h"
 
 #include <cmath>
 
-#include "data/RunTimeError.h"
+#include "data/base/RunTimeError.h"
 #include "fuzz/Targets.h"
 
 namespace lobegraph::fuzz {

@@ -1,5 +1,5 @@
-#include "acquisition/ExternalMeter.h"
-#include "acquisition/dBMeter.h"
+#include "acquisition/meters/ExternalMeter.h"
+#include "acquisition/meters/dBMeter.h"
 #include "fuzz/NoDisplay.h"
 #include "fuzz/Targets.h"
 #include "fuzz/TextStore.h"

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "acquisition/MeterDisplay.h"
-#include "acquisition/MeterState.h"
+#include "acquisition/core/MeterDisplay.h"
+#include "acquisition/meters/MeterState.h"
 
 namespace lobegraph::fuzz {
 

@@ -1,12 +1,12 @@
-#include "data/Numbers.h"
+#include "data/base/Numbers.h"
 
 #include <charconv>
 #include <cmath>
 #include <optional>
 
-#include "data/Currency.h"
-#include "data/PatternTable.h"
-#include "data/RunTimeError.h"
+#include "data/base/Currency.h"
+#include "data/base/RunTimeError.h"
+#include "data/formats/PatternTable.h"
 #include "fuzz/Targets.h"
 
 namespace lobegraph::fuzz {

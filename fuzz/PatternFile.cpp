@@ -1,4 +1,4 @@
-#include "data/PatternFile.h"
+#include "data/formats/PatternFile.h"
 
 #include <cmath>
 

@@ -1,6 +1,6 @@
 #include "cli/PlotColours.h"
 
-#include "data/RunTimeError.h"
+#include "data/base/RunTimeError.h"
 #include "fuzz/Targets.h"
 
 namespace lobegraph::fuzz {

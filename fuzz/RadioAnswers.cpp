@@ -1,6 +1,6 @@
 #include <cmath>
 
-#include "data/Numbers.h"
+#include "data/base/Numbers.h"
 #include "fuzz/Targets.h"
 #include "meter/Strength.h"
 

@@ -1,4 +1,4 @@
-#include "data/RunTimeError.h"
+#include "data/base/RunTimeError.h"
 #include "fuzz/Targets.h"
 #include "fuzz/TextStore.h"
 #include "settings/SettingsConversion.h"

@@ -1,8 +1,8 @@
 #include <algorithm>
 
-#include "acquisition/SoundLevel.h"
-#include "acquisition/SoundRing.h"
-#include "data/RunTimeError.h"
+#include "acquisition/sound/SoundLevel.h"
+#include "acquisition/sound/SoundRing.h"
+#include "data/base/RunTimeError.h"
 #include "fuzz/Targets.h"
 
 namespace lobegraph::fuzz {

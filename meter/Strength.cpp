@@ -5,8 +5,8 @@
 #include <sstream>
 #include <stdexcept>
 
-#include "data/Numbers.h"
-#include "data/RunTimeError.h"
+#include "data/base/Numbers.h"
+#include "data/base/RunTimeError.h"
 
 namespace lobegraph {
 namespace {

@@ -3,7 +3,7 @@
 #include <cmath>
 #include <cstdlib>
 
-#include "data/Numbers.h"
+#include "data/base/Numbers.h"
 #include "processing/Decibels.h"
 
 namespace lobegraph {

@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "data/RunTimeError.h"
+#include "data/base/RunTimeError.h"
 
 namespace lobegraph {
 

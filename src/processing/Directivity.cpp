@@ -3,8 +3,8 @@
 #include <cmath>
 #include <vector>
 
-#include "data/Numbers.h"
-#include "data/Rounding.h"
+#include "data/base/Numbers.h"
+#include "data/base/Rounding.h"
 #include "processing/Decibels.h"
 
 namespace lobegraph {

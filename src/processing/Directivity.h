@@ -3,7 +3,7 @@
 #include <optional>
 #include <string_view>
 
-#include "data/ReadingsRecord.h"
+#include "data/record/ReadingsRecord.h"
 
 namespace lobegraph {
 

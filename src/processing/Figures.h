@@ -4,7 +4,7 @@
 #include <span>
 #include <vector>
 
-#include "data/ReadingsRecord.h"
+#include "data/record/ReadingsRecord.h"
 
 namespace lobegraph {
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "data/ReadingsRecord.h"
+#include "data/record/ReadingsRecord.h"
 #include "processing/PlotResult.h"
 
 namespace lobegraph {

@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "data/Rounding.h"
+#include "data/base/Rounding.h"
 #include "processing/Beamwidth.h"
 #include "processing/Decibels.h"
 #include "processing/Minus3dBWalk.h"

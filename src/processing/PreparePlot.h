@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/ReadingsRecord.h"
+#include "data/record/ReadingsRecord.h"
 #include "processing/PlotRange.h"
 #include "processing/PlotResult.h"
 

@@ -2,8 +2,8 @@
 
 #include <cmath>
 
-#include "data/Rounding.h"
-#include "data/RunTimeError.h"
+#include "data/base/Rounding.h"
+#include "data/base/RunTimeError.h"
 
 namespace lobegraph {
 

@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-#include "data/ReadingsRecord.h"
+#include "data/record/ReadingsRecord.h"
 #include "processing/PlotResult.h"
 
 namespace lobegraph {

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
-#include "data/Numbers.h"
-#include "data/Rounding.h"
+#include "data/base/Numbers.h"
+#include "data/base/Rounding.h"
 
 namespace lobegraph {
 namespace {

@@ -1,6 +1,6 @@
 #include "render/FitToPage.h"
 
-#include "data/RunTimeError.h"
+#include "data/base/RunTimeError.h"
 
 namespace lobegraph {
 namespace {

@@ -1,7 +1,7 @@
 #include "render/GridPainting.h"
 
-#include "data/Rounding.h"
-#include "data/RunTimeError.h"
+#include "data/base/Rounding.h"
+#include "data/base/RunTimeError.h"
 
 namespace lobegraph {
 

@@ -1,6 +1,6 @@
 #include "render/PlotGeometry.h"
 
-#include "data/Rounding.h"
+#include "data/base/Rounding.h"
 
 namespace lobegraph {
 

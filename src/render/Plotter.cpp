@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "data/Rounding.h"
+#include "data/base/Rounding.h"
 
 namespace lobegraph {
 namespace {

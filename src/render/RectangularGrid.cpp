@@ -1,6 +1,6 @@
 #include "render/RectangularGrid.h"
 
-#include "data/Rounding.h"
+#include "data/base/Rounding.h"
 #include "render/RingTable.h"
 
 namespace lobegraph {

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
-#include "data/Rounding.h"
-#include "data/RunTimeError.h"
+#include "data/base/Rounding.h"
+#include "data/base/RunTimeError.h"
 
 namespace lobegraph {
 

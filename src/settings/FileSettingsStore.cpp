@@ -7,8 +7,8 @@
 #include <filesystem>
 #include <utility>
 
-#include "data/ReplaceFile.h"
-#include "data/RunTimeError.h"
+#include "data/base/ReplaceFile.h"
+#include "data/base/RunTimeError.h"
 #include "settings/FileLock.h"
 #include "settings/SettingsText.h"
 

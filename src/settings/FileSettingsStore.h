@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "data/FileAccess.h"
+#include "data/base/FileAccess.h"
 #include "settings/SettingsStore.h"
 
 namespace lobegraph {

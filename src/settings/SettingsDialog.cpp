@@ -2,9 +2,9 @@
 
 #include <cmath>
 
-#include "data/Numbers.h"
-#include "data/Rounding.h"
-#include "data/RunTimeError.h"
+#include "data/base/Numbers.h"
+#include "data/base/Rounding.h"
+#include "data/base/RunTimeError.h"
 #include "settings/SettingsReader.h"
 #include "settings/SettingsWriter.h"
 

@@ -2,7 +2,7 @@
 
 #include <span>
 
-#include "data/RunTimeError.h"
+#include "data/base/RunTimeError.h"
 #include "settings/SettingsConversion.h"
 
 namespace lobegraph {

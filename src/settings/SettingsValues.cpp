@@ -1,7 +1,7 @@
 #include "settings/SettingsValues.h"
 
-#include "data/Numbers.h"
-#include "data/Rounding.h"
+#include "data/base/Numbers.h"
+#include "data/base/Rounding.h"
 
 namespace lobegraph {
 

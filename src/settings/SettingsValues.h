@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-#include "data/Currency.h"
+#include "data/base/Currency.h"
 #include "settings/InputChoice.h"
 
 namespace lobegraph {

@@ -6,8 +6,8 @@
 #include <utility>
 #include <vector>
 
-#include "acquisition/CalibrateSweep.h"
-#include "acquisition/CollectionEngine.h"
+#include "acquisition/run/CalibrateSweep.h"
+#include "acquisition/run/CollectionEngine.h"
 #include "support/FakeClock.h"
 #include "support/RecordingStore.h"
 

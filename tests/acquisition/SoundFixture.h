@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "acquisition/frmDX_Record.h"
+#include "acquisition/sound/frmDX_Record.h"
 #include "support/SoundFakes.h"
 
 namespace lobegraph::test {

@@ -3,9 +3,9 @@
 #include <map>
 #include <string>
 
-#include "data/FileAccess.h"
-#include "data/PatternFile.h"
-#include "data/RunTimeError.h"
+#include "data/base/FileAccess.h"
+#include "data/base/RunTimeError.h"
+#include "data/formats/PatternFile.h"
 #include "support/TestRecord.h"
 
 namespace lobegraph {

@@ -7,7 +7,7 @@
 #include "cli/MemoryFiles.h"
 #include "cli/ReportCommand.h"
 #include "cli/ReportTable.h"
-#include "data/Numbers.h"
+#include "data/base/Numbers.h"
 
 namespace lobegraph {
 namespace {

@@ -14,7 +14,7 @@ WORDS = " ".join(page.text for page in PAGES.values())
 
 # Texts of three words and more that nobody reads in the window: names for screen readers and for the system, what the
 # companions say (their manual pages tell about it), and the program's own outfit.
-SILENT_FILES = {"app/Controls.cpp"}  # its own test below
+SILENT_FILES = {"app/parts/Controls.cpp"}  # its own test below
 SILENT_FOLDERS = ("render/",)
 SILENT_DATA = {"CsvReadings.cpp", "PatternFile.cpp", "RunTimeError.cpp", "EditorGrid.cpp"}
 SILENT = {
@@ -46,7 +46,7 @@ def shown_texts():
 
 
 def control_rows():
-    table = (ROOT / "src/app/Controls.cpp").read_text()
+    table = (ROOT / "src/app/parts/Controls.cpp").read_text()
     rows = re.findall(r'\{(\w+), "(\w+)", (\w+), "((?:[^"\\]|\\.)*)"', table)
     assert len(rows) > 60
     return [(name, caption.replace("&", "").strip()) for _, name, _, caption in rows]
@@ -87,7 +87,7 @@ class Help(unittest.TestCase):
             self.assertIn(f"\n{name}\n", project)
 
     def test_the_pages_of_the_windows_exist(self):
-        in_code = set(re.findall(r'"(\w+\.html)"', (ROOT / "src/app/HelpPages.cpp").read_text()))
+        in_code = set(re.findall(r'"(\w+\.html)"', (ROOT / "src/app/help/HelpPages.cpp").read_text()))
         self.assertGreater(len(in_code), 8)
         self.assertEqual(in_code - set(PAGES), set())
 

@@ -5,7 +5,7 @@
 #include <cmath>
 #include <numbers>
 
-#include "data/RunTimeError.h"
+#include "data/base/RunTimeError.h"
 #include "support/TestRecord.h"
 
 namespace lobegraph {

@@ -4,7 +4,7 @@
 
 #include <vector>
 
-#include "data/RunTimeError.h"
+#include "data/base/RunTimeError.h"
 #include "processing/PreparePlot.h"
 #include "support/TestRecord.h"
 

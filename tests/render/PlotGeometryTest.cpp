@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "data/RunTimeError.h"
+#include "data/base/RunTimeError.h"
 
 namespace lobegraph {
 namespace {

@@ -5,7 +5,7 @@
 
 #include <cmath>
 
-#include "data/RunTimeError.h"
+#include "data/base/RunTimeError.h"
 #include "support/RecordingSurface.h"
 
 namespace lobegraph {

@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "GridGolden.h"
-#include "data/RunTimeError.h"
+#include "data/base/RunTimeError.h"
 
 namespace lobegraph {
 namespace {

@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "data/RunTimeError.h"
+#include "data/base/RunTimeError.h"
 #include "support/FaultOf.h"
 #include "support/RecordingSurface.h"
 

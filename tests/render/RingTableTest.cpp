@@ -6,7 +6,7 @@
 #include <cmath>
 #include <vector>
 
-#include "data/RunTimeError.h"
+#include "data/base/RunTimeError.h"
 
 namespace lobegraph {
 namespace {

@@ -4,7 +4,7 @@
 
 #include <fstream>
 
-#include "data/RunTimeError.h"
+#include "data/base/RunTimeError.h"
 #include "settings/FileLock.h"
 #include "settings/SettingsReader.h"
 #include "settings/SettingsTable.h"

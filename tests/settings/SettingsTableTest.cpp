@@ -4,7 +4,7 @@
 
 #include <clocale>
 
-#include "data/RunTimeError.h"
+#include "data/base/RunTimeError.h"
 #include "settings/SettingsConversion.h"
 #include "settings/SettingsReader.h"
 #include "settings/SettingsWriter.h"

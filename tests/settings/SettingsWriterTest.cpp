@@ -2,7 +2,7 @@
 
 #include <gmock/gmock.h>
 
-#include "data/RunTimeError.h"
+#include "data/base/RunTimeError.h"
 #include "settings/SettingsReader.h"
 #include "support/RecordingStore.h"
 

@@ -1,4 +1,5 @@
-"""Reads every #include below src/, cli/, bench/ and meter/ and fails on an arrow that the house does not allow."""
+"""Reads every #include below src/, cli/, bench/ and meter/ and fails on an arrow that the house does not allow: between
+layers by the table below, between rooms by what each room's README says it uses. No room may lead back to itself."""
 import pathlib
 import re
 import sys
@@ -20,29 +21,73 @@ RESULT_TYPES = {"processing/PlotResult.h"}
 # The one room that assembles the others' toolkit parts, and the companion that renders and reads settings.
 OTHER_QT = {"app": set(PURE) - {"app", "cli", "bench", "meter"}, "cli": {"render", "settings"}}
 TOOLKIT = re.compile(r"^(Q[A-Z]|Qt|pulse/|ftdi|libusb|cups/|asoundlib)")
+INCLUDE = re.compile(r'\s*#\s*include\s*([<"])([^>"]+)')
+USES = re.compile(r"^\*\*Uses\.\*\* (.*)\.$", re.M)
 
 
-def room(parts):
+def layer_of(parts):
     """('render', True) for src/render/qt/X.h; the folder below cli/, bench/ or meter/ counts as that layer."""
     return parts[0], len(parts) > 2 and parts[1] == "qt"
 
 
-def violations(root):
-    root = pathlib.Path(root)
+def includes(root):
+    """(file, its path below src/ or the root, line, bracket, target) of every include."""
     for top in ("src", "cli", "bench", "meter"):
         for path in sorted((root / top).rglob("*")):
             if path.suffix not in (".h", ".cpp"):
                 continue
             relative = path.relative_to(root / "src" if top == "src" else root)
-            layer, in_qt = room(relative.parts)
             for number, line in enumerate(path.read_text(encoding="utf-8").splitlines(), 1):
-                found = re.match(r'\s*#\s*include\s*([<"])([^>"]+)', line)
-                if not found:
-                    continue
-                target = found.group(2)
-                problem = judge(layer, in_qt, found.group(1), target)
-                if problem:
-                    yield f"{path.relative_to(root)}:{number}: {target}: {problem}"
+                found = INCLUDE.match(line)
+                if found:
+                    yield path.relative_to(root), relative, number, found.group(1), found.group(2)
+
+
+def violations(root):
+    root = pathlib.Path(root)
+    used = {}
+    for path, relative, number, bracket, target in includes(root):
+        layer, in_qt = layer_of(relative.parts)
+        problem = judge(layer, in_qt, bracket, target)
+        if problem:
+            yield f"{path}:{number}: {target}: {problem}"
+        rooms = used.setdefault((relative.parent.as_posix(), path.parent.as_posix()), set())
+        if bracket == '"' and "/" in target:
+            rooms.add(target.rsplit("/", 1)[0])
+    yield from room_violations(root, used)
+
+
+def room_violations(root, used):
+    arrows = {}
+    for (room, folder), targets in sorted(used.items()):
+        targets.discard(room)
+        arrows[room] = targets
+        readme = root / folder / "README.md"
+        said = USES.search(readme.read_text(encoding="utf-8")) if readme.exists() else None
+        if not said:
+            yield f"{folder}/README.md: a room says what it holds and, in a line '**Uses.** a, b.', what it uses"
+            continue
+        named = set() if said.group(1) == "nothing" else set(said.group(1).split(", "))
+        for target in sorted(targets - named):
+            yield f"{folder}: includes {target}, which its README does not name"
+        for target in sorted(named - targets):
+            yield f"{folder}/README.md: names {target}, which nothing here includes"
+    yield from circles(arrows)
+
+
+def circles(arrows):
+    """Each circle of rooms once, from the room whose name comes first."""
+    for start in sorted(arrows):
+        waiting, seen = [[start]], set()
+        while waiting:
+            way = waiting.pop()
+            for target in sorted(arrows.get(way[-1], ())):
+                if target == start:
+                    if start == min(way):
+                        yield "a circle of rooms: " + " -> ".join(way + [start])
+                elif target not in seen:
+                    seen.add(target)
+                    waiting.append(way + [target])
 
 
 def judge(layer, in_qt, bracket, target):
@@ -55,7 +100,7 @@ def judge(layer, in_qt, bracket, target):
     parts = target.split("/")
     if len(parts) == 1 or parts[0] not in PURE:
         return "name the layer: \"layer/Header.h\""
-    other, other_qt = room(parts)
+    other, other_qt = layer_of(parts)
     if other_qt:
         if not in_qt:
             return "a pure layer never includes a qt/ folder"

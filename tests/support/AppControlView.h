@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "app/ControlView.h"
+#include "app/parts/ControlView.h"
 #include "support/RecordingSurface.h"
 
 namespace lobegraph {

@@ -3,7 +3,7 @@
 #include <optional>
 #include <string>
 
-#include "app/EditorView.h"
+#include "app/parts/EditorView.h"
 
 namespace lobegraph {
 

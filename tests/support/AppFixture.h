@@ -8,7 +8,7 @@
 #include <string>
 #include <string_view>
 
-#include "app/Form1.h"
+#include "app/main/Form1.h"
 #include "support/AppEditor.h"
 #include "support/AppPlatform.h"
 #include "support/AppPrinter.h"

@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "app/PrintDevice.h"
-#include "data/RunTimeError.h"
+#include "app/parts/PrintDevice.h"
+#include "data/base/RunTimeError.h"
 #include "render/FitToPage.h"
 #include "support/AppControlView.h"
 #include "support/RecordingSurface.h"

@@ -5,10 +5,10 @@
 #include <string>
 #include <vector>
 
-#include "acquisition/InputDevices.h"
-#include "acquisition/SoundCapture.h"
-#include "app/AppParts.h"
-#include "app/frmChooseInput.h"
+#include "acquisition/meters/InputDevices.h"
+#include "acquisition/sound/SoundCapture.h"
+#include "app/input/frmChooseInput.h"
+#include "app/parts/AppParts.h"
 
 namespace lobegraph::test {
 

@@ -4,7 +4,7 @@
 #include <functional>
 #include <stdexcept>
 
-#include "acquisition/Clock.h"
+#include "acquisition/core/Clock.h"
 
 namespace lobegraph {
 

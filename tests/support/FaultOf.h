@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/RunTimeError.h"
+#include "data/base/RunTimeError.h"
 
 namespace lobegraph {
 

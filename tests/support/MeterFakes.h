@@ -5,10 +5,10 @@
 #include <string>
 #include <vector>
 
-#include "acquisition/D2xx.h"
-#include "acquisition/MeterDisplay.h"
-#include "acquisition/SCom.h"
-#include "acquisition/UserMessages.h"
+#include "acquisition/core/MeterDisplay.h"
+#include "acquisition/core/UserMessages.h"
+#include "acquisition/serial/SCom.h"
+#include "acquisition/trigger/D2xx.h"
 
 namespace lobegraph::test {
 

@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-#include "data/RunTimeError.h"
+#include "data/base/RunTimeError.h"
 #include "render/StatefulSurface.h"
 
 namespace lobegraph {

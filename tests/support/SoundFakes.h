@@ -7,9 +7,9 @@
 #include <string>
 #include <vector>
 
-#include "acquisition/Clock.h"
-#include "acquisition/SoundDevice.h"
-#include "acquisition/SoundRing.h"
+#include "acquisition/core/Clock.h"
+#include "acquisition/sound/SoundDevice.h"
+#include "acquisition/sound/SoundRing.h"
 
 namespace lobegraph::test {
 

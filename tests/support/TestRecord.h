@@ -3,7 +3,7 @@
 #include <cmath>
 #include <numbers>
 
-#include "data/ReadingsRecord.h"
+#include "data/record/ReadingsRecord.h"
 
 namespace lobegraph {
 

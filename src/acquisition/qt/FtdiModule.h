@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "acquisition/D2xx.h"
+#include "acquisition/trigger/D2xx.h"
 
 struct ftdi_context;
 

@@ -3,9 +3,9 @@
 #include <QObject>
 #include <memory>
 
-#include "acquisition/SoundDevice.h"
-#include "acquisition/SoundRing.h"
 #include "acquisition/qt/PulseConnection.h"
+#include "acquisition/sound/SoundDevice.h"
+#include "acquisition/sound/SoundRing.h"
 
 namespace lobegraph {
 

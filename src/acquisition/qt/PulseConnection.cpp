@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "acquisition/SoundDevice.h"
+#include "acquisition/sound/SoundDevice.h"
 
 namespace lobegraph {
 namespace {

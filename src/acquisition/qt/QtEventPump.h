@@ -2,7 +2,7 @@
 
 #include <QCoreApplication>
 
-#include "acquisition/Clock.h"
+#include "acquisition/core/Clock.h"
 
 namespace lobegraph {
 

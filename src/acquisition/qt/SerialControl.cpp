@@ -8,8 +8,8 @@
 
 #include <cerrno>
 
-#include "data/Numbers.h"
-#include "data/Rounding.h"
+#include "data/base/Numbers.h"
+#include "data/base/Rounding.h"
 
 namespace lobegraph {
 namespace {

@@ -3,8 +3,8 @@
 #include <QSerialPort>
 #include <memory>
 
-#include "acquisition/ComPorts.h"
-#include "acquisition/SCom.h"
+#include "acquisition/serial/ComPorts.h"
+#include "acquisition/serial/SCom.h"
 
 namespace lobegraph {
 

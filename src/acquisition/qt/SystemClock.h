@@ -1,6 +1,6 @@
 #pragma once
 
-#include "acquisition/Clock.h"
+#include "acquisition/core/Clock.h"
 
 namespace lobegraph {
 

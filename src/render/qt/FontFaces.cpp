@@ -4,7 +4,7 @@
 #include <QStringList>
 #include <algorithm>
 
-#include "data/RunTimeError.h"
+#include "data/base/RunTimeError.h"
 
 namespace lobegraph {
 namespace {

@@ -12,13 +12,14 @@
 #include <sstream>
 
 #include "acquisition/CollectionRig.h"
-#include "acquisition/ExternalMeter.h"
-#include "acquisition/MeterDevices.h"
-#include "acquisition/RotatorLine.h"
-#include "acquisition/RotatorTrigger.h"
+#include "acquisition/meters/ExternalMeter.h"
+#include "acquisition/meters/MeterDevices.h"
 #include "acquisition/qt/QtEventPump.h"
 #include "acquisition/qt/SerialControl.h"
 #include "acquisition/qt/SystemClock.h"
+#include "acquisition/run/ChosenInput.h"
+#include "acquisition/trigger/RotatorLine.h"
+#include "acquisition/trigger/RotatorTrigger.h"
 #include "settings/FileSettingsStore.h"
 #include "support/ChildProcess.h"
 #include "support/MeterFakes.h"

@@ -5,10 +5,10 @@
 #include <chrono>
 #include <functional>
 
-#include "acquisition/SoundCapture.h"
 #include "acquisition/qt/PulseCapture.h"
 #include "acquisition/qt/QtEventPump.h"
 #include "acquisition/qt/SystemClock.h"
+#include "acquisition/sound/SoundCapture.h"
 
 namespace lobegraph::test {
 

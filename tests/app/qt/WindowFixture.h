@@ -21,7 +21,7 @@
 #include <string>
 #include <vector>
 
-#include "app/qt/MainWindow.h"
+#include "app/qt/main/MainWindow.h"
 #include "support/TemporaryFolder.h"
 #include "support/TestRecord.h"
 

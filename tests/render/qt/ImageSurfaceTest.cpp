@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "data/RunTimeError.h"
+#include "data/base/RunTimeError.h"
 #include "render/CircularGrid.h"
 #include "render/Trace.h"
 #include "render/qt/QtColour.h"

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "acquisition/run/CollectionEngine.h"
+#include "acquisition/run/CollectionParts.h"
+#include "acquisition/run/RunReport.h"
+
+namespace lobegraph {
+
+/// Calibrate mode: the present level goes round the plot again and again, so that input level and trigger
+/// level can be set before a turn. Nothing is stored.
+class CalibrateSweep {
+ public:
+  CalibrateSweep(const CollectionParts& parts, CollectionEngine& engine) : parts_(parts), engine_(engine) {}
+
+  /// A click of the box by the user: checks the source and has Timer1 start the sweep. A box that was
+  /// unticked ends the sweep by itself.
+  void chkCalibrate_Click();
+
+  /// Runs the sweep until the box is unticked, a collection is requested (which then runs), the sound card
+  /// fails or the window is closed.
+  /// @return what became of the collection that was requested
+  RunReport Timer1_Timer();
+
+ private:
+  bool MeterReady();
+  void Begin();
+  void Sweep();
+  bool GoesOn() const;
+  void SweepOnce();
+  void ShowPoint(float counter);
+  float AverageLevel();
+  void End();
+
+  CollectionParts parts_;
+  CollectionEngine& engine_;
+  int plotScale_ = 0;
+  double countBefore_ = 0.0;  ///< the readings held stay held
+  std::string failure_;
+};
+
+}  // namespace lobegraph

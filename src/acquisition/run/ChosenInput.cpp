@@ -1,0 +1,40 @@
+#include "acquisition/run/ChosenInput.h"
+
+namespace lobegraph {
+namespace {
+
+constexpr int kMeterPauseMs = 5;
+
+StatusColour StatusOf(SoundColour colour) {
+  switch (colour) {
+    case SoundColour::TooWeak:
+      return StatusColour::Yellow;
+    case SoundColour::Good:
+      return StatusColour::Green;
+    case SoundColour::Overload:
+      break;
+  }
+  return StatusColour::LightRed;
+}
+
+}  // namespace
+
+float ChosenInput::ReadInputLevel() {
+  return parts_.Settings.Input.InputDeviceIsdBMeter ? ReadMeter() : ReadSoundCard();
+}
+
+float ChosenInput::ReadSoundCard() {
+  const SoundReading reading = ReadSoundLevel(parts_.Sound, parts_.Flags.InputReady,
+                                              parts_.Settings.PeakInputLevel, parts_.Thresholds, parts_.Time);
+  if (reading.Colour) parts_.Panel.PaintLevel(StatusOf(*reading.Colour));
+  return reading.Level;
+}
+
+float ChosenInput::ReadMeter() {
+  if (parts_.Settings.Input.GaugeBridge) parts_.ExternalMeter.Poll();
+  const float level = parts_.Meter.MeterLevel;
+  Pause(parts_.Pump, parts_.Time, kMeterPauseMs);
+  return level;
+}
+
+}  // namespace lobegraph

@@ -1,0 +1,107 @@
+#include "app/editor/EditorCommands.h"
+
+#include "data/formats/CsvReadings.h"
+
+namespace lobegraph {
+namespace {
+
+constexpr const char* kForm = "frmEditLbg";
+
+std::string ErrorLine(const RunTimeError& error, const std::string& path) {
+  return "Error " + std::to_string(error.Number()) + " (" + error.Description() + "): " + FileNameOf(path);
+}
+
+}  // namespace
+
+void EditorCommands::chkEditor_Click() {
+  if (parts_.frmEditLbg == nullptr) return;
+  if (!parts_.View.Checked(Control::chkEditor)) return View().Unload();
+  grid_.Reset();
+  View().ShowCells();
+  View().ShowStatus("");
+  View().AllowUpdate(!parts_.Shared.Run.Running());
+  View().Open();
+}
+
+void EditorCommands::Form_Unload() { parts_.View.SetChecked(Control::chkEditor, false); }
+
+void EditorCommands::cmdGetDataFromPlot_Click() {
+  grid_.GetFromPlot(parts_.Shared.Record.Readings);
+  View().ShowCells();
+  View().ShowStatus("");
+}
+
+void EditorCommands::cmdGetDataFromFile_Click() {
+  if (parts_.Shared.Run.Running()) return;
+  const auto chosen = View().AskCsvFile(parts_.Shared.WorkingFolder);
+  if (chosen && !chosen->empty()) Import(WithEnding(*chosen, ".csv"));
+}
+
+void EditorCommands::Import(const std::string& path) {
+  grid_.Reset();
+  try {
+    const CsvReadings readings = ReadCsv(*parts_.Files.Open(path));
+    grid_.GetFromCsv(readings);
+    View().ShowStatus(CsvSummary(readings));
+    if (readings.ReadError) throw RunTimeError(fault::kDeviceIo, path);
+  } catch (const RunTimeError& error) {
+    View().ShowStatus(ErrorLine(error, path));
+  }
+  View().ShowCells();
+}
+
+void EditorCommands::cmdInsert_Click() {
+  grid_.Insert(View().CurrentRow());
+  View().ShowCells();
+}
+
+void EditorCommands::cmdDelete_Click() {
+  grid_.Delete(View().CurrentRow());
+  View().ShowCells();
+}
+
+void EditorCommands::cmdUpdate_Click() {
+  if (parts_.Shared.Run.Running()) return;
+  if (const auto empty = grid_.EmptyRow())
+    return View().ShowStatus("Row " + std::to_string(*empty) + " is empty: the plot stays as it is");
+  View().ShowStatus("");
+  Update();
+}
+
+void EditorCommands::Update() {
+  int row = 0;
+  try {
+    UpdateReadings(grid_, parts_.Shared.Record, row);
+  } catch (const RunTimeError& error) {
+    View().SelectRow(row);
+    View().ShowStatus("Row " + std::to_string(row) + " is no number: the plot stays as it is");
+    return parts_.Dialogs.ShowText(RunTimeErrorText(error, "cmdUpdate_Click", kForm));
+  }
+  parts_.Shared.HalfLoaded = false;
+  plot_.EndOverlay();
+  plot_.ReDraw();
+}
+
+void EditorCommands::Command1_Click() {
+  grid_.Reset();
+  View().ShowCells();
+  View().ShowStatus("");
+}
+
+void EditorCommands::EditValue(int row, const std::string& text) {
+  grid_.SetValue(row, text);
+  View().ShowCells();
+}
+
+void EditorCommands::Paste(int row, EditorColumn column, std::string_view text) {
+  const int set = grid_.Paste(row, column, text);
+  View().ShowCells();
+  View().ShowStatus(std::to_string(set) + " values pasted");
+}
+
+void EditorCommands::ClearValues(int firstRow, int lastRow) {
+  grid_.ClearValues(firstRow, lastRow);
+  View().ShowCells();
+}
+
+}  // namespace lobegraph

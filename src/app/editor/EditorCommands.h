@@ -1,0 +1,52 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "app/parts/AppParts.h"
+#include "app/parts/EditorView.h"
+#include "app/plot/PlotCommands.h"
+#include "data/editor/EditorGrid.h"
+
+namespace lobegraph {
+
+/// The readings editor: fills its grid from the plot, from a file or by hand, and gives it back to the plot.
+class EditorCommands {
+ public:
+  EditorCommands(const AppParts& parts, PlotCommands& plot) : parts_(parts), plot_(plot) {}
+
+  /// Ticked: shows the editor, its grid empty. Cleared: unloads it.
+  void chkEditor_Click();
+  /// The user closed the window.
+  void Form_Unload();
+
+  void cmdGetDataFromPlot_Click();
+  /// Asks for a CSV file (a name without ".csv" gets it) and fills the grid from its top. Cancelled: nothing
+  /// changes. A file that cannot be read leaves what was read of it, and the status line says why.
+  void cmdGetDataFromFile_Click();
+  void cmdInsert_Click();
+  void cmdDelete_Click();
+  /// The values become the readings, which are plotted. With an empty value nothing changes, and no box
+  /// opens; a value that is no number is an error, its row is named and selected, and nothing changes either.
+  void cmdUpdate_Click();
+  /// Clears all values.
+  void Command1_Click();
+
+  /// The user's own work in the cells.
+  void EditValue(int row, const std::string& text);
+  void Paste(int row, EditorColumn column, std::string_view text);
+  void ClearValues(int firstRow, int lastRow);
+
+  const EditorGrid& Grid() const { return grid_; }
+
+ private:
+  void Import(const std::string& path);
+  void Update();
+  EditorView& View() const { return *parts_.frmEditLbg; }
+
+  AppParts parts_;
+  PlotCommands& plot_;
+  EditorGrid grid_;
+};
+
+}  // namespace lobegraph

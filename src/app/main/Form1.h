@@ -1,0 +1,107 @@
+#pragma once
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+
+#include "acquisition/run/ChosenInput.h"
+#include "acquisition/trigger/RotatorTrigger.h"
+#include "app/editor/EditorCommands.h"
+#include "app/file/FileCommands.h"
+#include "app/input/InputCommands.h"
+#include "app/main/ShellCommands.h"
+#include "app/plot/AnalysisCommands.h"
+#include "app/plot/PlotBoard.h"
+#include "app/plot/PlotCommands.h"
+#include "app/plot/TransformCommands.h"
+#include "app/print/PrintCommands.h"
+#include "app/run/RunCommands.h"
+#include "app/run/RunPanel.h"
+#include "app/run/SafetyCopy.h"
+#include "app/settings/SettingsCommands.h"
+
+namespace lobegraph {
+
+/// The platform under the main window: one real implementation of each, one double in tests.
+struct Platform {
+  ControlView& View;
+  UserDialogs& Dialogs;
+  SystemText& System;
+  FileAccess& Files;
+  ProgramEnd& End;
+  DrawingSurface& Surface;
+  SettingsStore& Store;
+  Clock& Time;
+  EventPump& Pump;
+  CaptureDevice& SoundDevice;
+  InputDevices& Devices;
+  MeterPort& MSComm1;
+  MeterWindow& frmdBMeter;
+  MeterPoll& ExternalMeter;
+  std::string VersionText;          ///< "V1.2.3"
+  std::string WorkingFolder;        ///< the current directory with its separator
+  std::string StateFolder;          ///< where safety copies go
+  DesktopAwake* Desktop = nullptr;  ///< none: there is no desktop to ask
+  /// Shared with the meters, which are made before the window.
+  std::shared_ptr<Globals> Shared = std::make_shared<Globals>();
+  std::shared_ptr<TriggerLine> Trigger = std::make_shared<TriggerLine>();
+  /// Shows the input chooser until it is closed.
+  std::function<void()> ShowChooser = [] {};
+  EditorView* frmEditLbg = nullptr;
+  PrintDevice* Printer = nullptr;
+};
+
+/// The main window without its looks: owns what the program shares, and every handler.
+class Form1 {
+ public:
+  Form1(const Platform& platform, const PlotGeometry& geometry);
+  Form1(const Form1&) = delete;
+  Form1& operator=(const Form1&) = delete;
+
+  /// Runs the handler of a control that the user pressed, ticked, moved or chose from; nothing for one
+  /// without handler.
+  void Click(Control control);
+
+  PlotCommands& Plot() { return plot_; }
+  FileCommands& File() { return file_; }
+  TransformCommands& Transform() { return transform_; }
+  EditorCommands& Editor() { return editor_; }
+  AnalysisCommands& Analysis() { return analysis_; }
+  RunCommands& Run() { return run_; }
+  ShellCommands& Shell() { return shell_; }
+  SettingsCommands& Settings() { return settings_; }
+  Globals& Shared() { return globals_; }
+  const AppParts& Parts() const { return parts_; }
+
+ private:
+  CollectionParts RunParts(const Platform& platform);
+  void ConnectHandlers();
+
+  const std::shared_ptr<Globals> shared_;
+  Globals& globals_;
+  const std::shared_ptr<TriggerLine> triggerLine_;
+  AppParts parts_;
+  PlotBoard board_;
+  PlotCommands plot_;
+  FileCommands file_;
+  TransformCommands transform_;
+  EditorCommands editor_;
+  AnalysisCommands analysis_;
+  PrintCommands print_;
+  SafetyCopy copy_;
+  frmDX_Record frmDX_Record_;
+  SoundCardCapture sound_;
+  SourceWatch watch_;
+  DeviceMessages waiting_;
+  RotatorTrigger trigger_;
+  RunPanel panel_;
+  ChosenInput input_;
+  RunCommands run_;
+  ShellCommands shell_;
+  SettingsCommands settings_;
+  InputCommands chooseInput_;
+  std::map<Control, std::function<void()>> handlers_;
+};
+
+}  // namespace lobegraph

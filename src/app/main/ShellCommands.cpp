@@ -1,0 +1,142 @@
+#include "app/main/ShellCommands.h"
+
+#include "acquisition/serial/MeterPort.h"
+#include "app/parts/SourceText.h"
+#include "app/run/RunCommands.h"
+#include "settings/SettingsReader.h"
+#include "settings/SettingsWriter.h"
+
+namespace lobegraph {
+namespace {
+
+std::string Trimmed(const std::string& text) {
+  const auto first = text.find_first_not_of(' ');
+  return first == std::string::npos ? "" : text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+}  // namespace
+
+void ShellCommands::Form_Load() {
+  parts_.Shared.Loading = true;
+  const bool loaded = Guarded(parts_.Dialogs, "Form_Load", [&] {
+    SetIdentity();
+    AskCallSign();
+    ReadAndApplySettings();
+    OpenInputDevice();
+    parts_.Shared.Run.InputReady = true;
+    parts_.Shared.Loading = false;
+  });
+  if (!loaded) parts_.End.EndAtOnce();
+}
+
+void ShellCommands::SetIdentity() { parts_.Shared.NoticeText = "No warranty. Figures are estimates."; }
+
+void ShellCommands::AskCallSign() {
+  Globals& shared = parts_.Shared;
+  shared.UserName = ReadUsername(store_);
+  if (shared.UserName == " ") {
+    shared.UserName = parts_.Dialogs.InputBox("Enter your call sign:", " ").value_or("");
+    SaveUsername(store_, shared.UserName);
+  }
+  shared.Settings.Username = shared.UserName;
+  parts_.View.SetText(Control::lblNotice, shared.NoticeText);
+  parts_.View.SetText(Control::lblHint, kFirstHint);
+  parts_.View.SetText(Control::lblOperator, " " + shared.UserName);
+  parts_.View.SetCaption("Lobegraph " + shared.VersionText + "     User = " + shared.UserName);
+}
+
+void ShellCommands::ReadAndApplySettings() {
+  ControlView& view = parts_.View;
+  SettingsValues& settings = parts_.Shared.Settings;
+  ReadRemaining(store_, settings);
+  view.SetValue(Control::Slider1, settings.Scale);
+  view.SetValue(Control::Slider2, settings.RotateTime);
+  view.SetChecked(Control::chkAutoStart, settings.AutoStart != 0);
+  view.SetChecked(Control::chkAutoStop, settings.AutoStop != 0);
+  view.SetChecked(Control::chkTrigger, settings.Trigger != 0);
+  view.SetBackground(Control::txtChan1, status_colour::kYellow);
+  view.SetBackground(Control::chkCalibrate, status_colour::kLightYellow);
+  view.SetWindowBackground(Colour::FromStored(settings.PlotBackground));
+  parts_.Shared.Thresholds = SoundThresholds::FromPeak(settings.PeakInputLevel);
+  view.SetMaximum(Control::Slider2, settings.Slider2Maximum());
+  parts_.Shared.Record.ScaleSetting = static_cast<float>(view.Value(Control::Slider1));
+  view.SetEnabled(Control::cmdCollectData, true);
+  Slider2_Change();
+}
+
+void ShellCommands::OpenInputDevice() {
+  const InputChoice& choice = parts_.Shared.Settings.Input;
+  if (choice.InputDeviceIsdBMeter && !choice.GaugeBridge) {
+    devices_.ShowMeterWindow();
+    devices_.OpenMeterPort(choice.Commport, choice.ROSKAmeter ? kRoskaBaud : kTarvenBaud);
+  }
+  devices_.OpenTriggerPort();
+  ShowSource();
+}
+
+void ShellCommands::ShowSource() {
+  parts_.View.SetText(Control::lblSource, SourceText(parts_.Shared.Settings.Input, sound_.SoundSourceName()));
+}
+
+void ShellCommands::Form_QueryUnload() {
+  if (!parts_.Shared.Settings.Input.InputDeviceIsdBMeter) capture_.UninitializeSound();
+}
+
+bool ShellCommands::Form_Unload() {
+  if (!devices_.CloseUsbModule()) return false;
+  SaveOwnSettings();
+  devices_.CloseMeterPort();
+  devices_.CloseTriggerPort();
+  if (parts_.Shared.Sound.SoundCaptureActive) sound_.StopSoundCapture();
+  parts_.End.EndProgram();
+  return true;
+}
+
+void ShellCommands::SaveOwnSettings() {
+  const ControlView& view = parts_.View;
+  SettingsValues& settings = parts_.Shared.Settings;
+  settings.Scale = view.Value(Control::Slider1);
+  settings.RotateTime = view.Value(Control::Slider2);
+  settings.AutoStart = view.Checked(Control::chkAutoStart) ? 1 : 0;
+  settings.AutoStop = view.Checked(Control::chkAutoStop) ? 1 : 0;
+  settings.Trigger = view.Checked(Control::chkTrigger) ? 1 : 0;
+  SaveMainWindowSettings(store_, settings);
+}
+
+void ShellCommands::cmdExit_Click() {
+  Form_QueryUnload();
+  if (!Form_Unload()) parts_.End.EndProgram();
+}
+
+void ShellCommands::Form_Activate() {
+  const Globals& shared = parts_.Shared;
+  if (!shared.Loading && !shared.Run.Running()) plot_.RedrawAll();
+}
+
+void ShellCommands::cmdGrow_Click() {
+  if (parts_.View.State() != WindowState::Normal) return;
+  parts_.View.SetWidth(kGrownWidth);
+  parts_.View.SetVisible(Control::cmdGrow, false);
+}
+
+void ShellCommands::cmdShrink_Click() {
+  if (parts_.View.State() != WindowState::Normal)
+    return parts_.Dialogs.ShowText("The screen cannot be shrunk when it is maximised");
+  parts_.View.SetVisible(Control::cmdGrow, true);
+  parts_.View.SetWidth(kShrunkWidth);
+}
+
+void ShellCommands::lblOperator_DblClick() {
+  if (parts_.Shared.Run.IsCollecting) return;
+  const std::string caption =
+      " " + parts_.Dialogs.InputBox("Please enter the Operator's name", "").value_or("");
+  parts_.View.SetText(Control::lblOperator, caption);
+  const std::string name = Trimmed(caption);
+  if (!name.empty()) parts_.Shared.UserName = name;
+}
+
+void ShellCommands::Slider2_Change() {
+  parts_.View.SetText(Control::lblRotationTime, std::to_string(parts_.View.Value(Control::Slider2)));
+}
+
+}  // namespace lobegraph

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <iostream>
+#include <string_view>
+#include <utility>
+
+#include "acquisition/core/UserMessages.h"
+#include "data/base/RunTimeError.h"
+
+namespace lobegraph {
+
+/// Shows a fault as the run-time error text; what the box does not say (a key, a file) goes to standard
+/// error.
+inline void ReportFault(UserMessages& messages, const RunTimeError& error, std::string_view procedure,
+                        std::string_view form = "Form1") {
+  if (!error.Detail().empty()) std::cerr << "lobegraph: " << error.what() << '\n';
+  messages.Show({.Text = RunTimeErrorText(error, procedure, form)});
+}
+
+/// The edge at which faults end: runs a handler; the program lives on.
+/// @return false after a fault
+template <typename Action>
+bool Guarded(UserMessages& messages, std::string_view procedure, Action&& action) {
+  try {
+    std::forward<Action>(action)();
+    return true;
+  } catch (const RunTimeError& error) {
+    ReportFault(messages, error, procedure);
+    return false;
+  }
+}
+
+/// Ends the process at once, saving nothing: what follows a fault while the window is being made or its grid
+/// drawn.
+class ProgramEnd {
+ public:
+  virtual ~ProgramEnd() = default;
+  virtual void EndAtOnce() = 0;
+  /// Leaves in good order: settings are saved, devices closed.
+  virtual void EndProgram() = 0;
+};
+
+}  // namespace lobegraph

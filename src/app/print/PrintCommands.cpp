@@ -1,0 +1,50 @@
+#include "app/print/PrintCommands.h"
+
+#include <filesystem>
+
+namespace lobegraph {
+
+void PrintCommands::cmdPrint_Click() {
+  if (parts_.Printer == nullptr) return;
+  const std::int16_t result = Printer().ShowDialog();
+  if (result == kPrintConfirmed) return PrintCopies();
+  if (result != kPrintCancelled)
+    parts_.Dialogs.ShowText("LBG999 Print request returned extended error code " + std::to_string(result) +
+                            "\r\nPlease note this number and call for support");
+}
+
+void PrintCommands::PrintCopies() {
+  const int copies = Printer().CopyCount();
+  Printer().SetCopyCount(1);
+  for (int number = 1; number <= copies; ++number)
+    if (!Print({.Number = number, .Of = copies})) return;
+  if (copies < 1) return;
+  const std::string printed = copies == 1 ? "Printed to " : std::to_string(copies) + " copies printed to ";
+  parts_.View.SetText(Control::lblHint, printed + Printer().Destination());
+}
+
+bool PrintCommands::Print(const PrintCopy& copy) {
+  const Extent picture = Printer().CaptureWindow();
+  int fault = 0;
+  try {
+    Printer().PaintPicture(FitToPage(picture, Printer().ScaleArea()), copy);
+    Printer().EndDoc();
+  } catch (const RunTimeError& error) {
+    fault = error.Number();
+    if (!error.Detail().empty()) std::cerr << "lobegraph: " << error.what() << '\n';
+  }
+  Printer().ClearPicture();
+  if (fault != 0)
+    parts_.Dialogs.ShowText("LBG014 Printing error not presently handled, Code=" + std::to_string(fault));
+  return fault == 0;
+}
+
+std::string CopyFileName(const std::string& chosen, const PrintCopy& copy) {
+  if (copy.Of <= 1) return chosen;
+  std::filesystem::path path(chosen);
+  const std::string ending = path.extension().string();
+  const std::string stem = path.stem().string();
+  return path.replace_filename(stem + "-" + std::to_string(copy.Number) + ending).string();
+}
+
+}  // namespace lobegraph

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QFrame>
+#include <QLabel>
+#include <QPushButton>
+#include <QWidget>
+
+#include "acquisition/core/MeterDisplay.h"
+
+namespace lobegraph {
+
+/// The dB meter window (`frmdBMeter`). Closing it hides it; what the meters write goes on.
+class MeterForm final : public QWidget, public MeterDisplay {
+  Q_OBJECT
+
+ public:
+  MeterForm();
+
+  /// The calibration shown in lblCalAdjust0dB.
+  void ShowCalibration(const std::string& lblCalAdjust0dB);
+
+  void ShowWindow() override;
+  void SetReading(const std::string& reading) override;
+  void SetReadingDbm(float dbm) override;
+  void SetDownDb(float downDb) override;
+  void PaintLevelIndicator(StatusColour colour) override;
+  void SetStatusText(const std::string& lblStatus) override;
+  void PaintStatusShape(StatusColour colour) override;
+  void SetStateCount(const std::string& lblStateCount) override;
+
+ Q_SIGNALS:
+  /// The window is loaded: it is shown for the first time.
+  void FormLoad();
+  void cmdCalCurrentClick();
+
+ private:
+  QLabel* MakeLabel(const char* name, const char* accessibleName);
+  QFrame* MakeShape(const char* name, const char* accessibleName);
+  static void Paint(QFrame& shape, StatusColour colour);
+
+  QLabel* lblStatus_;
+  QFrame* shapeStatus_;
+  QLabel* lblReading_;
+  QLabel* lblDownDb_;
+  QFrame* shapeLevel_;
+  QLabel* lblStateCount_;
+  QLabel* lblCalAdjust0dB_;
+  QPushButton* cmdCalCurrent_;
+  bool loaded_ = false;
+};
+
+}  // namespace lobegraph

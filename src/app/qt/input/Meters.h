@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QTimer>
+#include <memory>
+
+#include "acquisition/meters/ExternalMeter.h"
+#include "acquisition/meters/MeterDevices.h"
+#include "acquisition/qt/FtdiModule.h"
+#include "acquisition/qt/SerialControl.h"
+#include "acquisition/qt/SystemClock.h"
+#include "acquisition/serial/ComPorts.h"
+#include "acquisition/trigger/RotatorLine.h"
+#include "app/parts/Globals.h"
+#include "app/qt/input/MeterForm.h"
+
+namespace lobegraph {
+
+/// Meters and triggers put together: ports, USB module, meter window and what they share.
+class Meters {
+ public:
+  Meters(Globals& shared, SettingsStore& store, SystemClock& clock, UserMessages& messages);
+  Meters(const Meters&) = delete;
+  Meters& operator=(const Meters&) = delete;
+
+  InputDevices& Devices() { return devices_; }
+  MeterPort& MSComm1() { return MSComm1_; }
+  MeterForm& frmdBMeter() { return frmdBMeter_; }
+  MeterPoll& External() { return external_; }
+  std::shared_ptr<TriggerLine> Line() const { return line_; }
+  ComPorts& Ports() { return ports_; }
+
+ private:
+  void Connect();
+
+  Globals& shared_;
+  SettingsStore& store_;
+  ComPorts ports_;
+  SerialControl MSComm1_;
+  SerialControl MSCommTrigger_;
+  FtdiModule ftdi_;
+  MeterForm frmdBMeter_;
+  UserMessages& messages_;
+  UsbModule usb_;
+  dBMeter meter_;
+  ExternalMeter external_;
+  MeterDevices devices_;
+  std::shared_ptr<RotatorLine> line_;
+  QTimer tmrOneSec_;
+};
+
+}  // namespace lobegraph

@@ -1,0 +1,277 @@
+#include "app/qt/main/MainWindow.h"
+
+#include <QAbstractButton>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QCoreApplication>
+#include <QDir>
+#include <QDropEvent>
+#include <QFrame>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QShortcutEvent>
+#include <QSlider>
+#include <QTimer>
+#include <algorithm>
+#include <cstdlib>
+
+#include "app/qt/input/ChooserDialog.h"
+#include "app/qt/main/DroppedPattern.h"
+#include "app/qt/main/LastWindow.h"
+#include "app/qt/panel/WindowLayout.h"
+#include "app/qt/settings/SettingsOpener.h"
+#include "app/qt/settings/frmSettings.h"
+
+namespace lobegraph {
+
+MainWindow::MainWindow(const std::string& versionText)
+    : surfaceFrame_(this),
+      surface_(QSize(kPlotWidth, kSurfaceHeight), devicePixelRatioF(), Colour{224, 224, 224}),
+      drawing_(surface_),
+      plot_(surface_, &surfaceFrame_),
+      panel_(&surfaceFrame_),
+      view_(*this, plot_, panel_, surface_),
+      editor_(this, dialogs_),
+      printer_(*this, dialogs_, WindowPicture(*this, plot_, surface_, drawing_)),
+      meters_(*shared_, store_, clock_, dialogs_),
+      form_(MakePlatform(versionText), MakePlotGeometry(kSurfaceWidth, kSurfaceHeight, kPanelWidth)),
+      analysis_(form_.Analysis(), view_, plot_, [this](const auto& handler) { Run(handler); }) {
+  setObjectName("Form1");
+  dialogs_.SetOwner(this);
+  plot_.setGeometry(0, 0, kPlotWidth, kSurfaceHeight);
+  panel_.setGeometry(kPlotWidth, 0, kPanelWidth, kSurfaceHeight);
+  panel_.setObjectName("Frame1");
+  MakePanel();
+  Connect();
+  setMinimumSize(kSurfaceWidth, kSurfaceHeight);
+  resize(kSurfaceWidth, kSurfaceHeight);
+}
+
+Platform MainWindow::MakePlatform(const std::string& versionText) {
+  return {.View = view_,
+          .Dialogs = dialogs_,
+          .System = system_,
+          .Files = files_,
+          .End = *this,
+          .Surface = drawing_,
+          .Store = store_,
+          .Time = clock_,
+          .Pump = pump_,
+          .SoundDevice = sound_,
+          .Devices = meters_.Devices(),
+          .MSComm1 = meters_.MSComm1(),
+          .frmdBMeter = meters_.frmdBMeter(),
+          .ExternalMeter = meters_.External(),
+          .VersionText = versionText,
+          .WorkingFolder = (QDir::currentPath() + '/').toStdString(),
+          .StateFolder = StateFolder(),
+          .Desktop = &awake_,
+          .Shared = shared_,
+          .Trigger = meters_.Line(),
+          .ShowChooser = [this] { ShowChooser(); },
+          .frmEditLbg = &editor_,
+          .Printer = &printer_};
+}
+
+void MainWindow::MakePanel() {
+  int number = 1;
+  for (const int top : SeparatorTops()) {
+    auto* line = new QFrame(&panel_);
+    line->setObjectName(QString("Line%1").arg(number++));
+    line->setFrameStyle(QFrame::HLine | QFrame::Sunken);
+    line->setGeometry(8, top, kPanelWidth - 16, 2);
+  }
+}
+
+void MainWindow::Connect() {
+  for (const ControlRow& row : ControlTable()) ConnectControl(row);
+  auto& description = static_cast<QLineEdit&>(view_.Widget(Control::txtDescription));
+  connect(&description, &QLineEdit::textChanged, this, [this] { form_.File().txtDescription_Change(); });
+  connect(&description, &QLineEdit::editingFinished, this, [this] { Click(Control::txtDescription); });
+  editor_.Connect(form_.Editor(), [this](const auto& handler) { Run(handler); });
+  view_.Widget(Control::lblOperator).setFocusPolicy(Qt::TabFocus);
+  connect(&view_.Timer1(), &QTimer::timeout, this, [this] { Run([this] { form_.Run().Timer1_Timer(); }); });
+  new SettingsOpener(
+      *this, plot_, [this] { return !left_ && form_.Settings().MayOpen(SettingsWay::Mouse); },
+      [this](SettingsWay way) { Run([this, way] { OpenSettings(way); }); });
+  setAcceptDrops(true);
+  // Drawing is not for the middle of a repaint.
+  connect(&plot_, &PlotWidget::RatioChanged, this, &MainWindow::DrawForRatio, Qt::QueuedConnection);
+}
+
+void MainWindow::ConnectControl(const ControlRow& row) {
+  QWidget& widget = view_.Widget(row.Id);
+  const Control id = row.Id;
+  widget.installEventFilter(this);
+  if (auto* button =
+          qobject_cast<QAbstractButton*>(&widget))  // a screen reader toggles a box without a click
+    connect(button, button->isCheckable() ? &QAbstractButton::toggled : &QAbstractButton::clicked, this,
+            [this, id, button] {
+              if (button->isEnabled()) Click(id);
+            });
+  if (auto* slider = qobject_cast<QSlider*>(&widget))
+    connect(slider, &QSlider::valueChanged, this, [this, id] { Click(id); });
+  if (auto* dropDown = qobject_cast<QComboBox*>(&widget))
+    connect(dropDown, &QComboBox::activated, this, [this, id] { Click(id); });
+  auto* box = qobject_cast<QLineEdit*>(&widget);
+  if (box != nullptr && row.Kind == ControlKind::TextBox && id != Control::txtDescription)
+    connect(box, &QLineEdit::returnPressed, this, [this, id] { Click(id); });
+}
+
+void MainWindow::Run(const std::function<void()>& handler) {
+  if (left_) return;
+  ++depth_;
+  handler();
+  --depth_;
+  if (depth_ > 0 || form_.Shared().Run.Running()) return;
+  if (leavePending_) return Leave();
+  PlaceSurface();  // a window manager that grants no other size sends no resize
+  if (ratioPending_) DrawForRatio(devicePixelRatioF());
+}
+
+void MainWindow::Leave() {
+  if (left_) return;
+  if (form_.Shared().Run.Running()) {
+    leavePending_ = true;
+    form_.Shared().Run.RequestClose();
+    return;
+  }
+  leavePending_ = false;
+  form_.Shell().Form_QueryUnload();
+  if (!form_.Shell().Form_Unload()) LeaveWithModuleOpen();
+}
+
+/// The settings stay unsaved, and the meter window tells why.
+void MainWindow::LeaveWithModuleOpen() {
+  if (leavingNow_) return EndProgram();
+  left_ = true;
+  hide();
+  meters_.Devices().ShowMeterWindow();
+  EndWithLastWindow();
+}
+
+void MainWindow::Load() {
+  form_.Shell().Form_Load();
+  loaded_ = true;
+}
+
+void MainWindow::LeaveNow() {
+  // Asked to end at the call sign prompt: no setting has been read yet, so there is none to save, and the
+  // question comes again at the next start.
+  if (!loaded_) std::_Exit(EXIT_SUCCESS);
+  leavingNow_ = true;
+  dialogs_.CloseAll();
+  Leave();
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+  event->setAccepted(left_);
+  Leave();
+}
+
+void MainWindow::OpenSettings(SettingsWay way) {
+  SettingsCommands& settings = form_.Settings();
+  if (!settings.MayOpen(way)) return;
+  settings.Form_Load();
+  frmSettings dialog(settings, dialogs_, QString::fromStdString(form_.Shared().NoticeText), this);
+  dialogs_.Run(dialog);
+  settings.Closed();
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
+  if (!form_.Shared().Run.Running() && !dialogs_.IsOpen() && DroppedPattern(*event->mimeData()))
+    event->acceptProposedAction();
+}
+
+void MainWindow::dropEvent(QDropEvent* event) {
+  const auto path = DroppedPattern(*event->mimeData());
+  if (!path) return;
+  event->acceptProposedAction();
+  // A message box must not keep the program waiting from which the file was dragged.
+  QTimer::singleShot(0, this, [this, file = *path] { Run([&] { form_.File().LoadDropped(file); }); });
+}
+
+void MainWindow::ShowChooser() {
+  ChooserDialog dialog(form_.Parts(), store_, meters_.Ports(), this);
+  dialogs_.Run(dialog);
+}
+
+void MainWindow::EndAtOnce() { std::_Exit(EXIT_FAILURE); }
+
+void MainWindow::EndProgram() {
+  left_ = true;
+  meters_.frmdBMeter().hide();
+  hide();
+  QCoreApplication::exit(EXIT_SUCCESS);
+}
+
+void MainWindow::resizeEvent(QResizeEvent*) { PlaceSurface(); }
+
+void MainWindow::showEvent(QShowEvent*) {
+  PlaceSurface();
+  DrawForRatio(devicePixelRatioF());
+}
+
+void MainWindow::PlaceSurface() {
+  const int surfaceWidth = view_.Grown() ? kSurfaceWidth : kPlotWidth;
+  // Where a window manager grants less than was asked for, the plot stays whole.
+  const int left = std::max(0, (width() - surfaceWidth) / 2);
+  const int top = std::max(0, (height() - kSurfaceHeight) / 2);
+  surfaceFrame_.setGeometry(left, top, surfaceWidth, kSurfaceHeight);
+}
+
+void MainWindow::DrawForRatio(qreal ratio) {
+  // Until a run has ended its picture is stretched to the new screen.
+  ratioPending_ = form_.Shared().Run.Running();
+  if (ratioPending_) return;
+  surface_.Resize(QSize(kPlotWidth, kSurfaceHeight), ratio);
+  form_.Plot().RedrawAll();
+}
+
+bool MainWindow::event(QEvent* event) {
+  // A box of the program's own is part of its window: closing it is no return to the window, or a message
+  // that the redraw itself shows would come back for ever.
+  if (event->type() == QEvent::WindowActivate) {
+    const bool fromOwnBox = std::exchange(boxesBefore_, dialogs_.Opened()) != dialogs_.Opened();
+    if (!fromOwnBox && !dialogs_.IsOpen())
+      QTimer::singleShot(0, this, [this] { Run([this] { form_.Shell().Form_Activate(); }); });
+  }
+  return QWidget::event(event);
+}
+
+bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::KeyPress && SwallowsKey(*watched, static_cast<const QKeyEvent&>(*event)))
+    return true;
+  if (event->type() == QEvent::Shortcut && ClicksByKey(*watched, static_cast<const QShortcutEvent&>(*event)))
+    return true;
+  if (event->type() == QEvent::MouseButtonDblClick && watched == &view_.Widget(Control::lblOperator))
+    return Click(Control::lblOperator), true;  // the plot below takes a double-click for the settings
+  if (event->type() == QEvent::FocusIn) {
+    auto* box = qobject_cast<QLineEdit*>(watched);
+    if (box != nullptr && watched != &view_.Widget(Control::txtDescription))
+      QTimer::singleShot(0, box, &QLineEdit::selectAll);
+  }
+  return QWidget::eventFilter(watched, event);
+}
+
+/// At once: the toolkit would click a tenth of a second later, when a turn that has begun meanwhile has
+/// locked the button.
+bool MainWindow::ClicksByKey(QObject& watched, const QShortcutEvent& key) {
+  auto* button = qobject_cast<QAbstractButton*>(&watched);
+  if (button == nullptr || key.isAmbiguous()) return false;
+  button->click();
+  return true;
+}
+
+bool MainWindow::SwallowsKey(QObject& watched, const QKeyEvent& key) {
+  const bool enter = key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
+  // A held Enter on Collect Data must not press Halt, which gets the focus next.
+  if (key.isAutoRepeat() && (enter || key.key() == Qt::Key_Space) && qobject_cast<QAbstractButton*>(&watched))
+    return true;
+  if (&watched == &view_.Widget(Control::txtDescription)) return key.text() == "\"";
+  if (&watched != &view_.Widget(Control::lblOperator) || !enter) return false;
+  Click(Control::lblOperator);
+  return true;
+}
+
+}  // namespace lobegraph

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "acquisition/run/CalibrateSweep.h"
+#include "acquisition/run/CollectionEngine.h"
+#include "app/parts/AppParts.h"
+#include "app/run/SafetyCopy.h"
+
+namespace lobegraph {
+
+/// Collecting and calibrating, as the buttons start and stop them.
+class RunCommands {
+ public:
+  RunCommands(const AppParts& parts, const CollectionParts& run, SafetyCopy& copy)
+      : parts_(parts), engine_(run), sweep_(run, engine_), copy_(copy) {}
+
+  void cmdCollectData_Click();
+  void cmdHaltInput_Click() { engine_.cmdHaltInput_Click(); }
+  void cmdTrigger_Click() { engine_.cmdTrigger_Click(); }
+  void chkCalibrate_Click();
+  void Timer1_Timer();
+
+ private:
+  void AfterRun(const RunReport& report);
+
+  AppParts parts_;
+  CollectionEngine engine_;
+  CalibrateSweep sweep_;
+  SafetyCopy& copy_;
+};
+
+/// The line that the window shows after a turn: what to do next, or what to distrust.
+/// @param copyFailure why the safety copy could not be written; empty when it could
+std::string AfterRunHint(const RunReport& report, const std::string& copyFailure);
+
+/// The line of a window that holds nothing yet.
+inline constexpr const char* kFirstHint = "Calibrate Input, start the rotator, press Collect Data.";
+
+}  // namespace lobegraph

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string_view>
+
+#include "app/parts/AppParts.h"
+#include "app/plot/PlotCommands.h"
+#include "settings/SettingsDialog.h"
+
+namespace lobegraph {
+
+/// How the settings dialog is asked for.
+enum class SettingsWay { Keyboard, Mouse };
+
+/// The settings dialog's handlers, and what they do to the main window.
+class SettingsCommands {
+ public:
+  SettingsCommands(const AppParts& parts, PlotCommands& plot, SettingsStore& store)
+      : parts_(parts), plot_(plot), store_(store) {}
+
+  /// Not while a run is on; and the mouse belongs to the analysis lines while they are shown on the
+  /// rectangular drawing.
+  bool MayOpen(SettingsWay way) const;
+  /// The dialog opens: its boxes are filled from the values.
+  void Form_Load();
+  /// What the open dialog holds. Between Form_Load and Closed only.
+  SettingsDialog& Dialog() { return *dialog_; }
+
+  /// A box loses the focus. @return false after the message of a refusal: the focus is to stay
+  bool Validate(SettingsBox box);
+  /// A colour was chosen; none when the choice was cancelled. A new background is seen at once.
+  void ChooseColour(const SettingsColourRow& row, std::optional<Colour> colour);
+  void cmdDefault_Click();
+  void cmdSetDefaultValues_Click(SettingsGroup group) { Dialog().SetDefaultValues(group); }
+  /// Hides what is written on the plot, or shows it again. Nothing of it is saved.
+  void cmdTextOnOff_Click();
+  /// Saves, and puts the values in force.
+  void cmdOK_Click();
+  /// Takes everything back that is in the store.
+  void cmdCancel_Click();
+  /// The dialog has gone: the plot is drawn as the values now say.
+  void Closed();
+
+ private:
+  void ApplyInputLevelsAndRotationTime();
+  /// The drawing lies on the background: a new one is seen when it is drawn again.
+  void DrawOnNewBackground();
+  void ShowBackground();
+  template <typename Action>
+  void Guard(std::string_view procedure, Action&& action);
+
+  AppParts parts_;
+  PlotCommands& plot_;
+  SettingsStore& store_;
+  std::unique_ptr<SettingsDialog> dialog_;
+};
+
+}  // namespace lobegraph

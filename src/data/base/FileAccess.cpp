@@ -1,0 +1,110 @@
+#include "data/base/FileAccess.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <utility>
+
+#include "data/base/ReplaceFile.h"
+#include "data/base/RunTimeError.h"
+
+namespace lobegraph {
+namespace {
+
+/// An open file that closes itself.
+class Handle {
+ public:
+  explicit Handle(int value) : value_(value) {}
+  Handle(const Handle&) = delete;
+  Handle(Handle&& other) noexcept : value_(std::exchange(other.value_, -1)) {}
+  Handle& operator=(const Handle&) = delete;
+  ~Handle() {
+    if (value_ >= 0) close(value_);
+  }
+  int Value() const { return value_; }
+
+ private:
+  int value_;
+};
+
+[[noreturn]] void FailToOpen(int errorNumber, const std::string& path) {
+  const int number = FaultOfErrno(errorNumber);
+  std::error_code ignored;
+  const auto folder = std::filesystem::path(path).parent_path();
+  const bool folderThere = folder.empty() || std::filesystem::is_directory(folder, ignored);
+  throw RunTimeError(number == fault::kPathNotFound && folderThere ? fault::kFileNotFound : number, path);
+}
+
+std::size_t SizeOf(const Handle& file) {
+  struct stat status {};
+  fstat(file.Value(), &status);
+  return static_cast<std::size_t>(status.st_size);
+}
+
+Handle OpenPlainFile(const std::string& path) {
+  // Without O_NONBLOCK a named pipe would hold the window until somebody writes to it.
+  Handle file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+  if (file.Value() < 0) FailToOpen(errno, path);
+  struct stat status {};
+  if (fstat(file.Value(), &status) != 0 || !S_ISREG(status.st_mode))
+    throw RunTimeError(fault::kPathFileAccess, path);
+  return file;
+}
+
+char LowerAscii(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+
+}  // namespace
+
+std::unique_ptr<std::istream> FileAccess::Open(const std::string& path) {
+  return std::make_unique<std::istringstream>(Read(path));
+}
+
+std::unique_ptr<std::istream> DiskFiles::Open(const std::string& path) {
+  OpenPlainFile(path);  // says why when it cannot be read, and waits for no pipe
+  auto file = std::make_unique<std::ifstream>(path, std::ios::binary);
+  if (!file->is_open()) throw RunTimeError(fault::kPathFileAccess, path);
+  return file;
+}
+
+std::string DiskFiles::Read(const std::string& path) {
+  const Handle file = OpenPlainFile(path);
+  std::string bytes(std::min(SizeOf(file), kLargestFile), '\0');
+  std::size_t filled = 0;
+  while (filled < bytes.size()) {
+    const ssize_t got = read(file.Value(), bytes.data() + filled, bytes.size() - filled);
+    if (got < 0 && errno == EINTR) continue;
+    if (got < 0) throw RunTimeError(fault::kPathFileAccess, path);
+    if (got == 0) break;
+    filled += static_cast<std::size_t>(got);
+  }
+  bytes.resize(filled);
+  return bytes;
+}
+
+bool DiskFiles::Exists(const std::string& path) {
+  std::error_code problem;
+  return std::filesystem::exists(path, problem);
+}
+
+void DiskFiles::Replace(const std::string& path, std::string_view bytes) { ReplaceFile(path, bytes); }
+
+std::string FileNameOf(std::string_view path) {
+  const auto separator = path.find_last_of("/\\");
+  return std::string(separator == std::string_view::npos ? path : path.substr(separator + 1));
+}
+
+std::string WithEnding(std::string path, std::string_view ending) {
+  const std::size_t length = std::min(path.size(), ending.size());
+  const bool there = std::equal(path.end() - static_cast<std::ptrdiff_t>(length), path.end(), ending.begin(),
+                                ending.end(), [](char a, char b) { return LowerAscii(a) == LowerAscii(b); });
+  if (!there) path += ending;
+  return path;
+}
+
+}  // namespace lobegraph

@@ -1,0 +1,55 @@
+#include "data/base/RunTimeError.h"
+
+#include <utility>
+
+namespace lobegraph {
+namespace {
+
+std::string_view DescriptionOf(int number) {
+  switch (number) {
+    case fault::kInvalidProcedureCall:
+      return "Invalid procedure call or argument";
+    case fault::kOverflow:
+      return "Overflow";
+    case fault::kSubscript:
+      return "Subscript out of range";
+    case fault::kDivisionByZero:
+      return "Division by zero";
+    case fault::kTypeMismatch:
+      return "Type mismatch";
+    case fault::kFileNotFound:
+      return "File not found";
+    case fault::kDeviceIo:
+      return "Device I/O error";
+    case fault::kDiskFull:
+      return "Disk full";
+    case fault::kInputPastEnd:
+      return "Input past end of file";
+    case fault::kPathFileAccess:
+      return "Path/File access error";
+    case fault::kPathNotFound:
+      return "Path not found";
+    case fault::kPrinter:
+      return "Printer error";
+    default:
+      return "Application-defined or object-defined error";
+  }
+}
+
+}  // namespace
+
+RunTimeError::RunTimeError(int number, std::string detail, std::source_location where)
+    : number_(number), detail_(std::move(detail)), line_(where.line()) {
+  what_ = "Error " + std::to_string(number_) + " (" + Description() + ")";
+  if (!detail_.empty()) what_ += ": " + detail_;
+}
+
+std::string RunTimeError::Description() const { return std::string(DescriptionOf(number_)); }
+
+std::string RunTimeErrorText(const RunTimeError& error, std::string_view procedure, std::string_view form) {
+  return "Error " + std::to_string(error.Number()) + " (" + error.Description() + ") in line " +
+         std::to_string(error.Line()) + " of procedure " + std::string(procedure) + " of Form " +
+         std::string(form);
+}
+
+}  // namespace lobegraph

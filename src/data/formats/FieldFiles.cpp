@@ -1,0 +1,61 @@
+#include <cmath>
+
+#include "data/base/Numbers.h"
+#include "data/base/RunTimeError.h"
+#include "data/formats/PlanningFiles.h"
+
+namespace lobegraph {
+namespace {
+
+constexpr std::size_t kAzimuths = 360;
+constexpr int kFieldDecimals = 6;
+
+double DbOf(double field) { return field > 0.0 ? 20.0 * std::log10(field) : kFaintestDb; }
+
+}  // namespace
+
+PatternTable ReadSplat(std::string_view text) {
+  PatternTable table;
+  double turnedDeg = 0.0;
+  bool first = true;
+  for (std::string_view line : LinesOf(text)) {
+    line = line.substr(0, line.find(';'));
+    const auto words = WordsOf(line);
+    const auto angle = words.empty() ? std::nullopt : NumberIn(words[0]);
+    if (!angle) continue;
+    const auto field = words.size() > 1 ? NumberIn(words[1]) : std::nullopt;
+    if (field) table.Points.push_back({*angle + turnedDeg, DbOf(*field)});
+    if (first && !field) turnedDeg = *angle;
+    first = false;
+  }
+  WholeDegrees(table);
+  return table;
+}
+
+std::string WriteSplat(const PatternTable& table) {
+  std::string text = "0.0\n";
+  const auto levels = WholeDegrees(table);
+  for (std::size_t degrees = 0; degrees < levels.size(); ++degrees)
+    text += std::to_string(degrees) + "\t" +
+            FixedText(std::pow(10.0, levels[degrees] / 20.0), kFieldDecimals) + "\n";
+  return text;
+}
+
+PatternTable ReadRadioMobile(std::string_view text) {
+  PatternTable table;
+  for (const std::string_view line : LinesOf(text)) {
+    const auto level = NumberIn(line);
+    if (!level) continue;
+    table.Points.push_back({static_cast<double>(table.Points.size()), *level});
+    if (table.Points.size() == kAzimuths) return table;
+  }
+  throw RunTimeError(fault::kInputPastEnd, "less than 360 azimuths");
+}
+
+std::string WriteRadioMobile(const PatternTable& table) {
+  std::string text;
+  for (const double level : WholeDegrees(table)) text += FixedText(level == 0.0 ? 0.0 : level, 3) + "\r\n";
+  return text;
+}
+
+}  // namespace lobegraph

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "data/formats/PatternTable.h"
+
+namespace lobegraph {
+
+/// Reads a table of several columns (or one), whatever wrote it: finds the separator (comma, semicolon, tab
+/// or blanks), a heading, decimal commas, the column of angles and that of levels, and whether those are dB.
+/// A column is known by its heading (angle, azimuth, deg, position; dB, gain, total, level, ...); without
+/// headings two columns are angle and level. Levels with a negative one among them are dB, others linear
+/// unless the heading says dB. Without angles the rows are spread over the turn.
+/// @throws RunTimeError 13 (Type mismatch) for a text without numbers
+PatternTable ReadLevelTable(std::string_view text);
+
+/// A reading as the table shows it.
+struct LevelRow {
+  int Index = 0;
+  double AngleDeg = 0.0;
+  float Level = 0.F;
+  double Db = 0.0;
+};
+
+/// "index,angle,level,dB" and a row for each reading.
+std::string WriteLevelTable(const std::vector<LevelRow>& rows);
+
+/// One level a line.
+std::string WriteLevels(const ReadingsRecord& record);
+
+}  // namespace lobegraph

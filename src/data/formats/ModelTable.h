@@ -1,0 +1,16 @@
+#pragma once
+
+#include <string_view>
+
+#include "data/formats/PatternTable.h"
+
+namespace lobegraph {
+
+/// The radiation pattern in the text that an antenna-modelling program writes: the table of NEC-2 and NEC-4
+/// programs, or the far-field table "Deg V dB H dB Tot dB". The total gain counts. Of several cuts the one
+/// with the strongest level among the longest is taken; azimuth (one elevation, all round) comes before
+/// elevation. Models count angles counter-clockwise from forward (+X), which lies at the top of the plot.
+/// @throws RunTimeError 13 (Type mismatch) for a text without such a table
+PatternTable ReadModelTable(std::string_view text);
+
+}  // namespace lobegraph

@@ -1,0 +1,105 @@
+#include <cmath>
+
+#include "data/base/Numbers.h"
+#include "data/formats/PlanningFiles.h"
+
+namespace lobegraph {
+namespace {
+
+/// The format's own limits of its texts.
+constexpr std::size_t kLongestModel = 42;
+constexpr std::size_t kLongestDescription = 80;
+
+struct Record {
+  std::string_view Key;
+  std::string_view Value;  ///< without its "! comment"
+};
+
+/// "KEY:,value"; the colon is missing in files that are about.
+Record RecordOf(std::string_view line) {
+  const std::size_t comma = std::min(line.find(','), line.size());
+  std::string_view key = Trimmed(line.substr(0, comma));
+  if (key.ends_with(':')) key.remove_suffix(1);
+  const std::string_view value = comma < line.size() ? line.substr(comma + 1) : std::string_view();
+  return {key, Trimmed(value.substr(0, value.find('!')))};
+}
+
+/// Typographic minus signs and hyphens stand for a plain one.
+std::string WithPlainMinus(std::string_view text) {
+  std::string plain(text);
+  for (const std::string_view dash : {"\xE2\x88\x92", "\xE2\x80\x90", "\xE2\x80\x91", "\xE2\x80\x93"})
+    for (auto at = plain.find(dash); at != std::string::npos; at = plain.find(dash))
+      plain.replace(at, dash.size(), "-");
+  return plain;
+}
+
+bool IsAzimuth(std::string_view cut) { return cut == "AZ" || cut == "H"; }
+
+void TakeRecord(const Record& record, PatternTable& table) {
+  if (record.Key == "MODNUM") table.Name = record.Value;
+  if (record.Key == "ANTMAN") table.CollectedBy = record.Value;
+  if (record.Key == "DTDATA") table.CollectedDate = record.Value;
+  if (record.Key == "MDGAIN") table.GainDbi = NumberIn(record.Value);
+  if (record.Key == "AZWIDT") table.BeamwidthDeg = NumberIn(record.Value);
+  if (record.Key == "FRTOBA") table.FrontToBackDb = NumberIn(record.Value);
+  if (record.Key == "PATFRE") table.FrequencyMHz = NumberIn(record.Value);
+  if (record.Key == "POLARI") table.Horizontal = record.Value.starts_with('H');
+}
+
+std::string Field(std::string_view key, std::string_view value) {
+  return std::string(key) + ":," + std::string(value) + "\r\n";
+}
+
+std::string Field(std::string_view key, const std::optional<double>& value) {
+  return value ? Field(key, FixedText(*value, 2)) : "";
+}
+
+/// Commas separate and would cut a text short.
+std::string Words(std::string_view text, std::size_t longest) {
+  std::string words(text.substr(0, longest));
+  for (char& c : words)
+    if (c == ',' || c == '!') c = ' ';
+  return words;
+}
+
+}  // namespace
+
+PatternTable ReadNsma(std::string_view text) {
+  PatternTable table;
+  const std::string plain = WithPlainMinus(text);
+  bool azimuth = false;
+  for (const std::string_view line : LinesOf(plain)) {
+    const auto values = WordsOf(line, ", \t");
+    const auto angle = values.size() > 1 ? NumberIn(values[0]) : std::nullopt;
+    const auto level = values.size() > 1 ? NumberIn(values[1]) : std::nullopt;
+    if (angle && level) {
+      if (azimuth) table.Points.push_back({*angle, *level});
+      continue;
+    }
+    const Record record = RecordOf(line);
+    if (record.Key == "PATCUT") azimuth = table.Points.empty() && IsAzimuth(record.Value);
+    TakeRecord(record, table);
+  }
+  WholeDegrees(table);
+  return table;
+}
+
+std::string WriteNsma(const PatternTable& table) {
+  const bool horizontal = table.Horizontal.value_or(true);
+  std::string text = Field("REVNUM", "NSMA WG16.99.050") + Field("REVDAT", "19990520");
+  text += Field("COMNT1", "Measured azimuth cut") + Field("ANTMAN", Words(table.CollectedBy, kLongestModel));
+  text += Field("MODNUM", Words(table.Name, kLongestModel));
+  text += Field("DESCR1", Words(table.CollectedDate, kLongestDescription)) + Field("GUNITS", "DBI/DBR");
+  text += Field("MDGAIN", table.GainDbi) + Field("AZWIDT", table.BeamwidthDeg) +
+          Field("FRTOBA", table.FrontToBackDb);
+  text += Field("PATTYP", "Typical") + Field("NOFREQ", "1") + Field("PATFRE", table.FrequencyMHz);
+  text += Field("NUMCUT", "1") + Field("PATCUT", "AZ") + Field("POLARI", horizontal ? "H/H" : "V/V");
+  text += Field("NUPOIN", "361") + Field("FSTLST", "-180,180");
+  const auto levels = WholeDegrees(table);
+  for (int degrees = -180; degrees <= 180; ++degrees)
+    text += FixedText(degrees, 3) + "," +
+            FixedText(levels[static_cast<std::size_t>((degrees + 360) % 360)], 3) + ",\r\n";
+  return text + Field("ENDFIL", "EOF");
+}
+
+}  // namespace lobegraph

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <array>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "data/record/ReadingsRecord.h"
+
+namespace lobegraph {
+
+/// A direction and its level, as other programs keep them.
+struct TablePoint {
+  double AngleDeg = 0.0;  ///< clockwise from the top of the plot
+  double LevelDb = 0.0;   ///< relative to anything
+};
+
+/// A pattern on its way from or to a foreign format, with the words that some formats have room for.
+struct PatternTable {
+  std::vector<TablePoint> Points = {};  ///< in any order, at any step
+  std::string Name = {};
+  std::string CollectedBy = {};
+  std::string CollectedDate = {};
+  std::optional<bool> Horizontal = std::nullopt;  ///< polarization
+  std::optional<double> FrequencyMHz = std::nullopt;
+  std::optional<double> GainDbi = std::nullopt;
+  std::optional<double> BeamwidthDeg = std::nullopt;
+  std::optional<double> FrontToBackDb = std::nullopt;
+};
+
+/// The weakest level that is told apart from nothing, dB below the strongest.
+inline constexpr double kFaintestDb = -100.0;
+
+/// Levels at 0, 1, ... 359 degrees, dB relative to the strongest (at most 0, at least kFaintestDb): straight
+/// lines in dB between the points, which lie on a circle; points at the same angle count with their mean.
+/// @throws RunTimeError 13 (Type mismatch) without a single point
+std::array<double, 360> WholeDegrees(const PatternTable& table);
+
+/// Takes a table up as a record: peak level 1000, the words it has. Evenly spaced points of a whole turn (60
+/// to 360 of them) become the readings themselves and the first angle the rotation; points of half a turn
+/// become a 180-degree set; any others are read off at whole degrees.
+/// @throws RunTimeError 13 without a single point
+void TakeUpTable(const PatternTable& table, ReadingsRecord& record);
+
+/// Lines of a text without their ends (CR LF or LF).
+std::vector<std::string_view> LinesOf(std::string_view text);
+/// Words of a line between the separators, none of them empty.
+std::vector<std::string_view> WordsOf(std::string_view line, std::string_view separators = " \t");
+/// The value of a text that is a number from end to end, a decimal point or a decimal comma in it.
+std::optional<double> NumberIn(std::string_view text);
+std::string_view Trimmed(std::string_view text);
+
+}  // namespace lobegraph

@@ -1,0 +1,171 @@
+// Opening and closing the meter's and the trigger's ports.
+#include "acquisition/meters/MeterDevices.h"
+
+#include "support/MeterFakes.h"
+
+namespace lobegraph {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+struct DevicesRig {
+  test::Calls Made;
+  test::FakeSCom MSComm1{Made, "meter"};
+  test::FakeSCom MSCommTrigger{Made, "trigger"};
+  test::FakeD2xx Library;
+  test::FakeDisplay Display;
+  test::ShownMessages Boxes;
+  MeterState State;
+  SettingsValues Settings;
+  InputChoice& Choice = Settings.Input;
+  RunFlags Flags;
+  UsbModule Usb{Library, Display, Flags, Boxes};
+  dBMeter Meter{State, Settings, Display};
+  MeterDevices Devices{{MSComm1, MSCommTrigger, Usb, Display, Meter, Settings, Boxes}};
+};
+
+TEST(OpenMeterPort, SetsThePropertiesInOrderThenOpens) {
+  DevicesRig rig;
+  rig.Devices.OpenMeterPort(3, "9600");
+  EXPECT_THAT(rig.Made,
+              ElementsAre("meter port 3", "meter baud 9600", "meter input length 0", "meter dtr", "meter rts",
+                          "meter receive 1", "meter transmit 1", "meter open", "meter input mode 0"));
+  EXPECT_THAT(rig.Boxes.Texts, IsEmpty());
+}
+
+TEST(OpenMeterPort, ClosesItFirst) {
+  DevicesRig rig;
+  rig.MSComm1.IsOpen = true;
+  rig.Devices.OpenMeterPort(3, "9600");
+  EXPECT_EQ(rig.Made.front(), "meter close");
+}
+
+TEST(OpenMeterPort, WithoutANumberOnlyCloses) {
+  DevicesRig rig;
+  rig.MSComm1.IsOpen = true;
+  rig.Devices.OpenMeterPort(0, "9600");
+  EXPECT_THAT(rig.Made, ElementsAre("meter close"));
+}
+
+TEST(OpenMeterPort, ThatFailsSaysWhatToDo) {
+  DevicesRig rig;
+  rig.MSComm1.OnOpen.Opened = false;
+  rig.Devices.OpenMeterPort(3, "9600");
+  EXPECT_EQ(rig.Made.back(), "meter open");
+  EXPECT_THAT(rig.Boxes.Texts, ElementsAre("COM Port not available. May be in use by another program\r\n"
+                                           "If yes, then close that program and retry.\r\n"
+                                           "If no, then change the CommPort to another port and try again."));
+}
+
+TEST(OpenMeterPort, WithoutTheRightNamesTheGroupToJoin) {
+  DevicesRig rig;
+  rig.MSComm1.OnOpen = {.Opened = false, .GroupToJoin = "dialout"};
+  rig.Devices.OpenMeterPort(3, "9600");
+  EXPECT_THAT(rig.Boxes.Texts,
+              ElementsAre("COM Port not available. May be in use by another program\r\n"
+                          "If yes, then close that program and retry.\r\n"
+                          "If no, then change the CommPort to another port and try again.\r\n"
+                          "You lack the right to open it: join the group \"dialout\" and log in again."));
+}
+
+TEST(OpenTriggerPort, SetsThePropertiesInOrderThenOpens) {
+  DevicesRig rig;
+  rig.Choice.Commtrigger = 4;
+  rig.Devices.OpenTriggerPort();
+  EXPECT_THAT(rig.Made, ElementsAre("trigger port 4", "trigger input length 0", "trigger receive 1",
+                                    "trigger transmit 1", "trigger open"));
+}
+
+TEST(OpenTriggerPort, ThatFailsSaysWhatToDo) {
+  DevicesRig rig;
+  rig.Choice.Commtrigger = 4;
+  rig.MSCommTrigger.OnOpen.Opened = false;
+  rig.Devices.OpenTriggerPort();
+  EXPECT_THAT(rig.Boxes.Texts,
+              ElementsAre("Trigger COM Port not available. May be in use by another program\r\n"
+                          "If yes, then close that program and retry.\r\n"
+                          "If no, then change to another port and try again."));
+}
+
+struct TriggerRow {
+  const char* Name;
+  InputChoice Choice;
+  bool MeterOpen;
+  bool Opens;
+};
+class TriggerChoice : public ::testing::TestWithParam<TriggerRow> {};
+const TriggerRow kTriggerRows[] = {
+    {"NoNumber", {.Commport = 1, .Commtrigger = 0}, false, false},
+    {"UsbModule", {.GaugeBridgeTrigger = true, .Commport = 1, .Commtrigger = 4}, false, false},
+    {"SharedWithTheMeter", {.InputDeviceIsdBMeter = true, .Commport = 4, .Commtrigger = 4}, true, false},
+    {"SharedWithAMeterThatDidNotOpen",
+     {.InputDeviceIsdBMeter = true, .Commport = 4, .Commtrigger = 4},
+     false,
+     false},
+    {"AnotherNumberThanTheMeter",
+     {.InputDeviceIsdBMeter = true, .Commport = 1, .Commtrigger = 4},
+     true,
+     true},
+    {"AnOldMeterNumberBesideTheSoundCard", {.Commport = 4, .Commtrigger = 4}, false, true},
+    {"AnOldMeterNumberBesideTheExternalProgram",
+     {.InputDeviceIsdBMeter = true, .GaugeBridge = true, .Commport = 4, .Commtrigger = 4},
+     false,
+     true},
+    {"TheExternalProgramWithAPortOpenedByTheChooser",
+     {.InputDeviceIsdBMeter = true, .GaugeBridge = true, .Commport = 4, .Commtrigger = 4},
+     true,
+     false},
+};
+
+TEST_P(TriggerChoice, ClosesThePortAndOpensItWhereItIsTheTriggers) {
+  DevicesRig rig;
+  rig.Choice = GetParam().Choice;
+  rig.MSCommTrigger.IsOpen = true;
+  rig.MSComm1.IsOpen = GetParam().MeterOpen;
+  rig.Devices.OpenTriggerPort();
+  EXPECT_EQ(rig.Made.front(), "trigger close");
+  EXPECT_EQ(rig.MSCommTrigger.IsOpen, GetParam().Opens);
+}
+INSTANTIATE_TEST_SUITE_P(Choices, TriggerChoice, ::testing::ValuesIn(kTriggerRows),
+                         [](const auto& row) { return row.param.Name; });
+
+TEST(MeterDevices, ReceivedTextIsParsedAndOtherEventsAreIgnored) {
+  DevicesRig rig;
+  rig.Choice.ROSKAmeter = true;
+  rig.MSComm1.Waiting = "123;";
+  rig.MSComm1.OnComm(3);
+  EXPECT_THAT(rig.Display.Readings, IsEmpty());
+  rig.MSComm1.OnComm(SCom::kReceived);
+  EXPECT_THAT(rig.Display.Readings, ElementsAre("123"));
+}
+
+TEST(MeterDevices, ClosingTouchesOpenPortsOnly) {
+  DevicesRig rig;
+  rig.Devices.CloseMeterPort();
+  rig.Devices.CloseTriggerPort();
+  EXPECT_THAT(rig.Made, IsEmpty());
+  rig.MSComm1.IsOpen = rig.MSCommTrigger.IsOpen = true;
+  rig.Devices.CloseMeterPort();
+  rig.Devices.CloseTriggerPort();
+  EXPECT_THAT(rig.Made, ElementsAre("meter close", "trigger close"));
+}
+
+TEST(MeterDevices, AMeterThatIsUnpluggedIsToldInItsWindow) {
+  DevicesRig rig;
+  rig.MSComm1.OnGone();
+  EXPECT_EQ(rig.Display.Shape, StatusColour::Red);
+  EXPECT_EQ(rig.Display.lblStatus, "The meter's port has gone. Plug it in and choose the input again.");
+}
+
+TEST(MeterDevices, TheWindowIsShownAndTheModuleClosedOnRequest) {
+  DevicesRig rig;
+  rig.Devices.ShowMeterWindow();
+  EXPECT_EQ(rig.Display.Shown, 1);
+  rig.Usb.OpenDevice("DLP2232M B");
+  EXPECT_TRUE(rig.Devices.CloseUsbModule());
+  EXPECT_EQ(rig.Library.Made.back(), "close 77");
+}
+
+}  // namespace
+}  // namespace lobegraph
