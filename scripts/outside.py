@@ -192,11 +192,14 @@ class Program:
         known = self.known.get((name, role)) if within is None else None
         if known is not None and self.says(known, name, role):
             return known
-        node = wait_for(f"a control named {name!r}", seconds,
-                        lambda: next((node for node in nodes(within or self.root) if self.says(node, name, role)), None))
+        node = wait_for(f"a control named {name!r}", seconds, lambda: self.now(name, role, within))
         if within is None:
             self.known[name, role] = node
         return node
+
+    def now(self, name, role=None, within=None):
+        """The control, if there is one at this moment."""
+        return next((node for node in nodes(within or self.root) if self.says(node, name, role)), None)
 
     def learn(self):
         """Remembers every control there is now, so that finding them later costs no questions."""
