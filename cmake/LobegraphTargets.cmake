@@ -7,10 +7,11 @@ endif()
 # Fused multiply-add would make the same pattern give other numbers on other processors.
 set(LOBEGRAPH_FLAGS ${LOBEGRAPH_WARNINGS} -ffp-contract=off)
 
-# Every file of FOLDER and its rooms that matches; what stands in a qt/ folder below it is left out.
+# Every file of FOLDER and its rooms that matches; what stands in a qt/ folder below it, or in one named after a device
+# library, is left out.
 function(lobegraph_glob result folder pattern)
   file(GLOB_RECURSE found CONFIGURE_DEPENDS RELATIVE ${folder} ${folder}/${pattern})
-  list(FILTER found EXCLUDE REGEX "(^|/)qt/")
+  list(FILTER found EXCLUDE REGEX "(^|/)(qt|hamlib)/")
   list(TRANSFORM found PREPEND ${folder}/)
   set(${result} ${found} PARENT_SCOPE)
 endfunction()

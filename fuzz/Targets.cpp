@@ -15,6 +15,8 @@ constexpr Target kTargets[] = {{"PatternFile", TryPatternFile},
                                {"SerialMeters", TrySerialMeters},
                                {"ExternalMeter", TryExternalMeter},
                                {"RadioAnswers", TryRadioAnswers},
+                               {"RotatorNews", TryRotatorNews},
+                               {"RotatorOrders", TryRotatorOrders},
                                {"SoundBlocks", TrySoundBlocks}};
 
 }  // namespace

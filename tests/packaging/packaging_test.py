@@ -75,7 +75,7 @@ class Packaging(unittest.TestCase):
             expected = {f"bin/{program}" for program in PROGRAMS}
             expected |= {f"share/man/man1/{program}.1.gz" for program in PROGRAMS}
             expected |= {
-                "lib/lobegraph/lobegraph", "lib/lobegraph/LBGHelp.chm", "lib/udev/rules.d/60-lobegraph.rules",
+                "lib/lobegraph/lobegraph", "lib/lobegraph/lobegraph-rotator", "lib/lobegraph/LBGHelp.chm", "lib/udev/rules.d/60-lobegraph.rules",
                 "share/applications/lobegraph.desktop", "share/metainfo/lobegraph.metainfo.xml",
                 "share/mime/packages/lobegraph.xml", "share/icons/hicolor/scalable/apps/lobegraph.svg",
                 "share/icons/hicolor/scalable/mimetypes/application-x-lobegraph-pattern.svg",

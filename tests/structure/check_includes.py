@@ -1,4 +1,4 @@
-"""Reads every #include below src/, cli/, bench/ and meter/ and fails on an arrow that the house does not allow: between
+"""Reads every #include below src/ and in the programs' own folders and fails on an arrow that the house does not allow: between
 layers by the table below, between rooms by what each room's README says it uses. No room may lead back to itself."""
 import pathlib
 import re
@@ -15,24 +15,30 @@ PURE = {
     "bench": {"data", "settings", "acquisition"},
     "meter": {"data", "settings", "acquisition"},
     "cli": {"data", "settings", "processing", "render", "acquisition"},
+    "rotator": {"data", "acquisition"},
+    "collect": {"data", "settings", "processing", "render", "acquisition"},
 }
+PROGRAMS = ("bench", "cli", "collect", "meter", "rotator")
 # The drawing layer sees what a plot is, not how it is computed.
 RESULT_TYPES = {"processing/PlotResult.h"}
 # The one room that assembles the others' toolkit parts, and the companion that renders and reads settings.
-OTHER_QT = {"app": set(PURE) - {"app", "cli", "bench", "meter"}, "cli": {"render", "settings"}}
+OTHER_QT = {"app": set(PURE) - {"app", *PROGRAMS}, "cli": {"render", "settings"},
+            "collect": {"acquisition", "settings"}}
+# A device library with a room of its own, which no other may include.
+LIBRARY_ROOMS = {"hamlib": "rotator"}
 TOOLKIT = re.compile(r"^(Q[A-Z]|Qt|pulse/|ftdi|libusb|cups/|asoundlib)")
 INCLUDE = re.compile(r'\s*#\s*include\s*([<"])([^>"]+)')
 USES = re.compile(r"^\*\*Uses\.\*\* (.*)\.$", re.M)
 
 
 def layer_of(parts):
-    """('render', True) for src/render/qt/X.h; the folder below cli/, bench/ or meter/ counts as that layer."""
-    return parts[0], len(parts) > 2 and parts[1] == "qt"
+    """('render', True) for src/render/qt/X.h and what stands in a library's room; a program's folder counts as a layer."""
+    return parts[0], len(parts) > 2 and (parts[1] == "qt" or LIBRARY_ROOMS.get(parts[1]) == parts[0])
 
 
 def includes(root):
     """(file, its path below src/ or the root, line, bracket, target) of every include."""
-    for top in ("src", "cli", "bench", "meter"):
+    for top in ("src", *PROGRAMS):
         for path in sorted((root / top).rglob("*")):
             if path.suffix not in (".h", ".cpp"):
                 continue
@@ -48,7 +54,7 @@ def violations(root):
     used = {}
     for path, relative, number, bracket, target in includes(root):
         layer, in_qt = layer_of(relative.parts)
-        problem = judge(layer, in_qt, bracket, target)
+        problem = judge_library(relative.parts, target) or judge(layer, in_qt, bracket, target)
         if problem:
             yield f"{path}:{number}: {target}: {problem}"
         rooms = used.setdefault((relative.parent.as_posix(), path.parent.as_posix()), set())
@@ -88,6 +94,15 @@ def circles(arrows):
                 elif target not in seen:
                     seen.add(target)
                     waiting.append(way + [target])
+
+
+def judge_library(parts, target):
+    """A library's room holds that library only, and no other room holds it."""
+    room = parts[1] if len(parts) > 2 and parts[1] in LIBRARY_ROOMS else None
+    library = target.split("/")[0] if target.split("/")[0] in LIBRARY_ROOMS else None
+    if library and (room != library or LIBRARY_ROOMS[library] != parts[0]):
+        return f"{library} belongs into {LIBRARY_ROOMS[library]}/{library}"
+    return "this room is one library's own" if room and TOOLKIT.match(target) else None
 
 
 def judge(layer, in_qt, bracket, target):

@@ -18,6 +18,12 @@ WRONG = [
     ("src/acquisition/A.cpp", '"app/Globals.h"'),
     ("src/data/A.cpp", '"Sibling.h"'),
     ("bench/A.cpp", '"render/PlotPoint.h"'),
+    ("rotator/A.cpp", "<hamlib/rotator.h>"),
+    ("src/acquisition/qt/A.cpp", "<hamlib/rotator.h>"),
+    ("rotator/hamlib/A.cpp", "<QString>"),
+    ("rotator/A.cpp", '"settings/Store.h"'),
+    ("collect/qt/A.cpp", '"render/qt/ImageSurface.h"'),
+    ("collect/A.cpp", '"app/main/Form1.h"'),
 ]
 RIGHT = [
     ("src/data/A.cpp", "<vector>"),
@@ -28,6 +34,11 @@ RIGHT = [
     ("src/app/qt/main/A.cpp", '"acquisition/qt/PulseCapture.h"'),
     ("bench/qt/A.cpp", "<pulse/pulseaudio.h>"),
     ("bench/qt/A.cpp", '"bench/Antenna.h"'),
+    ("rotator/hamlib/A.cpp", "<hamlib/rotator.h>"),
+    ("rotator/hamlib/A.cpp", '"rotator/Session.h"'),
+    ("rotator/A.cpp", '"acquisition/rotator/RotatorLines.h"'),
+    ("collect/qt/A.cpp", '"acquisition/qt/PulseCapture.h"'),
+    ("collect/qt/A.cpp", "<QCoreApplication>"),
 ]
 
 
