@@ -6,7 +6,7 @@
 
 #include "data/base/Currency.h"
 #include "data/base/RunTimeError.h"
-#include "data/formats/PatternTable.h"
+#include "data/table/PatternTable.h"
 #include "fuzz/Targets.h"
 
 namespace lobegraph::fuzz {

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "data/formats/PatternTable.h"
+#include "data/table/PatternTable.h"
 
 namespace lobegraph {
 

@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "data/formats/PatternTable.h"
+#include "data/table/PatternTable.h"
 
 namespace lobegraph {
 

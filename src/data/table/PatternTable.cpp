@@ -1,4 +1,4 @@
-#include "data/formats/PatternTable.h"
+#include "data/table/PatternTable.h"
 
 #include <algorithm>
 #include <cmath>
