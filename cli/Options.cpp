@@ -6,6 +6,7 @@
 #include <sstream>
 
 #include "acquisition/serial/ComPorts.h"
+#include "data/formats/PatternFormats.h"
 
 namespace lobegraph {
 namespace {
@@ -141,13 +142,32 @@ void AddRender(CLI::App& app, RenderRequest& request) {
   AddSessionOptions(*verb, request.Session);
 }
 
+std::string Listed(const std::vector<std::string_view>& endings) {
+  std::string list;
+  for (const std::string_view ending : endings) list += (list.empty() ? "" : " ") + std::string(ending);
+  return list;
+}
+
+/// A line for each format.
+std::string FormatsHelp() {
+  constexpr std::size_t kNameWidth = 28;
+  std::string text = "Formats:\n";
+  for (const PatternFormat& format : PatternFormats()) {
+    std::string name(format.Name);
+    name.resize(std::max(kNameWidth, name.size() + 1), ' ');
+    text += "  " + name + std::string(format.Endings);
+    if (!format.EndingsOfAnyText.empty()) text += " " + std::string(format.EndingsOfAnyText);
+    if (format.Columns.value_or(false)) text += " with --table";
+    text += format.Writes() ? "\n" : ", read only\n";
+  }
+  return text + "\n";
+}
+
 void AddConvert(CLI::App& app, ConvertRequest& request) {
   CLI::App* verb = app.add_subcommand("convert", "From one format to another by the names' endings");
-  verb->footer(kConvertExamples);
-  verb->add_option("IN", request.In,
-                   "Read: .lbg .csv .msi .az .ant .adf, tables of antenna models (.nec .out .txt)")
-      ->required();
-  verb->add_option("OUT", request.Out, "Write: .lbg .csv .msi .az .ant .adf")->required();
+  verb->footer(FormatsHelp() + kConvertExamples);
+  verb->add_option("IN", request.In, "Read: " + Listed(EndingsRead()))->required();
+  verb->add_option("OUT", request.Out, "Write: " + Listed(EndingsWritten()))->required();
   verb->add_flag("--table", request.Table, "CSV with several columns, read or written");
 }
 

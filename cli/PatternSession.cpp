@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <utility>
 
-#include "cli/ReadPattern.h"
 #include "data/base/Numbers.h"
 #include "data/base/Rounding.h"
+#include "data/formats/PatternFormats.h"
 #include "processing/Beamwidth.h"
 #include "processing/Directivity.h"
 #include "processing/Transforms.h"
@@ -52,9 +52,10 @@ void PatternSession::Report(const RunTimeError& error, const char* procedure) {
 void PatternSession::Load(FileAccess& files, const std::string& path) {
   record_.FilePath = path;
   record_.FileName = FileNameOf(path);
-  const std::string bytes = files.Read(path);
-  const LoadRules rules{.Overlay = overlayScale_.has_value(), .PeakInputLevel = options_.PeakInputLevel};
-  const LoadOutcome outcome = ReadPattern(path, bytes, rules, options_.Table, record_);
+  const LoadRules rules{.Overlay = overlayScale_.has_value(),
+                        .PeakInputLevel = options_.PeakInputLevel,
+                        .Columns = options_.Table};
+  const LoadOutcome outcome = ReadPattern(files, path, rules, record_);
   messages_.insert(messages_.end(), outcome.Messages.begin(), outcome.Messages.end());
   halfLoaded_ = outcome.Error.has_value();
   ShowRecord();

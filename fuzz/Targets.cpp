@@ -3,25 +3,25 @@
 namespace lobegraph::fuzz {
 namespace {
 
-constexpr Target kTargets[] = {{"PatternFile", TryPatternFile},
-                               {"CsvReadings", TryCsvReadings},
-                               {"EditorCells", TryEditorCells},
-                               {"ModelTable", TryModelTable},
-                               {"LevelTable", TryLevelTable},
-                               {"PlanningFiles", TryPlanningFiles},
-                               {"Numbers", TryNumbers},
-                               {"SettingsFile", TrySettingsFile},
-                               {"PlotColours", TryPlotColours},
-                               {"SerialMeters", TrySerialMeters},
-                               {"ExternalMeter", TryExternalMeter},
-                               {"RadioAnswers", TryRadioAnswers},
-                               {"RotatorNews", TryRotatorNews},
-                               {"RotatorOrders", TryRotatorOrders},
-                               {"SoundBlocks", TrySoundBlocks}};
+std::vector<Target> AllTargets() {
+  std::vector<Target> targets = {{"PatternFile", TryPatternFile},     {"CsvReadings", TryCsvReadings},
+                                 {"EditorCells", TryEditorCells},     {"Numbers", TryNumbers},
+                                 {"SettingsFile", TrySettingsFile},   {"PlotColours", TryPlotColours},
+                                 {"SerialMeters", TrySerialMeters},   {"ExternalMeter", TryExternalMeter},
+                                 {"RadioAnswers", TryRadioAnswers},   {"RotatorNews", TryRotatorNews},
+                                 {"RotatorOrders", TryRotatorOrders}, {"SoundBlocks", TrySoundBlocks}};
+  for (const PatternFormat& format : PatternFormats().subspan(1))
+    targets.push_back(
+        {std::string(format.Id), [&format](std::string_view input) { TryFormat(format, input); }});
+  return targets;
+}
 
 }  // namespace
 
-std::span<const Target> Targets() { return kTargets; }
+const std::vector<Target>& Targets() {
+  static const std::vector<Target> targets = AllTargets();
+  return targets;
+}
 
 void Promise(bool holds, const char* promise) {
   if (!holds) throw BrokenPromise(promise);

@@ -1,9 +1,12 @@
 #pragma once
 
-#include <span>
+#include <functional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <vector>
+
+#include "data/formats/PatternFormats.h"
 
 namespace lobegraph::fuzz {
 
@@ -18,18 +21,18 @@ void Promise(bool holds, const char* promise);
 /// One kind of foreign bytes and everything that reads them. Any bytes may be tried: what a parser refuses it
 /// refuses by its documented error, and what it accepts keeps its promises.
 struct Target {
-  const char* Name;  ///< also of its folder below corpus/
+  std::string Name;  ///< also of its folder below corpus/
   /// @throws BrokenPromise; anything else that comes out is a fault as well
-  void (*Try)(std::string_view input);
+  std::function<void(std::string_view input)> Try;
 };
-std::span<const Target> Targets();
+/// A target for each format of patterns, and those of everything else that is read.
+const std::vector<Target>& Targets();
 
+/// A foreign format of the table; the pattern file promises more and has a target of its own.
+void TryFormat(const PatternFormat& format, std::string_view input);
 void TryPatternFile(std::string_view input);
 void TryCsvReadings(std::string_view input);
 void TryEditorCells(std::string_view input);
-void TryModelTable(std::string_view input);
-void TryLevelTable(std::string_view input);
-void TryPlanningFiles(std::string_view input);
 void TryNumbers(std::string_view input);
 void TrySettingsFile(std::string_view input);
 void TryPlotColours(std::string_view input);

@@ -5,7 +5,7 @@
 #include <cmath>
 
 #include "cli/MemoryFiles.h"
-#include "cli/ReadPattern.h"
+#include "data/formats/PatternFile.h"
 
 namespace lobegraph {
 namespace {
@@ -56,17 +56,6 @@ TEST_F(Convert, LevelsAloneAreReadBackAsTheEditorReadsThem) {
   EXPECT_EQ(Loaded("b.lbg").Readings, Loaded("a.lbg").Readings);
   EXPECT_EQ(Loaded("b.lbg").NumReadings, 99);
   EXPECT_THAT(files_.Content["b.lbg"], HasSubstr("V9.9.9"));
-}
-
-TEST_F(Convert, ACsvFileEndsAtItsLastLevelThatIsNotZero) {
-  files_.Content["m.csv"] = "Value\n5,0,7,0,0\n";
-  ASSERT_EQ(Run("m.csv", "b.lbg"), 0) << complaints_.str();
-  const ReadingsRecord record = Loaded("b.lbg");
-  EXPECT_EQ(record.NumReadings, 3) << "the heading reads as 0";
-  EXPECT_EQ(record.Readings(1), 5.F);
-  EXPECT_EQ(record.Readings(3), 7.F);
-  files_.Content["m.csv"] = "0\n0\n";
-  EXPECT_EQ(Run("m.csv", "b.lbg"), 1);
 }
 
 TEST_F(Convert, ATableHasABearingForEachPlottedReading) {
@@ -125,20 +114,6 @@ TEST_F(Convert, WhatCannotBeReadOrWrittenIsNamed) {
   EXPECT_EQ(Run("a.lbg", "b.xyz"), 2);
   EXPECT_EQ(Run("a.lbg", "b.nec"), 2);
   EXPECT_THAT(complaints_.str(), HasSubstr("b.nec: the new name ends in"));
-}
-
-TEST(ReadPattern, FormatsAreKnownByTheirEndingsInAnyCase) {
-  EXPECT_EQ(FormatOf("a.CSV"), PatternFormat::Csv);
-  EXPECT_EQ(FormatOf("a.msi"), PatternFormat::Planet);
-  EXPECT_EQ(FormatOf("a.AZ"), PatternFormat::Splat);
-  EXPECT_EQ(FormatOf("a.ant"), PatternFormat::RadioMobile);
-  EXPECT_EQ(FormatOf("a.adf"), PatternFormat::Nsma);
-  EXPECT_EQ(FormatOf("a.nec"), PatternFormat::Model);
-  EXPECT_EQ(FormatOf("a.out"), PatternFormat::Model);
-  EXPECT_EQ(FormatOf("a.lbg"), PatternFormat::Lbg);
-  EXPECT_EQ(FormatOf("a.txt", "-- RADIATION PATTERNS --"), PatternFormat::Model);
-  EXPECT_EQ(FormatOf("a.txt", "359\r\n"), PatternFormat::Lbg);
-  EXPECT_EQ(FormatOf("noending"), PatternFormat::Lbg);
 }
 
 }  // namespace

@@ -106,7 +106,7 @@ TEST_P(Parser, KeepsItsPromisesForDamagedInput) {
   Damage damage(inputs);
   for (int i = 0; i < kDamagedInputs && !HasFatalFailure(); ++i) Try(damage.Next());
 }
-INSTANTIATE_TEST_SUITE_P(Targets, Parser, ::testing::ValuesIn(Targets().begin(), Targets().end()),
+INSTANTIATE_TEST_SUITE_P(Targets, Parser, ::testing::ValuesIn(Targets()),
                          [](const auto& target) { return target.param.Name; });
 
 }  // namespace

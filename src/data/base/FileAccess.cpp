@@ -99,11 +99,13 @@ std::string FileNameOf(std::string_view path) {
   return std::string(separator == std::string_view::npos ? path : path.substr(separator + 1));
 }
 
+bool HasEnding(std::string_view path, std::string_view ending) {
+  if (path.size() < ending.size()) return false;
+  return std::ranges::equal(path.substr(path.size() - ending.size()), ending, {}, LowerAscii, LowerAscii);
+}
+
 std::string WithEnding(std::string path, std::string_view ending) {
-  const std::size_t length = std::min(path.size(), ending.size());
-  const bool there = std::equal(path.end() - static_cast<std::ptrdiff_t>(length), path.end(), ending.begin(),
-                                ending.end(), [](char a, char b) { return LowerAscii(a) == LowerAscii(b); });
-  if (!there) path += ending;
+  if (!HasEnding(path, ending)) path += ending;
   return path;
 }
 

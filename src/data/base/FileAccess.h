@@ -39,6 +39,9 @@ class DiskFiles : public FileAccess {
 /// What follows the last "/" or "\" of a path; the whole path when there is none.
 std::string FileNameOf(std::string_view path);
 
+/// Whether the last characters of a path are an ending, in any letter case.
+bool HasEnding(std::string_view path, std::string_view ending);
+
 /// The path with ".lbg" (or another ending with its point) added unless its last characters are that, in any
 /// letter case.
 std::string WithEnding(std::string path, std::string_view ending);

@@ -131,17 +131,11 @@ PatternTable ReadLevelTable(std::string_view text) {
   return table;
 }
 
-std::string WriteLevelTable(const std::vector<LevelRow>& rows) {
+std::string WriteLevelTable(const PatternTable& table) {
   std::string text = "index,angle,level,dB\r\n";
-  for (const LevelRow& row : rows)
+  for (const LevelRow& row : table.Rows)
     text += std::to_string(row.Index) + "," + FixedText(row.AngleDeg, 3) + "," + SingleText(row.Level) + "," +
             FixedText(row.Db, 3) + "\r\n";
-  return text;
-}
-
-std::string WriteLevels(const ReadingsRecord& record) {
-  std::string text;
-  for (int i = 0; i <= record.NumReadings; ++i) text += SingleText(record.Readings(i)) + "\r\n";
   return text;
 }
 

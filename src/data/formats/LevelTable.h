@@ -15,18 +15,7 @@ namespace lobegraph {
 /// @throws RunTimeError 13 (Type mismatch) for a text without numbers
 PatternTable ReadLevelTable(std::string_view text);
 
-/// A reading as the table shows it.
-struct LevelRow {
-  int Index = 0;
-  double AngleDeg = 0.0;
-  float Level = 0.F;
-  double Db = 0.0;
-};
-
-/// "index,angle,level,dB" and a row for each reading.
-std::string WriteLevelTable(const std::vector<LevelRow>& rows);
-
-/// One level a line.
-std::string WriteLevels(const ReadingsRecord& record);
+/// "index,angle,level,dB" and a row for each plotted reading.
+std::string WriteLevelTable(const PatternTable& table);
 
 }  // namespace lobegraph

@@ -11,6 +11,8 @@ namespace {
 
 constexpr std::size_t kFewestPoints = 8;
 constexpr double kNoGainDb = -90.0;
+constexpr std::string_view kNecHeading = "RADIATION PATTERNS";
+constexpr std::string_view kFarFieldHeading = "Tot dB";
 
 /// A direction of a model: theta from the zenith, phi counter-clockwise.
 struct Direction {
@@ -103,8 +105,8 @@ PatternTable ReadModelTable(std::string_view text) {
   for (std::size_t i = 0; i < lines.size() && table.Points.empty(); ++i) {
     if (const auto frequency = FrequencyIn(lines[i])) table.FrequencyMHz = frequency;
     if (Contains(lines[i], "Elevation Pattern")) azimuth = false;
-    if (Contains(lines[i], "RADIATION PATTERNS")) table.Points = NecCut(NecDirections(lines, i));
-    if (Contains(lines[i], "Tot dB")) table.Points = FarFieldCut(lines, i, azimuth);
+    if (Contains(lines[i], kNecHeading)) table.Points = NecCut(NecDirections(lines, i));
+    if (Contains(lines[i], kFarFieldHeading)) table.Points = FarFieldCut(lines, i, azimuth);
   }
   if (table.Points.size() < kFewestPoints) throw RunTimeError(fault::kTypeMismatch, "no radiation pattern");
   for (const TablePoint& point : table.Points)
@@ -112,6 +114,10 @@ PatternTable ReadModelTable(std::string_view text) {
   for (TablePoint& point : table.Points)
     if (point.LevelDb < kNoGainDb) point.LevelDb = *table.GainDbi + kFaintestDb;
   return table;
+}
+
+bool LooksLikeModelTable(std::string_view bytes) {
+  return Contains(bytes, kNecHeading) || Contains(bytes, kFarFieldHeading);
 }
 
 }  // namespace lobegraph

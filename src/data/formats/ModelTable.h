@@ -13,4 +13,7 @@ namespace lobegraph {
 /// @throws RunTimeError 13 (Type mismatch) for a text without such a table
 PatternTable ReadModelTable(std::string_view text);
 
+/// Whether such a table stands in a text.
+bool LooksLikeModelTable(std::string_view bytes);
+
 }  // namespace lobegraph

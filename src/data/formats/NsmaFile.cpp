@@ -1,7 +1,8 @@
+#include "data/formats/NsmaFile.h"
+
 #include <cmath>
 
 #include "data/base/Numbers.h"
-#include "data/formats/PlanningFiles.h"
 
 namespace lobegraph {
 namespace {

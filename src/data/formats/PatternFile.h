@@ -1,28 +1,13 @@
 #pragma once
 
-#include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "data/base/FileAccess.h"
-#include "data/base/RunTimeError.h"
+#include "data/formats/LoadOutcome.h"
 #include "data/record/ReadingsRecord.h"
 
 namespace lobegraph {
-
-/// What a load needs to know besides the file.
-struct LoadRules {
-  bool Overlay = false;           ///< the record keeps its scale setting
-  float PeakInputLevel = 1000.F;  ///< a pattern stronger than this is loaded with a warning
-};
-
-/// What became of a load. The record holds the fields read before an error.
-struct LoadOutcome {
-  std::optional<RunTimeError> Error;
-  std::vector<std::string> Messages;  ///< warnings the user is shown, in order
-  bool DescriptionRead = false;       ///< the file got as far as its description
-};
 
 /// Reads a pattern file (".lbg") into a record: the fields of WritePatternText in their order.
 /// Deliberate: reading 360 keeps its former value, and any text but exactly "Horizontal" or "180 plot" counts

@@ -1,8 +1,9 @@
+#include "data/formats/PlanetFile.h"
+
 #include <array>
 #include <cmath>
 
 #include "data/base/Numbers.h"
-#include "data/formats/PlanningFiles.h"
 
 namespace lobegraph {
 namespace {

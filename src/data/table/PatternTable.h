@@ -16,9 +16,18 @@ struct TablePoint {
   double LevelDb = 0.0;   ///< relative to anything
 };
 
+/// A plotted reading as it was collected.
+struct LevelRow {
+  int Index = 0;          ///< in the record
+  double AngleDeg = 0.0;  ///< on the plot, clockwise from its top
+  float Level = 0.F;
+  double Db = 0.0;  ///< relative to the strongest
+};
+
 /// A pattern on its way from or to a foreign format, with the words that some formats have room for.
 struct PatternTable {
   std::vector<TablePoint> Points = {};  ///< in any order, at any step
+  std::vector<LevelRow> Rows = {};      ///< the readings behind the points, when it comes from a record
   std::string Name = {};
   std::string CollectedBy = {};
   std::string CollectedDate = {};

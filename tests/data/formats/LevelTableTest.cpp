@@ -53,17 +53,8 @@ TEST(LevelTable, ATextWithoutNumbersIsRefused) {
 }
 
 TEST(LevelTable, IsWrittenWithItsHeading) {
-  EXPECT_EQ(WriteLevelTable({{0, 0.0, 900.F, 0.0}, {1, 1.2, .5F, -65.105}}),
-            "index,angle,level,dB\r\n0,0.000,900,0.000\r\n1,1.200,.5,-65.105\r\n");
-}
-
-TEST(LevelTable, LevelsAloneAreOneALine) {
-  ReadingsRecord record;
-  record.NumReadings = 2;
-  record.Readings(0) = 1.5F;
-  record.Readings(1) = 0.25F;
-  record.Readings(2) = 1000.F;
-  EXPECT_EQ(WriteLevels(record), "1.5\r\n.25\r\n1000\r\n");
+  const PatternTable table{.Rows = {{0, 0.0, 900.F, 0.0}, {1, 1.2, .5F, -65.105}}};
+  EXPECT_EQ(WriteLevelTable(table), "index,angle,level,dB\r\n0,0.000,900,0.000\r\n1,1.200,.5,-65.105\r\n");
 }
 
 }  // namespace

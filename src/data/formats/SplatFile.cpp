@@ -1,13 +1,12 @@
+#include "data/formats/SplatFile.h"
+
 #include <cmath>
 
 #include "data/base/Numbers.h"
-#include "data/base/RunTimeError.h"
-#include "data/formats/PlanningFiles.h"
 
 namespace lobegraph {
 namespace {
 
-constexpr std::size_t kAzimuths = 360;
 constexpr int kFieldDecimals = 6;
 
 double DbOf(double field) { return field > 0.0 ? 20.0 * std::log10(field) : kFaintestDb; }
@@ -38,23 +37,6 @@ std::string WriteSplat(const PatternTable& table) {
   for (std::size_t degrees = 0; degrees < levels.size(); ++degrees)
     text += std::to_string(degrees) + "\t" +
             FixedText(std::pow(10.0, levels[degrees] / 20.0), kFieldDecimals) + "\n";
-  return text;
-}
-
-PatternTable ReadRadioMobile(std::string_view text) {
-  PatternTable table;
-  for (const std::string_view line : LinesOf(text)) {
-    const auto level = NumberIn(line);
-    if (!level) continue;
-    table.Points.push_back({static_cast<double>(table.Points.size()), *level});
-    if (table.Points.size() == kAzimuths) return table;
-  }
-  throw RunTimeError(fault::kInputPastEnd, "less than 360 azimuths");
-}
-
-std::string WriteRadioMobile(const PatternTable& table) {
-  std::string text;
-  for (const double level : WholeDegrees(table)) text += FixedText(level == 0.0 ? 0.0 : level, 3) + "\r\n";
   return text;
 }
 

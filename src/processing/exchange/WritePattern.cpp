@@ -1,0 +1,107 @@
+#include "processing/exchange/WritePattern.h"
+
+#include <cmath>
+
+#include "data/base/Numbers.h"
+#include "processing/Figures.h"
+#include "processing/PreparePlot.h"
+
+namespace lobegraph {
+namespace {
+
+constexpr int kWholeTurn = 360;
+
+/// A pattern, and what its plot says of it.
+struct Settled {
+  ReadingsRecord Record;
+  PlotResult Plot;
+};
+
+/// The plot settles peak, trims and step.
+Settled Settle(const ReadingsRecord& record) {
+  Settled settled{record, {}};
+  const PlotTexts boxes{SingleText(record.Rotate), std::to_string(record.TrimFront),
+                        std::to_string(record.TrimEnd)};
+  try {
+    settled.Plot = BeginPlot(settled.Record, boxes, {.chkCalibrate = true});
+    if (settled.Plot.FieldsShown) CompletePlot(settled.Record, {.chkCalibrate = true}, settled.Plot);
+  } catch (const RunTimeError&) {
+    settled.Plot.PlotDone = false;
+  }
+  if (!settled.Plot.FieldsShown) throw RunTimeError(fault::kTypeMismatch, "no range of readings to convert");
+  return settled;
+}
+
+/// Each plotted reading with its bearing.
+std::vector<LevelRow> RowsOf(const Settled& settled) {
+  const ReadingsRecord& record = settled.Record;
+  const int last = record.NumReadings - record.TrimEnd;
+  float strongest = 0.F;
+  for (int i = record.TrimFront; i <= last; ++i) strongest = std::max(strongest, record.Readings(i));
+  if (strongest <= 0.F) throw RunTimeError(fault::kTypeMismatch, "no level above 0");
+  std::vector<LevelRow> rows;
+  for (int i = record.TrimFront; i <= last; ++i) {
+    const double position = (i - record.TrimFront) * double{settled.Plot.DegreesPerReading};
+    const float level = record.Readings(i);
+    const double db = level > 0.F ? 20.0 * std::log10(double{level} / double{strongest}) : kFaintestDb;
+    rows.push_back({i, std::fmod(double{record.Rotate} + position, 360.0), level, std::max(db, kFaintestDb)});
+  }
+  return rows;
+}
+
+/// The directions; of a half turn also those that nobody measured, with the weakest level that was seen.
+void AddPoints(PatternTable& table, bool halfTurn) {
+  double weakest = 0.0;
+  for (const LevelRow& row : table.Rows) {
+    table.Points.push_back({row.AngleDeg, row.Db});
+    weakest = std::min(weakest, row.Db);
+  }
+  if (!halfTurn) return;
+  for (double degrees = 90.0; degrees < 270.0; degrees += 1.0) table.Points.push_back({degrees, weakest});
+}
+
+PatternTable TableOf(const Settled& settled) {
+  const ReadingsRecord& record = settled.Record;
+  PatternTable table;
+  table.Rows = RowsOf(settled);
+  AddPoints(table, record.Plot180);
+  const CutFigures figures = FiguresOfRecord(record);
+  table.Name = record.Description.empty() ? record.FileName : record.Description;
+  table.CollectedBy = record.CollectedBy;
+  table.CollectedDate = record.CollectedDate;
+  table.Horizontal = record.PolarizationHorizontal;
+  table.GainDbi = settled.Plot.GainEstimate;
+  table.BeamwidthDeg = figures.Hpbw;
+  table.FrontToBackDb = figures.FrontToBack;
+  return table;
+}
+
+void AddLossesOfWholeDegrees(const ReadingsRecord& record, std::vector<std::string>& losses) {
+  const int step = kWholeTurn / record.ReadingsPlotted;
+  const bool onDegrees =
+      step * record.ReadingsPlotted == kWholeTurn && record.Rotate == std::round(record.Rotate);
+  if (record.Plot180)
+    losses.emplace_back("the half turn that was not measured stands there with the weakest level");
+  if (!onDegrees || step != 1)
+    losses.push_back(std::to_string(record.ReadingsPlotted) + " readings become 360 levels at whole degrees");
+}
+
+std::vector<std::string> LossesOf(const ReadingsRecord& record, const PatternFormat& format) {
+  std::vector<std::string> losses;
+  if (!format.Lost.empty()) losses.push_back("not in this format: " + std::string(format.Lost));
+  if (format.AtWholeDegrees) AddLossesOfWholeDegrees(record, losses);
+  if (!format.Invented.empty()) losses.emplace_back(format.Invented);
+  return losses;
+}
+
+}  // namespace
+
+WrittenPattern WritePattern(const ReadingsRecord& record, const PatternFormat& format,
+                            std::string_view versionText) {
+  const Settled settled = Settle(record);
+  return {format.WriteRecord != nullptr ? format.WriteRecord(settled.Record, versionText)
+                                        : format.WriteTable(TableOf(settled)),
+          LossesOf(settled.Record, format)};
+}
+
+}  // namespace lobegraph
