@@ -29,10 +29,6 @@ std::int64_t NowNs() {
   return now.tv_sec * 1'000'000'000LL + now.tv_nsec;
 }
 
-struct NoPoll final : MeterPoll {
-  void Poll() override {}
-};
-
 /// End of each reading against start + k x interval; the start is taken from the earliest end, so a constant
 /// offset of the clock's tick does not count as lateness.
 std::vector<double> Lateness(const std::vector<std::int64_t>& ends) {
@@ -61,16 +57,29 @@ std::vector<double> BareLoop() {
 std::vector<double> Turn() {
   CollectionRig rig;
   SystemClock clock;
-  NoPoll poll;
   SoundLevelState sound{.SoundLevel = 300.F};
   SoundThresholds thresholds;
+  dBMeter meter(rig.Meter, rig.Settings, rig.MeterForm);
+  ExternalMeter program(rig.Store, meter, rig.Meter, rig.MeterForm);
   rig.Settings.PeakInputLevel = 1000.F;
   rig.Panel.RotationSeconds = kSecondsPerTurn;
   ChosenInput input(
-      {rig.Settings, rig.Flags, sound, thresholds, rig.Meter, poll, rig.Pump, clock, rig.Panel});
-  const CollectionParts parts{clock,       rig.Pump,     rig.Flags, rig.Record,    input,
-                              rig.Trigger, rig.Sound,    rig.Port,  rig.MeterForm, rig.Meter,
-                              rig.Store,   rig.Settings, rig.Panel, rig.Messages,  rig.Waiting};
+      {rig.Settings, rig.Flags, sound, thresholds, rig.Meter, program, rig.Pump, clock, rig.Panel});
+  const CollectionParts parts{clock,
+                              rig.Pump,
+                              rig.Flags,
+                              rig.Record,
+                              [&input] { return input.ReadInputLevel(); },
+                              rig.Parts.WaitForTrigger,
+                              rig.Sound,
+                              rig.Port,
+                              rig.MeterForm,
+                              rig.Meter,
+                              rig.Store,
+                              rig.Settings,
+                              rig.Panel,
+                              rig.Messages,
+                              rig.Waiting};
   std::vector<std::int64_t> ends;
   rig.Panel.OnStored = [&](int) { ends.push_back(NowNs()); };
   CollectionEngine(parts).cmdCollectData_Click();

@@ -16,7 +16,7 @@ struct MeterRig {
 
 bool Same(const MeterState& a, const MeterState& b) {
   return a.MeterLevel == b.MeterLevel && a.MeterDb == b.MeterDb && a.MeterHistory == b.MeterHistory &&
-         a.MeterReadingCount == b.MeterReadingCount && a.ValuesReceived == b.ValuesReceived;
+         a.Received.MeterReadingCount == b.Received.MeterReadingCount && a.ValuesReceived == b.ValuesReceived;
 }
 
 }  // namespace
@@ -28,7 +28,10 @@ void TrySerialMeters(std::string_view input) {
   const std::string_view text = input.substr(2);
   const std::size_t cut = text.empty() ? 0 : static_cast<unsigned char>(input[1]) % text.size();
   MeterRig whole, split;
-  whole.Settings.Input.ROSKAmeter = split.Settings.Input.ROSKAmeter = roska;
+  for (MeterRig* rig : {&whole, &split}) {
+    rig->Settings.Input.InputDeviceIsdBMeter = true;
+    rig->Settings.Input.ROSKAmeter = roska;
+  }
   whole.Meter.ParseChars(text);
   split.Meter.ParseChars(text.substr(0, cut));
   split.Meter.ParseChars(text.substr(cut));

@@ -9,13 +9,9 @@ namespace lobegraph::fuzz {
 class NoDisplay final : public MeterDisplay {
  public:
   void ShowWindow() override {}
-  void SetReading(const std::string&) override {}
-  void SetReadingDbm(float) override {}
-  void SetDownDb(float) override {}
-  void PaintLevelIndicator(StatusColour) override {}
-  void SetStatusText(const std::string&) override {}
-  void PaintStatusShape(StatusColour) override {}
-  void SetStateCount(const std::string&) override {}
+
+ protected:
+  void Show(const MeterShown&) override {}
 };
 
 /// What holds for a meter whatever it was told.

@@ -33,9 +33,6 @@ constexpr SettingRow kDialogRows[] = {RowOf("PlotUserColour"),  RowOf("PlotUserO
                                       RowOf("PeakInputLevel"),  RowOf("SpikeDetectLevel"),
                                       RowOf("MaxRotationTime")};
 
-constexpr SettingRow kInputRows[] = {RowOf("InputDeviceIsLineIn"), RowOf("InputDeviceIsdBMeter"),
-                                     RowOf("ROSKAmeter"), RowOf("GaugeBridge"), RowOf("GaugeBridgeTrigger")};
-
 }  // namespace
 
 std::string ReadUsername(SettingsStore& store) {
@@ -61,7 +58,8 @@ void ReloadDialogSettings(SettingsStore& store, SettingsValues& values) {
 void ReloadInputChoice(SettingsStore& store, InputChoice& choice) {
   SettingsValues values;
   values.Input = choice;
-  ReadRows(store, kInputRows, values);
+  for (const SettingRow& row : InputRows())
+    if (std::holds_alternative<bool InputChoice::*>(row.Member)) ReadRow(store, row, values);
   choice = values.Input;
 }
 

@@ -21,7 +21,7 @@ SettingsValues ReadSettings(SettingsStore& store);
 /// What Cancel of the settings dialog takes back: the colours, the detection values, peak and spike level and
 /// the maximum rotation time.
 void ReloadDialogSettings(SettingsStore& store, SettingsValues& values);
-/// What Cancel of the input chooser takes back: the five booleans, not the port numbers.
+/// What Cancel of the input chooser takes back: its flags, not the port numbers.
 void ReloadInputChoice(SettingsStore& store, InputChoice& choice);
 
 }  // namespace lobegraph

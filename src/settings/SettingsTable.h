@@ -1,6 +1,8 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
+#include <span>
 #include <string_view>
 #include <variant>
 
@@ -58,6 +60,15 @@ inline constexpr auto kSettingsTable = std::to_array<SettingRow>({
     {"Commport", &InputChoice::Commport, "0"},
     {"Commtrigger", &InputChoice::Commtrigger, "0"},
 });
+
+/// The last rows of the table: what the input chooser owns.
+constexpr std::span<const SettingRow> InputRows() {
+  const auto first = std::find_if(kSettingsTable.begin(), kSettingsTable.end(), [](const SettingRow& row) {
+    return std::holds_alternative<bool InputChoice::*>(row.Member) ||
+           std::holds_alternative<std::int16_t InputChoice::*>(row.Member);
+  });
+  return {first, kSettingsTable.end()};
+}
 
 /// What the meter program publishes; only ever read here.
 struct PublishedKey {

@@ -32,11 +32,6 @@ constexpr SettingRow kDialogRows[] = {RowOf("PlotUserColour"),
                                       RowOf("SpikeDetectLevel"),
                                       RowOf("MaxRotationTime")};
 
-constexpr SettingRow kInputRows[] = {RowOf("InputDeviceIsLineIn"), RowOf("InputDeviceIsdBMeter"),
-                                     RowOf("ROSKAmeter"),          RowOf("GaugeBridge"),
-                                     RowOf("GaugeBridgeTrigger"),  RowOf("Commport"),
-                                     RowOf("Commtrigger")};
-
 }  // namespace
 
 bool SaveMainWindowSettings(SettingsStore& store, const SettingsValues& values) {
@@ -50,7 +45,7 @@ bool SaveDialogSettings(SettingsStore& store, const SettingsValues& values) {
 bool SaveInputChoice(SettingsStore& store, const InputChoice& choice) {
   SettingsValues values;
   values.Input = choice;
-  return SaveRows(store, kInputRows, values);
+  return SaveRows(store, InputRows(), values);
 }
 
 bool SaveCalibration(SettingsStore& store, float dBCalAdjust0dB) {

@@ -4,22 +4,6 @@
 
 namespace lobegraph {
 
-std::string NameOf(StatusColour colour) {
-  switch (colour) {
-    case StatusColour::Yellow:
-      return "yellow";
-    case StatusColour::Green:
-      return "green";
-    case StatusColour::LightRed:
-      return "light red";
-    case StatusColour::Red:
-      return "red";
-    case StatusColour::LightYellow:
-      break;
-  }
-  return "light yellow";
-}
-
 std::string FakePanel::DateTimeText() {
   log_.emplace_back("DateTimeText");
   return DateTime;
@@ -142,6 +126,7 @@ CollectionRig::CollectionRig() {
   Settings.DetectStopNumberOfReadings = 5;
   Settings.PeakInputLevel = 1000.0F;
   Settings.ShowLogScale = true;
+  MeterForm.OnChange = [this](const std::string& change) { Log.push_back(change); };
 }
 
 void CollectionRig::HoldPattern(int readings) {
@@ -164,7 +149,7 @@ void CollectionRig::HaltAfter(int index) {
 
 void CollectionRig::UseSerialMeter() {
   Choice.InputDeviceIsdBMeter = true;
-  Port.Open = true;
+  Port.IsOpen = true;
   HearMeter();
 }
 

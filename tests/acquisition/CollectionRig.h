@@ -9,6 +9,7 @@
 #include "acquisition/run/CalibrateSweep.h"
 #include "acquisition/run/CollectionEngine.h"
 #include "support/FakeClock.h"
+#include "support/MeterFakes.h"
 #include "support/RecordingStore.h"
 
 namespace lobegraph {
@@ -16,7 +17,7 @@ namespace lobegraph {
 /// All that the doubles of one run were asked to do, in order.
 using CallLog = std::vector<std::string>;
 
-std::string NameOf(StatusColour colour);
+using test::NameOf;
 
 /// The window as the user left it. Writes go to the log; values stay to be looked at.
 class FakePanel final : public CollectionPanel {
@@ -87,7 +88,7 @@ class FakePanel final : public CollectionPanel {
 };
 
 /// A source that gives what the test says and lasts as long as the test says.
-class FakeLevel final : public LevelReader {
+class FakeLevel {
  public:
   FakeLevel(CallLog& log, FakeClock& clock) : log_(log), clock_(clock) {}
   float Level = 300.0F;
@@ -95,18 +96,16 @@ class FakeLevel final : public LevelReader {
   int Samples = 0;
   std::function<float(int)> OnSample;  ///< number of the sample, from 1
 
-  float ReadInputLevel() override;
+  float ReadInputLevel();
 
  private:
   CallLog& log_;
   FakeClock& clock_;
 };
 
-class FakeTrigger final : public TriggerWaiter {
- public:
+struct FakeTrigger {
   int Waits = 0;
   std::function<bool(int)> OnWait = [](int) { return true; };
-  bool WaitForTrigger() override { return OnWait(++Waits); }
 };
 
 class FakeSound final : public SoundCapture {
@@ -120,28 +119,6 @@ class FakeSound final : public SoundCapture {
   void StopSoundCapture() override { log_.emplace_back("StopSoundCapture"); }
   std::string SoundFailure() override { return Failure; }
   std::string SoundSourceName() const override { return "Test input"; }
-
- private:
-  CallLog& log_;
-};
-
-class FakeMeterPort final : public MeterPort {
- public:
-  explicit FakeMeterPort(CallLog& log) : log_(log) {}
-  bool Open = false;
-  bool PortOpen() const override { return Open; }
-  void Send(std::string_view text) override { log_.push_back("Send " + std::string(text)); }
-
- private:
-  CallLog& log_;
-};
-
-class FakeMeterWindow final : public MeterWindow {
- public:
-  explicit FakeMeterWindow(CallLog& log) : log_(log) {}
-  void SetStatusText(const std::string& text) override { log_.push_back("lblStatus " + text); }
-  void PaintStatusShape(StatusColour colour) override { log_.push_back("shape " + NameOf(colour)); }
-  void SetStateCount(const std::string& text) override { log_.push_back("lblStateCount " + text); }
 
  private:
   CallLog& log_;
@@ -168,8 +145,8 @@ struct CollectionRig {
   FakeLevel Level{Log, Time};
   FakeTrigger Trigger;
   FakeSound Sound{Log};
-  FakeMeterPort Port{Log};
-  FakeMeterWindow MeterForm{Log};
+  test::FakeSCom Port{Log, "meter"};
+  test::FakeDisplay MeterForm;
   MeterState Meter;
   RecordingStore Store;
   SettingsValues Settings;
@@ -178,8 +155,21 @@ struct CollectionRig {
   FakeMessages Messages{Log};
   DeviceMessages Waiting{Flags, Messages};
   SourceWatch Pump{Window, Sound, Flags};
-  CollectionParts Parts{Time,      Pump,  Flags, Record,   Level, Trigger,  Sound,  Port,
-                        MeterForm, Meter, Store, Settings, Panel, Messages, Waiting};
+  CollectionParts Parts{Time,
+                        Pump,
+                        Flags,
+                        Record,
+                        [this] { return Level.ReadInputLevel(); },
+                        [this] { return Trigger.OnWait(++Trigger.Waits); },
+                        Sound,
+                        Port,
+                        MeterForm,
+                        Meter,
+                        Store,
+                        Settings,
+                        Panel,
+                        Messages,
+                        Waiting};
   CollectionEngine Engine{Parts};
   CalibrateSweep Sweep{Parts, Engine};
 

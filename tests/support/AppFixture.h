@@ -13,6 +13,7 @@
 #include "support/AppPlatform.h"
 #include "support/AppPrinter.h"
 #include "support/FakeClock.h"
+#include "support/InputRig.h"
 #include "support/SoundFakes.h"
 #include "support/TemporaryFolder.h"
 #include "support/TestRecord.h"
@@ -40,7 +41,8 @@ class AppFixture {
   FakeClock Time;
   FakePump Pump;
   test::FakeDevice Sound;
-  FakeMeters Meters{Log};
+  std::shared_ptr<Globals> AllShared = std::make_shared<Globals>();
+  test::InputRig Inputs{*AllShared, Log, Store};
   TemporaryFolder State;
   FakeEditor Editor;
   FakePrinter Printer{Log};
@@ -54,13 +56,15 @@ class AppFixture {
               .Time = Time,
               .Pump = Pump,
               .SoundDevice = Sound,
-              .Devices = Meters,
-              .MSComm1 = Meters,
-              .frmdBMeter = Meters,
-              .ExternalMeter = Meters,
+              .Devices = Inputs.Devices,
+              .MSComm1 = Inputs.MSComm1,
+              .frmdBMeter = Inputs.Display,
+              .MeterProgram = Inputs.Program,
+              .Trigger = Inputs.Line,
               .VersionText = "V2.1.0",
               .WorkingFolder = "/home/ham/",
               .StateFolder = State.File("turns"),
+              .Shared = AllShared,
               .frmEditLbg = &Editor,
               .Printer = &Printer},
              PlotGeometry{}};

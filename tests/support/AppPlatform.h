@@ -9,10 +9,6 @@
 #include <utility>
 #include <vector>
 
-#include "acquisition/core/LevelReader.h"
-#include "acquisition/core/MeterWindow.h"
-#include "acquisition/meters/InputDevices.h"
-#include "acquisition/serial/MeterPort.h"
 #include "app/parts/ErrorEdge.h"
 #include "app/parts/SystemText.h"
 #include "app/parts/UserDialogs.h"
@@ -174,38 +170,6 @@ class AppStore final : public RecordingStore {
     const bool saved = RecordingStore::Save(application, section, key, text);
     log_.push_back(Log.back());
     return saved;
-  }
-
- private:
-  AppLog& log_;
-};
-
-/// Meter, trigger and USB module; none of them is there.
-class FakeMeters final : public InputDevices, public MeterPort, public MeterWindow, public MeterPoll {
- public:
-  explicit FakeMeters(AppLog& log) : log_(log) {}
-  bool Open = false;
-  bool UsbCloses = true;
-  std::function<void()> OnPoll;
-
-  void ShowMeterWindow() override { log_.emplace_back("ShowMeterWindow"); }
-  void OpenMeterPort(std::int16_t port, std::string_view baud) override {
-    log_.push_back("OpenMeterPort " + std::to_string(port) + " " + std::string(baud));
-  }
-  void OpenTriggerPort() override { log_.emplace_back("OpenTriggerPort"); }
-  void CloseMeterPort() override { log_.emplace_back("CloseMeterPort"); }
-  void CloseTriggerPort() override { log_.emplace_back("CloseTriggerPort"); }
-  bool CloseUsbModule() override {
-    log_.emplace_back("CloseUsbModule");
-    return UsbCloses;
-  }
-  bool PortOpen() const override { return Open; }
-  void Send(std::string_view text) override { log_.push_back("Send " + std::string(text)); }
-  void SetStatusText(const std::string& text) override { log_.push_back("lblStatus=" + text); }
-  void PaintStatusShape(StatusColour) override { log_.emplace_back("PaintStatusShape"); }
-  void SetStateCount(const std::string& text) override { log_.push_back("lblStateCount=" + text); }
-  void Poll() override {
-    if (OnPoll) OnPoll();
   }
 
  private:

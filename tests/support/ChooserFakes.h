@@ -5,10 +5,10 @@
 #include <string>
 #include <vector>
 
-#include "acquisition/meters/InputDevices.h"
 #include "acquisition/sound/SoundCapture.h"
 #include "app/input/frmChooseInput.h"
 #include "app/parts/AppParts.h"
+#include "support/InputRig.h"
 
 namespace lobegraph::test {
 
@@ -116,22 +116,6 @@ struct ChooserWorld {
   DiskFiles Files;
   NoEnd End;
   AppParts Parts{Shared, Window, Dialogs, System, Files, End};
-};
-
-class LoggedDevices final : public InputDevices {
- public:
-  explicit LoggedDevices(std::vector<std::string>& log) : log_(log) {}
-  void ShowMeterWindow() override { log_.emplace_back("show meter window"); }
-  void OpenMeterPort(std::int16_t port, std::string_view baud) override {
-    log_.push_back("open meter port " + std::to_string(port) + " " + std::string(baud));
-  }
-  void OpenTriggerPort() override { log_.emplace_back("open trigger port"); }
-  void CloseMeterPort() override { log_.emplace_back("close meter port"); }
-  void CloseTriggerPort() override { log_.emplace_back("close trigger port"); }
-  bool CloseUsbModule() override { return true; }
-
- private:
-  std::vector<std::string>& log_;
 };
 
 class LoggedSound final : public SoundCapture {

@@ -12,6 +12,22 @@
 
 namespace lobegraph::test {
 
+inline std::string NameOf(StatusColour colour) {
+  switch (colour) {
+    case StatusColour::Yellow:
+      return "yellow";
+    case StatusColour::Green:
+      return "green";
+    case StatusColour::LightRed:
+      return "light red";
+    case StatusColour::Red:
+      return "red";
+    case StatusColour::LightYellow:
+      break;
+  }
+  return "light yellow";
+}
+
 /// What the doubles of a test were asked to do, in order.
 using Calls = std::vector<std::string>;
 
@@ -22,19 +38,30 @@ class FakeDisplay final : public MeterDisplay {
   StatusColour Shape = StatusColour::LightYellow, Indicator = StatusColour::LightYellow;
   float Dbm = 0, DownDb = -1;
   int Shown = 0;
-  std::vector<std::string> Readings;
+  int Changes = 0;
+  std::function<void(const std::string&)> OnChange;  ///< hears of each status, shape and window, in words
 
-  void ShowWindow() override { ++Shown; }
-  void SetReading(const std::string& reading) override {
-    Reading = reading;
-    Readings.push_back(reading);
+  void ShowWindow() override {
+    ++Shown;
+    Tell("show meter window");
   }
-  void SetReadingDbm(float dbm) override { Dbm = dbm; }
-  void SetDownDb(float downDb) override { DownDb = downDb; }
-  void PaintLevelIndicator(StatusColour colour) override { Indicator = colour; }
-  void SetStatusText(const std::string& text) override { lblStatus = text; }
-  void PaintStatusShape(StatusColour colour) override { Shape = colour; }
-  void SetStateCount(const std::string& text) override { lblStateCount = text; }
+
+ private:
+  void Show(const MeterShown& shown) override {
+    ++Changes;
+    if (lblStatus != shown.Status) Tell("lblStatus " + shown.Status);
+    if (shown.StatusShape && Shape != *shown.StatusShape) Tell("shape " + NameOf(*shown.StatusShape));
+    lblStatus = shown.Status;
+    lblStateCount = shown.StateCount;
+    Shape = shown.StatusShape.value_or(Shape);
+    Indicator = shown.LevelIndicator.value_or(Indicator);
+    DownDb = shown.DownDb.value_or(DownDb);
+    if (const auto* text = std::get_if<std::string>(&shown.Reading)) Reading = *text;
+    if (const auto* dbm = std::get_if<float>(&shown.Reading)) Dbm = *dbm;
+  }
+  void Tell(const std::string& what) const {
+    if (OnChange) OnChange(what);
+  }
 };
 
 /// A port in memory.
@@ -51,20 +78,10 @@ class FakeSCom final : public SCom {
 
   bool PortOpen() const override { return IsOpen; }
   void Send(std::string_view text) override { Note("send " + std::string(text)); }
-  void SetPortNumber(std::int16_t number) override {
-    Number = number;
-    Note("port " + std::to_string(number));
-  }
   std::int16_t PortNumber() const override { return Number; }
-  void SetBaud(std::string_view baud) override { Note("baud " + std::string(baud)); }
-  void SetInputLength(int characters) override { Note("input length " + std::to_string(characters)); }
-  void SetDtr(bool on) override { Note(on ? "dtr" : "no dtr"); }
-  void SetRts(bool on) override { Note(on ? "rts" : "no rts"); }
-  void SetReceiveThreshold(int characters) override { Note("receive " + std::to_string(characters)); }
-  void SetSendThreshold(int characters) override { Note("transmit " + std::to_string(characters)); }
-  void SetInputMode(int mode) override { Note("input mode " + std::to_string(mode)); }
-  Outcome Open() override {
-    Note("open");
+  Outcome Open(std::int16_t number, std::string_view baud) override {
+    Number = number;
+    Note("open " + std::to_string(number) + " " + std::string(baud));
     IsOpen = OnOpen.Opened;
     return OnOpen;
   }
@@ -89,6 +106,7 @@ class FakeD2xx final : public D2xx {
   std::vector<std::string> Devices = {"DLP2232M A", "DLP2232M B"};
   std::map<std::string, FtStatus> Failures;  ///< by the call as it is noted
   Calls Made;
+  std::function<void(const std::string&)> OnCall;  ///< hears of each as well
   std::function<std::uint8_t()> Pins = [] { return std::uint8_t{0}; };
 
   FtStatus FT_ListDevices(std::uint32_t& count, const std::string& empty, std::uint32_t flags) override {
@@ -127,6 +145,7 @@ class FakeD2xx final : public D2xx {
   }
   FtStatus Note(const std::string& call) {
     Made.push_back(call);
+    if (OnCall) OnCall(call);
     const auto failure = Failures.find(call);
     return failure == Failures.end() ? kFtOk : failure->second;
   }

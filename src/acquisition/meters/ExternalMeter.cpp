@@ -13,8 +13,7 @@ constexpr float kRangeDb = 60.0F;
 constexpr float kSmallest = 0.00001F;
 constexpr double kLargestDbm = 1e30;
 
-/// Somebody else's text: a number beyond all sense is a very large one, never a fault in the middle of a
-/// turn.
+/// Somebody else's text: a number of any size is a value, never a fault in the middle of a turn.
 float DbmOf(const std::string& text) {
   try {
     return static_cast<float>(std::clamp(LeadingNumber(text), -kLargestDbm, kLargestDbm));

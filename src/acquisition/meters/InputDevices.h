@@ -1,23 +1,65 @@
 #pragma once
 
-#include <cstdint>
+#include <string>
 #include <string_view>
+
+#include "acquisition/core/UserMessages.h"
+#include "acquisition/meters/dBMeter.h"
+#include "acquisition/serial/SCom.h"
+#include "acquisition/trigger/UsbModule.h"
+#include "settings/SettingsValues.h"
 
 namespace lobegraph {
 
-/// The meter's and the trigger's connections as start-up and shutdown use them.
+/// The meter's port, the trigger's port, the USB module and the meter window, opened and closed together.
 class InputDevices {
  public:
-  virtual ~InputDevices() = default;
-  virtual void ShowMeterWindow() = 0;
+  struct Parts {
+    SCom& MSComm1;
+    SCom& MSCommTrigger;
+    UsbModule& Usb;
+    MeterDisplay& Display;
+    dBMeter& Meter;
+    const SettingsValues& Settings;
+    UserMessages& Messages;
+  };
+  /// From now on what the meter's port receives is parsed, and a port whose far end goes is told in the meter
+  /// window.
+  explicit InputDevices(const Parts& parts);
+
+  enum class Occasion { StartUp, Chosen };
+  /// Opens what the chosen source needs: the meter window and the meter's port, then the trigger's port.
+  /// Deliberate: once chosen, the external meter program gets a port too, unlike at start-up, so that a meter
+  /// which that program shares can be watched.
+  void Open(Occasion occasion);
+  /// The meter's port, then the trigger's.
+  void ClosePorts();
+
   /// Reports itself when the port is not to be had. @param port COM number, 0 for none
-  virtual void OpenMeterPort(std::int16_t port, std::string_view baud) = 0;
+  void OpenMeterPort(std::int16_t port, std::string_view baud);
   /// The same for the trigger's port, as the input choice says.
-  virtual void OpenTriggerPort() = 0;
-  virtual void CloseMeterPort() = 0;
-  virtual void CloseTriggerPort() = 0;
+  void OpenTriggerPort();
+  void CloseMeterPort() { CloseIfOpen(parts_.MSComm1); }
+  void CloseTriggerPort() { CloseIfOpen(parts_.MSCommTrigger); }
   /// Releases the USB module if it is open. @return false when that failed
-  virtual bool CloseUsbModule() = 0;
+  bool CloseUsbModule() { return parts_.Usb.Close(); }
+  void ShowMeterWindow() { parts_.Display.ShowWindow(); }
+
+ private:
+  static void CloseIfOpen(SCom& port);
+  bool TriggerSharesMeterPort() const;
+  void Report(const std::string& text, const SCom::Outcome& outcome);
+
+  Parts parts_;
 };
+
+inline constexpr const char* kMeterPortFailed =
+    "COM Port not available. May be in use by another program\r\n"
+    "If yes, then close that program and retry.\r\n"
+    "If no, then change the CommPort to another port and try again.";
+inline constexpr const char* kTriggerPortFailed =
+    "Trigger COM Port not available. May be in use by another program\r\n"
+    "If yes, then close that program and retry.\r\n"
+    "If no, then change to another port and try again.";
 
 }  // namespace lobegraph

@@ -4,8 +4,8 @@
 #include <cmath>
 #include <numbers>
 
+#include "acquisition/meters/LevelSource.h"
 #include "data/base/Numbers.h"
-#include "data/base/Rounding.h"
 #include "data/base/RunTimeError.h"
 #include "settings/SettingsWriter.h"
 
@@ -15,8 +15,6 @@ namespace {
 constexpr float kFullScaleRaw = 600.0F;
 constexpr float kFullScaleDb = 60.0F;
 constexpr float kLargestRaw = 1e30F;  // three of them still have a sum
-constexpr std::size_t kLongestNumber = 64;
-constexpr std::string_view kTarvenName = "TARVEN";
 
 /// Noise on the line can look like a number of any size; it must not end a turn.
 float RawValue(std::string_view text) {
@@ -44,66 +42,14 @@ float dBMeter::ConvertReading(std::string_view text) {
 }
 
 void dBMeter::ParseChars(std::string_view text) {
-  for (const char character : text) {
-    if (settings_.Input.ROSKAmeter) {
-      ParseRoska(character);
-    } else if (ParseTarven(character) == Rest::Ignore) {
-      return;
-    }
-  }
+  const SerialProtocol receive = SourceOf(settings_.Input).Protocol;
+  if (receive == nullptr) return;
+  receive(text, state_.Received, [this](const std::string& number) { TakeReading(number); });
 }
 
-void dBMeter::ParseRoska(char character) {
-  if (character == ' ') {
-    buffer_.clear();
-  } else if (character >= '0' && character <= '9') {
-    Append(character);
-  } else if (character == ';') {
-    TakeReading();
-    buffer_.clear();
-    state_.MeterReadingCount = ToInt32(state_.MeterReadingCount + 1.0);
-  }
-}
-
-dBMeter::Rest dBMeter::ParseTarven(char character) {
-  switch (character) {
-    case '-':
-      capturing_ = false;
-      buffer_.clear();
-      break;
-    case '\r':
-      capturing_ = true;
-      buffer_.clear();
-      break;
-    case '\n':
-      buffer_.clear();
-      break;
-    case ' ':
-      return EndTarvenWord();
-    default:
-      if (capturing_) Append(character);
-  }
-  return Rest::Read;
-}
-
-dBMeter::Rest dBMeter::EndTarvenWord() {
-  if (buffer_ == kTarvenName) {
-    capturing_ = false;
-    buffer_.clear();
-    return Rest::Ignore;
-  }
-  if (capturing_) TakeReading();
-  capturing_ = false;
-  return Rest::Read;
-}
-
-void dBMeter::Append(char character) {
-  if (buffer_.size() < kLongestNumber) buffer_ += character;
-}
-
-void dBMeter::TakeReading() {
-  state_.MeterLevel = ConvertReading(buffer_);
-  display_.SetReading(buffer_);
+void dBMeter::TakeReading(const std::string& number) {
+  state_.MeterLevel = ConvertReading(number);
+  display_.SetReading(number);
   display_.SetDownDb(kFullScaleDb - state_.MeterDb);
 }
 

@@ -18,28 +18,21 @@ class dBMeter {
 
   /// A meter value (tenths of a dB, full scale 600) joins the mean of three, and that becomes MeterDb.
   /// Deliberate: the first two values after start-up are averaged with zeros, and a value between 600 and 601
-  /// passes unclamped: old patterns were measured so. A text without a leading number is 0, a number beyond
-  /// all sense is a very large one.
+  /// passes unclamped: old patterns were measured so. A text without a leading number is 0, a number of any
+  /// size is a value.
   /// @return the linear level, 1000 x 10^((MeterDb - 60) / 20)
   float ConvertReading(std::string_view text);
 
-  /// Received characters of the serial meter that is chosen, in pieces of any size. Each complete number
+  /// Text received from the port of the meter that is chosen, in pieces of any size. Each complete number
   /// becomes the level and is shown.
   void ParseChars(std::string_view text);
 
  private:
-  enum class Rest { Read, Ignore };
-  void ParseRoska(char character);
-  Rest ParseTarven(char character);
-  Rest EndTarvenWord();
-  void Append(char character);
-  void TakeReading();
+  void TakeReading(const std::string& number);
 
   MeterState& state_;
   const SettingsValues& settings_;
   MeterDisplay& display_;
-  std::string buffer_;  ///< characters of the number being received
-  bool capturing_ = false;
 };
 
 /// Makes the present mean of the meter 0 dB down, stores the calibration and puts it into the settings.

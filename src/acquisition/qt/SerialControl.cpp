@@ -14,8 +14,6 @@
 namespace lobegraph {
 namespace {
 
-constexpr int kStoredBaud = 57600;  // of a port for which no speed was set
-
 /// The group that may open a device which this user may not; empty when rights are not what is missing.
 std::string GroupToJoin(const std::string& path) {
   struct stat status {};
@@ -27,7 +25,7 @@ std::string GroupToJoin(const std::string& path) {
 
 }  // namespace
 
-SerialControl::SerialControl(const ComPorts& ports) : ports_(ports), baud_(kStoredBaud) {
+SerialControl::SerialControl(const ComPorts& ports) : ports_(ports) {
   QObject::connect(&port_, &QSerialPort::readyRead, &port_, [this] {
     if (OnComm) OnComm(kReceived);
   });
@@ -35,31 +33,24 @@ SerialControl::SerialControl(const ComPorts& ports) : ports_(ports), baud_(kStor
                    [this](QSerialPort::SerialPortError error) { ErrorOccurred(error); });
 }
 
-void SerialControl::SetBaud(std::string_view baud) { baud_ = ToInt32(LeadingNumber(baud)); }
-
-SCom::Outcome SerialControl::Open() {
+SCom::Outcome SerialControl::Open(std::int16_t number, std::string_view baud) {
+  number_ = number;
   const std::optional<std::string> path = ports_.PathOf(number_);
   if (!path) return {};
   port_.setPortName(QString::fromStdString(*path));
-  port_.setBaudRate(baud_);
+  port_.setBaudRate(ToInt32(LeadingNumber(baud)));
   port_.setDataBits(QSerialPort::Data8);
   port_.setParity(QSerialPort::NoParity);
   port_.setStopBits(QSerialPort::OneStop);
   port_.setFlowControl(QSerialPort::NoFlowControl);
   if (!port_.open(QIODevice::ReadWrite)) return {.Opened = false, .GroupToJoin = GroupToJoin(*path)};
-  port_.setDataTerminalReady(dtr_);
-  port_.setRequestToSend(rts_);
+  port_.setDataTerminalReady(true);
+  port_.setRequestToSend(true);
   return {.Opened = true, .GroupToJoin = ""};
 }
 
-void SerialControl::Close() { port_.close(); }
-
 void SerialControl::Send(std::string_view text) {
   if (PortOpen()) port_.write(text.data(), static_cast<qint64>(text.size()));
-}
-
-std::string SerialControl::Input() {
-  return (inputLength_ == 0 ? port_.readAll() : port_.read(inputLength_)).toStdString();
 }
 
 bool SerialControl::CtsHolding() {

@@ -18,19 +18,10 @@ class SerialControl final : public SCom {
 
   bool PortOpen() const override { return port_.isOpen(); }
   void Send(std::string_view text) override;
-  void SetPortNumber(std::int16_t number) override { number_ = number; }
   std::int16_t PortNumber() const override { return number_; }
-  void SetBaud(std::string_view baud) override;
-  void SetInputLength(int characters) override { inputLength_ = characters; }
-  void SetDtr(bool asserted) override { dtr_ = asserted; }
-  void SetRts(bool asserted) override { rts_ = asserted; }
-  /// An event for every batch received is the only threshold there is.
-  void SetReceiveThreshold(int) override {}
-  void SetSendThreshold(int) override {}
-  void SetInputMode(int) override {}  ///< text, always
-  Outcome Open() override;
-  void Close() override;
-  std::string Input() override;
+  Outcome Open(std::int16_t number, std::string_view baud) override;
+  void Close() override { port_.close(); }
+  std::string Input() override { return port_.readAll().toStdString(); }
   bool CtsHolding() override;
   std::optional<std::uint32_t> CtsChanges() override;
 
@@ -40,10 +31,6 @@ class SerialControl final : public SCom {
   const ComPorts& ports_;
   QSerialPort port_;
   std::int16_t number_ = 0;
-  int baud_;
-  int inputLength_ = 0;
-  bool dtr_ = true;
-  bool rts_ = true;
 };
 
 }  // namespace lobegraph

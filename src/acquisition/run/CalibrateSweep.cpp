@@ -26,19 +26,20 @@ void CalibrateSweep::chkCalibrate_Click() {
   if (MeterReady()) panel.EnableTimer1();
 }
 
-/// Deliberate: a closed port of a ROSKA meter unticks the box and yet lets the sweep start; it ends at its
-/// first point and leaves the empty grid, which shows that no level comes in.
+/// Deliberate: a closed port of a meter that takes a command unticks the box and yet lets the sweep start; it
+/// ends at its first point and leaves the empty grid, which shows that no level comes in.
 bool CalibrateSweep::MeterReady() {
-  const InputChoice& choice = parts_.Settings.Input;
-  if (parts_.MSComm1.PortOpen() && choice.ROSKAmeter && choice.InputDeviceIsdBMeter) {
-    parts_.MSComm1.Send("*c");
-  } else if (choice.ROSKAmeter) {
-    parts_.Messages.Show({kMeterPortMessage});
-    parts_.Panel.UncheckCalibrate();
-  }
-  if (!choice.InputDeviceIsdBMeter || !choice.GaugeBridge || ExternalMeterReady(parts_)) return true;
+  const LevelSource& source = parts_.Source();
+  if (!source.CalibrateCommand.empty()) SendCommand(source.CalibrateCommand);
+  if (source.Comes != Intake::Polled || ExternalMeterReady(parts_)) return true;
   parts_.Panel.UncheckCalibrate();
   return false;
+}
+
+void CalibrateSweep::SendCommand(std::string_view command) {
+  if (parts_.MSComm1.PortOpen()) return parts_.MSComm1.Send(command);
+  parts_.Messages.Show({kMeterPortMessage});
+  parts_.Panel.UncheckCalibrate();
 }
 
 RunReport CalibrateSweep::Timer1_Timer() {
@@ -116,7 +117,7 @@ void CalibrateSweep::ShowPoint(float counter) {
 float CalibrateSweep::AverageLevel() {
   SampleMean mean;
   for (int sample = 0; sample < kSamplesPerPoint; ++sample) {
-    mean.Add(parts_.Level.ReadInputLevel());
+    mean.Add(parts_.ReadInputLevel());
     Pause(parts_.Pump, parts_.Time, kSamplePauseMs);
   }
   return mean.Mean();

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string_view>
+
 #include "acquisition/run/CollectionEngine.h"
 #include "acquisition/run/CollectionParts.h"
 #include "acquisition/run/RunReport.h"
@@ -23,6 +25,7 @@ class CalibrateSweep {
 
  private:
   bool MeterReady();
+  void SendCommand(std::string_view command);
   void Begin();
   void Sweep();
   bool GoesOn() const;

@@ -1,5 +1,7 @@
 #include "acquisition/run/ChosenInput.h"
 
+#include "acquisition/meters/LevelSource.h"
+
 namespace lobegraph {
 namespace {
 
@@ -20,7 +22,8 @@ StatusColour StatusOf(SoundColour colour) {
 }  // namespace
 
 float ChosenInput::ReadInputLevel() {
-  return parts_.Settings.Input.InputDeviceIsdBMeter ? ReadMeter() : ReadSoundCard();
+  const Intake comes = SourceOf(parts_.Settings.Input).Comes;
+  return comes == Intake::SoundCard ? ReadSoundCard() : ReadMeter(comes == Intake::Polled);
 }
 
 float ChosenInput::ReadSoundCard() {
@@ -30,8 +33,8 @@ float ChosenInput::ReadSoundCard() {
   return reading.Level;
 }
 
-float ChosenInput::ReadMeter() {
-  if (parts_.Settings.Input.GaugeBridge) parts_.ExternalMeter.Poll();
+float ChosenInput::ReadMeter(bool polled) {
+  if (polled) parts_.Program.Poll();
   const float level = parts_.Meter.MeterLevel;
   Pause(parts_.Pump, parts_.Time, kMeterPauseMs);
   return level;

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "acquisition/core/Clock.h"
-#include "acquisition/core/LevelReader.h"
 #include "acquisition/core/RunFlags.h"
+#include "acquisition/meters/ExternalMeter.h"
 #include "acquisition/meters/MeterState.h"
 #include "acquisition/run/CollectionPanel.h"
 #include "acquisition/sound/SoundLevel.h"
@@ -11,7 +11,7 @@
 namespace lobegraph {
 
 /// Takes each sample from the source that the user chose.
-class ChosenInput final : public LevelReader {
+class ChosenInput {
  public:
   struct Parts {
     const SettingsValues& Settings;
@@ -19,20 +19,21 @@ class ChosenInput final : public LevelReader {
     SoundLevelState& Sound;
     const SoundThresholds& Thresholds;
     const MeterState& Meter;
-    MeterPoll& ExternalMeter;
+    ExternalMeter& Program;
     EventPump& Pump;
     Clock& Time;
     CollectionPanel& Panel;
   };
   explicit ChosenInput(const Parts& parts) : parts_(parts) {}
 
+  /// Linear level: 1 to the peak input level (sound card), 1 to 1000 (meters).
   /// Sound card: sleeps to the next millisecond tick, and paints the level's box by the level. Meter: serves
   /// the window once and lasts 5 ms, in which its next value comes in.
-  float ReadInputLevel() override;
+  float ReadInputLevel();
 
  private:
   float ReadSoundCard();
-  float ReadMeter();
+  float ReadMeter(bool polled);
 
   Parts parts_;
 };

@@ -1,16 +1,17 @@
 #pragma once
 
+#include <functional>
+
 #include "acquisition/core/Clock.h"
-#include "acquisition/core/LevelReader.h"
-#include "acquisition/core/MeterWindow.h"
+#include "acquisition/core/MeterDisplay.h"
 #include "acquisition/core/RunFlags.h"
 #include "acquisition/core/UserMessages.h"
+#include "acquisition/meters/LevelSource.h"
 #include "acquisition/meters/MeterState.h"
 #include "acquisition/run/CollectionPanel.h"
 #include "acquisition/run/SourceWatch.h"
-#include "acquisition/serial/MeterPort.h"
+#include "acquisition/serial/SCom.h"
 #include "acquisition/sound/SoundCapture.h"
-#include "acquisition/trigger/TriggerWaiter.h"
 #include "data/record/ReadingsRecord.h"
 #include "settings/SettingsStore.h"
 #include "settings/SettingsValues.h"
@@ -24,11 +25,11 @@ struct CollectionParts {
   SourceWatch& Pump;
   RunFlags& Flags;
   ReadingsRecord& Record;
-  LevelReader& Level;
-  TriggerWaiter& Trigger;
+  std::function<float()> ReadInputLevel;  ///< one sample, see ChosenInput
+  std::function<bool()> WaitForTrigger;   ///< see RotatorTrigger
   SoundCapture& Sound;
-  MeterPort& MSComm1;
-  MeterWindow& frmdBMeter;
+  SCom& MSComm1;
+  MeterDisplay& frmdBMeter;
   const MeterState& Meter;
   SettingsStore& Store;
   const SettingsValues& Settings;
@@ -36,7 +37,8 @@ struct CollectionParts {
   UserMessages& Messages;   ///< refusals, shown at once: nothing runs then
   DeviceMessages& Waiting;  ///< what devices had to say during the run, shown after the unlock
 
-  bool FromSoundCard() const { return !Settings.Input.InputDeviceIsdBMeter; }
+  const LevelSource& Source() const { return SourceOf(Settings.Input); }
+  bool FromSoundCard() const { return !Source().IsMeter(); }
 };
 
 }  // namespace lobegraph

@@ -73,7 +73,7 @@ bool CollectionRun::StartSource() {
 
 void CollectionRun::AwaitSignal() {
   do {
-    if (parts_.Level.ReadInputLevel() > parts_.Settings.DetectStartLevel) return;
+    if (parts_.ReadInputLevel() > parts_.Settings.DetectStartLevel) return;
     parts_.Pump.ProcessPendingEvents();
   } while (!Halted());
 }
@@ -83,7 +83,7 @@ void CollectionRun::AwaitStartupDelay() {
   // Elapsed milliseconds x 10 are ten-thousandths of a second, as the delay is.
   std::int64_t elapsed = 0;
   do {
-    parts_.Level.ReadInputLevel();
+    parts_.ReadInputLevel();
     elapsed = Elapsed(parts_.Time.timeGetTime(), start);
     parts_.Pump.ProcessPendingEvents();
   } while (elapsed * 10 < parts_.Settings.StartupDelay.TenThousandths() && !parts_.Flags.CloseRequested);
@@ -122,11 +122,11 @@ bool CollectionRun::SampleAtTrigger(SampleMean& mean) {
   pacedByTrigger_ = true;
   bool fired = false;
   do {
-    fired = parts_.Trigger.WaitForTrigger();
+    fired = parts_.WaitForTrigger();
     parts_.Pump.ProcessPendingEvents();
   } while (!fired && !Halted());
   if (Halted()) return false;
-  for (int sample = 0; sample < kSamplesPerTrigger; ++sample) mean.Add(parts_.Level.ReadInputLevel());
+  for (int sample = 0; sample < kSamplesPerTrigger; ++sample) mean.Add(parts_.ReadInputLevel());
   return true;
 }
 
@@ -138,7 +138,7 @@ void CollectionRun::SampleUntilDeadline(SampleMean& mean) {
   nextDeadlineMs_ = ToInt32(static_cast<double>(nextDeadlineMs_) + intervalMs_);
   std::int32_t now = 0;
   do {
-    mean.Add(parts_.Level.ReadInputLevel());
+    mean.Add(parts_.ReadInputLevel());
     now = parts_.Time.timeGetTime();
   } while (now < nextDeadlineMs_ && !parts_.Flags.CloseRequested);
   if (static_cast<std::int64_t>(now) - nextDeadlineMs_ > intervalMs_) NoteLateness();

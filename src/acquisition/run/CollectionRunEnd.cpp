@@ -73,7 +73,7 @@ void CollectionRun::FinishPattern(bool faulty) {
 
 void CollectionRun::CountSilence() {
   if (parts_.FromSoundCard()) return;
-  const bool gone = !parts_.Settings.Input.GaugeBridge && !parts_.MSComm1.PortOpen();
+  const bool gone = parts_.Source().NeedsPort && !parts_.MSComm1.PortOpen();
   report_.Silent = silence_.End(parts_.Time.timeGetTime(), gone);
 }
 

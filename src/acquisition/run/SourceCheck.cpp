@@ -1,9 +1,12 @@
 #include "acquisition/run/SourceCheck.h"
 
+#include "settings/SettingsTable.h"
+
 namespace lobegraph {
 
 bool ExternalMeterReady(const CollectionParts& parts) {
-  const bool ready = parts.Store.Get("GaugeBridge", "Settings", "Active", "N") != "N";
+  const bool ready = parts.Store.Get(kGaugeBridgeApplication, kSettingsSection, kPublishedActive.Key,
+                                     kPublishedActive.Default) != "N";
   parts.frmdBMeter.SetStatusText(ready ? "The external power meter is ready."
                                        : "The external power meter is not ready.");
   parts.frmdBMeter.PaintStatusShape(ready ? StatusColour::Green : StatusColour::Red);
@@ -12,9 +15,9 @@ bool ExternalMeterReady(const CollectionParts& parts) {
 }
 
 bool SourceReady(const CollectionParts& parts) {
-  if (parts.FromSoundCard()) return true;
-  if (parts.Settings.Input.GaugeBridge) return ExternalMeterReady(parts);
-  if (parts.MSComm1.PortOpen()) return true;
+  const LevelSource& source = parts.Source();
+  if (source.Comes == Intake::Polled) return ExternalMeterReady(parts);
+  if (!source.NeedsPort || parts.MSComm1.PortOpen()) return true;
   parts.Messages.Show({kMeterPortMessage});
   return false;
 }

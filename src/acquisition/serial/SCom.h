@@ -6,15 +6,15 @@
 #include <string>
 #include <string_view>
 
-#include "acquisition/serial/MeterPort.h"
-
 namespace lobegraph {
 
-/// A serial port as a control: its properties are set first, then it is opened. 8 data bits, no parity, 1
-/// stop bit, no flow control; only one program at a time can have a port open.
-class SCom : public MeterPort {
+/// A serial port: 8 data bits, no parity, 1 stop bit, no flow control, DTR and RTS on. Only one program at a
+/// time can have a port open.
+class SCom {
  public:
   static constexpr int kReceived = 2;  ///< the event code of received data
+  /// Speed of a port for which none was chosen.
+  static constexpr std::string_view kStoredBaud = "57600";
 
   /// What became of an attempt to open.
   struct Outcome {
@@ -23,28 +23,23 @@ class SCom : public MeterPort {
     std::string GroupToJoin;
   };
 
-  virtual void SetPortNumber(std::int16_t number) = 0;
-  virtual std::int16_t PortNumber() const = 0;
-  virtual void SetBaud(std::string_view baud) = 0;
-  /// Characters that one Input takes; 0: all that wait.
-  virtual void SetInputLength(int characters) = 0;
-  virtual void SetDtr(bool asserted) = 0;
-  virtual void SetRts(bool asserted) = 0;
-  virtual void SetReceiveThreshold(int characters) = 0;
-  virtual void SetSendThreshold(int characters) = 0;
-  /// 0: text.
-  virtual void SetInputMode(int mode) = 0;
-  virtual Outcome Open() = 0;
+  virtual ~SCom() = default;
+  /// @param number COM number
+  virtual Outcome Open(std::int16_t number, std::string_view baud) = 0;
   virtual void Close() = 0;
+  virtual bool PortOpen() const = 0;
+  /// The number with which it was last opened.
+  virtual std::int16_t PortNumber() const = 0;
 
-  /// What was received and not yet taken.
+  virtual void Send(std::string_view text) = 0;
+  /// All that was received and not yet taken, as text.
   virtual std::string Input() = 0;
   /// Level of the CTS line; a closed port has none.
   virtual bool CtsHolding() = 0;
   /// Changes of the CTS line that the driver has counted; none where it does not count.
   virtual std::optional<std::uint32_t> CtsChanges() = 0;
 
-  std::function<void(int eventCode)> OnComm;  ///< called inside yields only
+  std::function<void(int eventCode)> OnComm;  ///< called inside yields only, for every batch received
   /// The far end has gone; the port is closed by then.
   std::function<void()> OnGone;
 };

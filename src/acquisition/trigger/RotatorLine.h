@@ -6,14 +6,13 @@
 
 #include "acquisition/core/RunFlags.h"
 #include "acquisition/serial/SCom.h"
-#include "acquisition/trigger/TriggerLine.h"
 #include "acquisition/trigger/UsbModule.h"
 #include "settings/InputChoice.h"
 
 namespace lobegraph {
 
 /// The rotator's pulses over the CTS line of a COM port or over the USB module, as the input choice says.
-class RotatorLine final : public TriggerLine {
+class RotatorLine {
  public:
   struct Parts {
     const InputChoice& Choice;
@@ -21,16 +20,18 @@ class RotatorLine final : public TriggerLine {
     SCom& MSCommTrigger;
     UsbModule& Usb;
     RunFlags& Flags;
-    std::function<void()> Nap;  ///< at most 0.2 ms
+    std::function<void()> Sleep;  ///< between two polls, at most 0.2 ms
   };
   explicit RotatorLine(Parts parts) : parts_(std::move(parts)) {}
 
-  void BeginWait() override;
-  /// A USB module is opened first if need be; when it cannot be, the collection ends. On a COM port a pulse
-  /// that came and went between two polls is not lost where the driver counts the line's changes.
+  /// A wait begins: pulses from before are not for it.
+  void BeginWait();
+  /// Level of the line now: 'H' or 'L'. A USB module is opened first if need be; when it cannot be, the
+  /// collection ends. On a COM port a pulse that came and went between two polls is not lost where the driver
+  /// counts the line's changes.
   /// @throws RunTimeError 6 when the count of polls overflows
-  char ReadTriggerState() override;
-  void Rest() override { parts_.Nap(); }
+  char ReadTriggerState();
+  void Sleep() { parts_.Sleep(); }
 
   /// Trigger-state reads since the last one-second tick.
   std::int32_t UsbStateCount = 0;

@@ -20,7 +20,7 @@ RotatorTrigger::Awaited RotatorTrigger::Await(char state) {
     pump_.ProcessPendingEvents();
     if (now == state) return Awaited::Came;
     if (flags_.HaltRequested == 1) return Awaited::Halted;
-    line_.Rest();
+    line_.Sleep();
   }
 }
 

@@ -1,7 +1,6 @@
 #include "app/input/InputCommands.h"
 
-#include "acquisition/serial/MeterPort.h"
-#include "app/parts/SourceText.h"
+#include "acquisition/meters/LevelSource.h"
 
 namespace lobegraph {
 
@@ -11,10 +10,10 @@ void InputCommands::cmdChooseInput_Click() {
   Enable(false);
   CloseInputs();
   showChooser_();
-  OpenInputs();
+  devices_.Open(InputDevices::Occasion::Chosen);
   shared.Run.InputReady = true;
   Enable(true);
-  parts_.View.SetText(Control::lblSource, SourceText(shared.Settings.Input, sound_.SoundSourceName()));
+  parts_.View.SetText(Control::lblSource, SourceLabel(shared.Settings.Input, sound_.SoundSourceName()));
 }
 
 void InputCommands::Enable(bool enabled) {
@@ -26,17 +25,7 @@ void InputCommands::Enable(bool enabled) {
 void InputCommands::CloseInputs() {
   if (parts_.Shared.Sound.SoundCaptureActive) sound_.StopSoundCapture();
   parts_.Shared.Run.InputReady = false;
-  devices_.CloseMeterPort();
-  devices_.CloseTriggerPort();
-}
-
-void InputCommands::OpenInputs() {
-  const InputChoice& choice = parts_.Shared.Settings.Input;
-  if (choice.InputDeviceIsdBMeter) {
-    devices_.ShowMeterWindow();
-    devices_.OpenMeterPort(choice.Commport, choice.ROSKAmeter ? kRoskaBaud : kTarvenBaud);
-  }
-  devices_.OpenTriggerPort();
+  devices_.ClosePorts();
 }
 
 }  // namespace lobegraph

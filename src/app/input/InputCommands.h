@@ -16,14 +16,12 @@ class InputCommands {
                 std::function<void()> showChooser)
       : parts_(parts), devices_(devices), sound_(sound), showChooser_(std::move(showChooser)) {}
 
-  /// Nothing while a run is on. Deliberate: unlike start-up this opens a port for the external meter program
-  /// too, so that a meter which that program shares can be watched.
+  /// Nothing while a run is on.
   void cmdChooseInput_Click();
 
  private:
   void Enable(bool enabled);
   void CloseInputs();
-  void OpenInputs();
 
   AppParts parts_;
   InputDevices& devices_;

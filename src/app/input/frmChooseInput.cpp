@@ -1,5 +1,6 @@
 #include "app/input/frmChooseInput.h"
 
+#include "acquisition/meters/LevelSource.h"
 #include "data/base/Numbers.h"
 #include "data/base/Rounding.h"
 #include "settings/SettingsReader.h"
@@ -7,23 +8,6 @@
 
 namespace lobegraph {
 namespace {
-
-constexpr int kMicrophone = 0, kLineIn = 1, kTarven = 2, kRoska = 3, kExternal = 4;
-
-struct InputRow {
-  bool InputDeviceIsLineIn, InputDeviceIsdBMeter, ROSKAmeter, GaugeBridge, MeterComShown;
-};
-constexpr InputRow kInputTable[] = {
-    {false, false, false, false, false}, {true, false, false, false, false},
-    {false, true, false, false, true},   {false, true, true, false, true},
-    {false, true, false, true, false},
-};
-
-int OptionOf(const InputChoice& choice) {
-  if (!choice.InputDeviceIsdBMeter) return choice.InputDeviceIsLineIn ? kLineIn : kMicrophone;
-  if (choice.ROSKAmeter) return kRoska;
-  return choice.GaugeBridge ? kExternal : kTarven;
-}
 
 std::vector<std::string> Numbers(int first) {
   std::vector<std::string> entries;
@@ -46,9 +30,9 @@ void frmChooseInput::Form_Load() {
 }
 
 void frmChooseInput::TickPresentChoice() {
-  const int option = OptionOf(Choice());
-  view_.TickInput(option);
-  if (kInputTable[option].MeterComShown) view_.ShowMeterCom(true);
+  const LevelSource& source = SourceToTick(Choice());
+  view_.TickInput(static_cast<int>(&source - LevelSources().data()));
+  if (source.NeedsPort) view_.ShowMeterCom(true);
 }
 
 void frmChooseInput::TickPresentTrigger() {
@@ -59,14 +43,10 @@ void frmChooseInput::TickPresentTrigger() {
 }
 
 void frmChooseInput::optInput_Click(int index) {
-  if (loading_ || index < kMicrophone || index > kExternal) return;
-  const InputRow& row = kInputTable[index];
-  InputChoice& choice = Choice();
-  choice.InputDeviceIsLineIn = row.InputDeviceIsLineIn;
-  choice.InputDeviceIsdBMeter = row.InputDeviceIsdBMeter;
-  choice.ROSKAmeter = row.ROSKAmeter;
-  choice.GaugeBridge = row.GaugeBridge;
-  view_.ShowMeterCom(row.MeterComShown);
+  if (loading_ || index < 0 || index >= static_cast<int>(LevelSources().size())) return;
+  const LevelSource& source = LevelSources()[static_cast<std::size_t>(index)];
+  Choose(source, Choice());
+  view_.ShowMeterCom(source.NeedsPort);
 }
 
 void frmChooseInput::optTrigger_Click(int index) {
@@ -88,7 +68,7 @@ void frmChooseInput::cmdOK_Click() {
 }
 
 bool frmChooseInput::SerialMeterWithoutPort() const {
-  return Choice().InputDeviceIsdBMeter && !Choice().GaugeBridge && LeadingNumber(view_.CommPortText()) == 0;
+  return SourceOf(Choice()).NeedsPort && LeadingNumber(view_.CommPortText()) == 0;
 }
 
 void frmChooseInput::SaveChoice() {

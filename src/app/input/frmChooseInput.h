@@ -83,9 +83,6 @@ inline constexpr const char* kPortGroup = " Comm port number ";
 inline constexpr const char* kTriggerGroup = " External triggering ";
 inline constexpr const char* kMeterPortLabel =
     "COM port number for TARVEN or ROSKA serially attached power meter";
-inline constexpr std::string_view kInputs[] = {
-    "Microphone", "Line-in", "TARVEN meter without using TarvenMeter program", "ROSKA Wattscan meter",
-    "LP-100-VCP or TarvenMeter or GaugeBridge"};
 inline constexpr std::string_view kTriggers[] = {
     "Use the DLP USB device", "Use the CTS pin of a COM port (choose 0 if no ext triggering)"};
 inline constexpr int kUsb = 0;

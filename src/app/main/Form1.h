@@ -36,16 +36,16 @@ struct Platform {
   EventPump& Pump;
   CaptureDevice& SoundDevice;
   InputDevices& Devices;
-  MeterPort& MSComm1;
-  MeterWindow& frmdBMeter;
-  MeterPoll& ExternalMeter;
+  SCom& MSComm1;
+  MeterDisplay& frmdBMeter;
+  ExternalMeter& MeterProgram;
+  RotatorLine& Trigger;
   std::string VersionText;          ///< "V1.2.3"
   std::string WorkingFolder;        ///< the current directory with its separator
   std::string StateFolder;          ///< where safety copies go
   DesktopAwake* Desktop = nullptr;  ///< none: there is no desktop to ask
   /// Shared with the meters, which are made before the window.
   std::shared_ptr<Globals> Shared = std::make_shared<Globals>();
-  std::shared_ptr<TriggerLine> Trigger = std::make_shared<TriggerLine>();
   /// Shows the input chooser until it is closed.
   std::function<void()> ShowChooser = [] {};
   EditorView* frmEditLbg = nullptr;
@@ -80,7 +80,6 @@ class Form1 {
 
   const std::shared_ptr<Globals> shared_;
   Globals& globals_;
-  const std::shared_ptr<TriggerLine> triggerLine_;
   AppParts parts_;
   PlotBoard board_;
   PlotCommands plot_;

@@ -1,7 +1,6 @@
 #include "app/main/ShellCommands.h"
 
-#include "acquisition/serial/MeterPort.h"
-#include "app/parts/SourceText.h"
+#include "acquisition/meters/LevelSource.h"
 #include "app/run/RunCommands.h"
 #include "settings/SettingsReader.h"
 #include "settings/SettingsWriter.h"
@@ -65,28 +64,19 @@ void ShellCommands::ReadAndApplySettings() {
 }
 
 void ShellCommands::OpenInputDevice() {
-  const InputChoice& choice = parts_.Shared.Settings.Input;
-  if (choice.InputDeviceIsdBMeter && !choice.GaugeBridge) {
-    devices_.ShowMeterWindow();
-    devices_.OpenMeterPort(choice.Commport, choice.ROSKAmeter ? kRoskaBaud : kTarvenBaud);
-  }
-  devices_.OpenTriggerPort();
-  ShowSource();
-}
-
-void ShellCommands::ShowSource() {
-  parts_.View.SetText(Control::lblSource, SourceText(parts_.Shared.Settings.Input, sound_.SoundSourceName()));
+  devices_.Open(InputDevices::Occasion::StartUp);
+  parts_.View.SetText(Control::lblSource,
+                      SourceLabel(parts_.Shared.Settings.Input, sound_.SoundSourceName()));
 }
 
 void ShellCommands::Form_QueryUnload() {
-  if (!parts_.Shared.Settings.Input.InputDeviceIsdBMeter) capture_.UninitializeSound();
+  if (!SourceOf(parts_.Shared.Settings.Input).IsMeter()) capture_.UninitializeSound();
 }
 
 bool ShellCommands::Form_Unload() {
   if (!devices_.CloseUsbModule()) return false;
   SaveOwnSettings();
-  devices_.CloseMeterPort();
-  devices_.CloseTriggerPort();
+  devices_.ClosePorts();
   if (parts_.Shared.Sound.SoundCaptureActive) sound_.StopSoundCapture();
   parts_.End.EndProgram();
   return true;

@@ -38,7 +38,6 @@ class ShellCommands {
   void AskCallSign();
   void ReadAndApplySettings();
   void OpenInputDevice();
-  void ShowSource();
   void SaveOwnSettings();
 
   AppParts parts_;

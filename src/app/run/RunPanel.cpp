@@ -1,5 +1,6 @@
 #include "app/run/RunPanel.h"
 
+#include "acquisition/meters/LevelSource.h"
 #include "app/run/RunHints.h"
 #include "processing/PlotRange.h"
 
@@ -41,7 +42,7 @@ void RunPanel::Unlock() {
 }
 
 void RunPanel::LockForSweep() {
-  BeginHint(CalibrateHint(!parts_.Shared.Settings.Input.InputDeviceIsdBMeter));
+  BeginHint(CalibrateHint(!SourceOf(parts_.Shared.Settings.Input).IsMeter()));
   Enable(LockedInSweep(), false);
 }
 
@@ -82,7 +83,7 @@ float RunPanel::PrepareAngularStep() {
   Globals& shared = parts_.Shared;
   shared.Record.Rotate = RotationFor(shared.Record, shared.Settings.LinearMode);
   board_.StartLiveTrace();
-  if (!shared.Settings.Input.InputDeviceIsdBMeter)
+  if (!SourceOf(shared.Settings.Input).IsMeter())
     parts_.View.SetText(Control::lblSource, sound_.SoundSourceName());
   return DegreesBetween(kWholeTurn, shared.Record.Plot180);
 }

@@ -71,7 +71,7 @@ TEST(MeterSilence, SeveralStretchesAreOneMessage) {
 
 TEST(MeterSilence, APortThatGoesAtTheLastReadingIsSaid) {
   SilentRig rig([](int index) { return index < 359; });
-  rig.Panel.OnStored = [&](int index) { rig.Port.Open = index < 359; };
+  rig.Panel.OnStored = [&](int index) { rig.Port.IsOpen = index < 359; };
   rig.Collect();
   EXPECT_THAT(rig.Texts(),
               ElementsAre("The meter had no fresh value for 1 reading, the first is No. 360. Check "

@@ -1,8 +1,6 @@
-// What the serial meters send, and the external meter program's values.
+// From a meter's value to the level, and the calibration.
 #include "acquisition/meters/dBMeter.h"
 
-#include "acquisition/meters/ExternalMeter.h"
-#include "data/base/RunTimeError.h"
 #include "support/MeterFakes.h"
 #include "support/RecordingStore.h"
 
@@ -10,7 +8,6 @@ namespace lobegraph {
 namespace {
 
 using ::testing::ElementsAre;
-using ::testing::IsEmpty;
 
 struct Rig {
   MeterState State;
@@ -18,7 +15,6 @@ struct Rig {
   test::FakeDisplay Display;
   RecordingStore Store;
   dBMeter Meter{State, Settings, Display};
-  ExternalMeter External{Store, Meter, State, Display};
 
   explicit Rig(bool roska = false) {
     Settings.Input.InputDeviceIsdBMeter = true;
@@ -28,13 +24,6 @@ struct Rig {
     Meter.ConvertReading(text);
     Meter.ConvertReading(text);
     return Meter.ConvertReading(text);
-  }
-  void PollThrice() {
-    for (int i = 0; i < 3; ++i) External.Poll();
-  }
-  void Publish(const std::string& active, const std::string& reading) {
-    Store.Put("Active", active, "GaugeBridge");
-    Store.Put("Reading", reading, "GaugeBridge");
   }
 };
 
@@ -118,74 +107,7 @@ TEST(ConvertReading, NoiseThatLooksLikeAHugeNumberIsFullScaleAndNoFault) {
   }
 }
 
-/// Received text, the values it gives.
-struct ParseRow {
-  const char* Name;
-  bool Roska;
-  std::string Text;
-  std::vector<std::string> Readings;
-};
-class Parsing : public ::testing::TestWithParam<ParseRow> {};
-
-const ParseRow kParseRows[] = {
-    {"RoskaTwoReadings", true, "123;456;", {"123", "456"}},
-    {"RoskaEveryDigit", true, "109;238;476;5;", {"109", "238", "476", "5"}},
-    {"RoskaTheNeighboursOfTheDigitsAreNone", true, "1/2:3;", {"123"}},
-    {"RoskaASpaceEmptiesTheBuffer", true, "12 34;", {"34"}},
-    {"RoskaAnEmptyBufferConvertsAfterASpace", true, "123; ;", {"123", ""}},
-    {"RoskaOtherCharactersAreIgnored", true, "a1\r\nb2.-3;", {"123"}},
-    {"RoskaNothingWithoutItsEnd", true, "123", {}},
-    {"TarvenOneReading", false, "\r345 ", {"345"}},
-    {"TarvenAMinusCancels", false, "\r345- ", {}},
-    {"TarvenAMinusStopsCapturing", false, "\r34-5 ", {}},
-    {"TarvenALineFeedEmptiesAndCapturesOn", false, "\r12\n345 ", {"345"}},
-    {"TarvenNothingBeforeACarriageReturn", false, "345 ", {}},
-    {"TarvenOneReadingPerCarriageReturn", false, "\r345 678 \r9 ", {"345", "9"}},
-    {"TarvenTheCarriageReturnEmpties", false, "\r12\r345 ", {"345"}},
-    {"TarvenOtherCharactersJoin", false, "\r34.5 ", {"34.5"}},
-};
-
-TEST_P(Parsing, AsOneText) {
-  Rig rig(GetParam().Roska);
-  rig.Meter.ParseChars(GetParam().Text);
-  EXPECT_EQ(rig.Display.Readings, GetParam().Readings);
-}
-
-TEST_P(Parsing, SplitAtEveryByte) {
-  const std::string& text = GetParam().Text;
-  for (std::size_t cut = 0; cut <= text.size(); ++cut) {
-    Rig rig(GetParam().Roska);
-    rig.Meter.ParseChars(text.substr(0, cut));
-    rig.Meter.ParseChars(text.substr(cut));
-    EXPECT_EQ(rig.Display.Readings, GetParam().Readings) << "cut at " << cut;
-  }
-}
-
-TEST_P(Parsing, ByteByByte) {
-  Rig rig(GetParam().Roska);
-  for (const char character : GetParam().Text) rig.Meter.ParseChars({&character, 1});
-  EXPECT_EQ(rig.Display.Readings, GetParam().Readings);
-}
-INSTANTIATE_TEST_SUITE_P(Meters, Parsing, ::testing::ValuesIn(kParseRows),
-                         [](const auto& row) { return row.param.Name; });
-
-TEST(ParseChars, RoskaReadingsAreTenthsOfADecibelAndCounted) {
-  Rig rig(true);
-  rig.Meter.ParseChars("123;");
-  EXPECT_FLOAT_EQ(rig.State.MeterHistory[0], 123.0F);
-  EXPECT_FLOAT_EQ(rig.State.MeterDb, 4.1F);
-  rig.Meter.ParseChars("456;");
-  EXPECT_FLOAT_EQ(rig.State.MeterHistory[0], 456.0F);
-  EXPECT_EQ(rig.State.MeterReadingCount, 2);
-}
-
-TEST(ParseChars, RoskaTheCountOfReadingsIsCheckedForOverflow) {
-  Rig rig(true);
-  rig.State.MeterReadingCount = 2147483647;
-  EXPECT_THROW(rig.Meter.ParseChars("1;"), RunTimeError);
-}
-
-TEST(ParseChars, TheReadingIsShownAsSentWithItsDecibelsDown) {
+TEST(ParseChars, TheNumberIsShownAsSentWithItsDecibelsDown) {
   for (const bool roska : {true, false}) {
     Rig rig(roska);
     rig.Meter.ParseChars(roska ? "0150;" : "\r0150 ");
@@ -195,119 +117,28 @@ TEST(ParseChars, TheReadingIsShownAsSentWithItsDecibelsDown) {
   }
 }
 
-TEST(ParseChars, TarvenEverythingBehindItsNameInThatTextIsIgnored) {
-  Rig rig;
-  rig.Meter.ParseChars("\rTARVEN 123 \r345 ");
-  EXPECT_THAT(rig.Display.Readings, IsEmpty());
-  rig.Meter.ParseChars("\r345 ");
-  EXPECT_THAT(rig.Display.Readings, ElementsAre("345"));
+TEST(ParseChars, NumbersAreTenthsOfADecibel) {
+  Rig rig(true);
+  rig.Meter.ParseChars("123;");
+  EXPECT_FLOAT_EQ(rig.State.MeterHistory[0], 123.0F);
+  EXPECT_FLOAT_EQ(rig.State.MeterDb, 4.1F);
+  rig.Meter.ParseChars("456;");
+  EXPECT_FLOAT_EQ(rig.State.MeterHistory[0], 456.0F);
 }
 
-TEST(ParseChars, TarvenNameCutAtEveryByteGivesNoReadingBeforeTheNextCarriageReturn) {
-  const std::string text = "\rTARVEN 123 ";
-  for (std::size_t cut = 0; cut <= text.size(); ++cut) {
-    Rig rig;
-    rig.Meter.ParseChars(text.substr(0, cut));
-    rig.Meter.ParseChars(text.substr(cut));
-    EXPECT_THAT(rig.Display.Readings, IsEmpty()) << "cut at " << cut;
-  }
-}
-
-TEST(ParseChars, TarvenDeliberatelyTheBufferStaysBehindAReading) {
-  Rig rig;
-  rig.Meter.ParseChars("\r345 \n\r67 ");
-  EXPECT_THAT(rig.Display.Readings, ElementsAre("345", "67"));
-}
-
-TEST(ParseChars, TarvenNameIsHeardOnlyWhileCapturing) {
-  Rig rig;
-  rig.Meter.ParseChars("TARVEN 123 \r345 ");
-  EXPECT_THAT(rig.Display.Readings, ElementsAre("345"));
-}
-
-TEST(ParseChars, MoreThan64CharactersAreDropped) {
-  for (const bool roska : {true, false}) {
-    Rig rig(roska);
-    rig.Meter.ParseChars((roska ? "" : "\r") + std::string(5000, '1') + (roska ? ";" : " "));
-    EXPECT_THAT(rig.Display.Readings, ElementsAre(std::string(64, '1')));
-  }
-}
-
-TEST(ParseChars, TheKindOfMeterCountsAtEachCharacter) {
+TEST(ParseChars, TheKindOfMeterCountsAtEachText) {
   Rig rig(true);
   rig.Meter.ParseChars("12");
   rig.Settings.Input.ROSKAmeter = false;
   rig.Meter.ParseChars("\r34 ");
-  EXPECT_THAT(rig.Display.Readings, ElementsAre("34"));
+  EXPECT_EQ(rig.Display.Reading, "34");
 }
 
-TEST(ExternalMeter, MinusThirtyDbmIsTheMiddleOfTheRangeAfterThreePolls) {
+TEST(ParseChars, TheSoundCardHasNoPortToListenTo) {
   Rig rig;
-  rig.Publish("Y", "-30");
-  rig.PollThrice();
-  EXPECT_FLOAT_EQ(rig.State.MeterHistory[0], 300.0F);
-  EXPECT_FLOAT_EQ(rig.State.MeterDb, 30.0F);
-  EXPECT_NEAR(rig.State.MeterLevel, 31.62F, 0.01F);
-  EXPECT_FLOAT_EQ(rig.Display.Dbm, -30.0F);
-  EXPECT_FLOAT_EQ(rig.Display.DownDb, 30.0F);
-  EXPECT_EQ(rig.Display.lblStatus, "The external power meter is active");
-  EXPECT_EQ(rig.Display.Shape, StatusColour::Green);
-}
-
-TEST(ExternalMeter, BelowTheRangeIs0) {
-  Rig rig;
-  rig.Publish("Y", "-70.5");
-  rig.PollThrice();
-  EXPECT_EQ(rig.State.MeterAverage, 0.0F);
-  EXPECT_FLOAT_EQ(rig.State.MeterLevel, 1.0F);
-}
-
-TEST(ExternalMeter, WithoutAReadingItIs1Dbm) {
-  Rig rig;
-  rig.Store.Put("Active", "Y", "GaugeBridge");
-  rig.PollThrice();
-  EXPECT_FLOAT_EQ(rig.Display.Dbm, 1.0F);
-  EXPECT_FLOAT_EQ(rig.State.MeterAverage, 610.0F);
-  EXPECT_FLOAT_EQ(rig.State.MeterDb, 60.0F);
-}
-
-TEST(ExternalMeter, ValuesGoOnWithOneDecimalOfATenth) {
-  Rig rig;
-  rig.Publish("Y", "-42.387");
-  rig.External.Poll();
-  EXPECT_FLOAT_EQ(rig.State.MeterHistory[0], 176.1F);
-}
-
-TEST(ExternalMeter, AnythingButYKeepsTheLastLevelAndSaysSo) {
-  for (const char* active : {"N", "y", "Yes", "", " Y"}) {
-    Rig rig;
-    rig.Publish("Y", "-30");
-    rig.PollThrice();
-    const float level = rig.State.MeterLevel;
-    rig.Publish(active, "-10");
-    rig.External.Poll();
-    EXPECT_EQ(rig.State.MeterLevel, level) << active;
-    EXPECT_EQ(rig.State.ValuesReceived, 3U);
-    EXPECT_EQ(rig.Display.lblStatus, "The external power meter is not ready.");
-    EXPECT_EQ(rig.Display.Shape, StatusColour::Red);
-  }
-}
-
-TEST(ExternalMeter, ThatNeverPublishedIsNotReady) {
-  Rig rig;
-  rig.External.Poll();
-  EXPECT_EQ(rig.Display.Shape, StatusColour::Red);
-  EXPECT_THAT(rig.Store.Log, ElementsAre("get GaugeBridge/Settings/Active"));
-}
-
-TEST(ExternalMeter, APublishedNumberBeyondAllSenseIsFullScaleAndNoFault) {
-  Rig rig;
-  rig.Publish("Y", "1e999");
-  rig.PollThrice();
-  EXPECT_FLOAT_EQ(rig.State.MeterDb, 60.0F);
-  rig.Publish("Y", "-1e99");
-  rig.PollThrice();
-  EXPECT_EQ(rig.State.MeterDb, 0.0F);
+  rig.Settings.Input.InputDeviceIsdBMeter = false;
+  rig.Meter.ParseChars("\r345 ");
+  EXPECT_EQ(rig.State.ValuesReceived, 0U);
 }
 
 TEST(CalibrateCurrent, TheWholePartIsTheFloor) {

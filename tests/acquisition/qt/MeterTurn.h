@@ -13,7 +13,7 @@
 
 #include "acquisition/CollectionRig.h"
 #include "acquisition/meters/ExternalMeter.h"
-#include "acquisition/meters/MeterDevices.h"
+#include "acquisition/meters/InputDevices.h"
 #include "acquisition/qt/QtEventPump.h"
 #include "acquisition/qt/SerialControl.h"
 #include "acquisition/qt/SystemClock.h"
@@ -59,16 +59,28 @@ struct MeterTurn {
   UsbModule Usb{Library, Display, Rig.Flags, Rig.Messages};
   dBMeter Meter{Rig.Meter, Rig.Settings, Display};
   ExternalMeter External{Store, Meter, Rig.Meter, Display};
-  MeterDevices Devices{{MSComm1, MSCommTrigger, Usb, Display, Meter, Rig.Settings, Rig.Messages}};
+  InputDevices Devices{{MSComm1, MSCommTrigger, Usb, Display, Meter, Rig.Settings, Rig.Messages}};
   RotatorLine Line{
       {Rig.Choice, MSComm1, MSCommTrigger, Usb, Rig.Flags, [this] { Time.SleepMicroseconds(200); }}};
   RotatorTrigger Trigger{Line, Rig.Flags, Pump};
   SoundLevelState Sound;
   SoundThresholds Thresholds;
   ChosenInput Input{{Rig.Settings, Rig.Flags, Sound, Thresholds, Rig.Meter, External, Pump, Time, Rig.Panel}};
-  CollectionParts Parts{Time,    Pump,         Rig.Flags, Rig.Record,   Input,
-                        Trigger, Rig.Sound,    MSComm1,   Display,      Rig.Meter,
-                        Store,   Rig.Settings, Rig.Panel, Rig.Messages, Rig.Waiting};
+  CollectionParts Parts{Time,
+                        Pump,
+                        Rig.Flags,
+                        Rig.Record,
+                        [this] { return Input.ReadInputLevel(); },
+                        [this] { return Trigger.WaitForTrigger(); },
+                        Rig.Sound,
+                        MSComm1,
+                        Display,
+                        Rig.Meter,
+                        Store,
+                        Rig.Settings,
+                        Rig.Panel,
+                        Rig.Messages,
+                        Rig.Waiting};
   CollectionEngine Engine{Parts};
 
   MeterTurn() {

@@ -59,8 +59,7 @@ TEST(SerialPort, ThatDoesNotExistIsRefusedWithItsMessage) {
   store.Values["Lobegraph/Ports/COM5"] = path;
   const ComPorts ports(store);
   SerialControl port(ports);
-  port.SetPortNumber(5);
-  const SCom::Outcome outcome = port.Open();
+  const SCom::Outcome outcome = port.Open(5, "9600");
   std::cerr << "group: " << outcome.GroupToJoin << '\n';
   std::exit(outcome.Opened ? 1 : 0);
 }

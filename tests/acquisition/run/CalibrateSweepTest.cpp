@@ -49,7 +49,7 @@ TEST(CalibrateClick, sends_the_command_to_an_open_ROSKA_meter) {
   rig.Choice.ROSKAmeter = true;
   rig.Panel.Calibrate = true;
   rig.Sweep.chkCalibrate_Click();
-  EXPECT_THAT(rig.Log, ElementsAre("Send *c", "EnableTimer1"));
+  EXPECT_THAT(rig.Log, ElementsAre("meter send *c", "EnableTimer1"));
 }
 
 TEST(CalibrateClick, sends_nothing_to_another_meter) {
@@ -65,7 +65,7 @@ TEST(CalibrateClick,
   CollectionRig rig;
   rig.UseSerialMeter();
   rig.Choice.ROSKAmeter = true;
-  rig.Port.Open = false;
+  rig.Port.IsOpen = false;
   rig.Panel.Calibrate = true;
   rig.Sweep.chkCalibrate_Click();
   EXPECT_THAT(rig.Log, ElementsAre("Message The Com port for the serially attached dB meter is not available",
@@ -269,7 +269,7 @@ TEST(CalibrateSweep, a_collection_that_is_refused_afterwards_is_not_asked_for_fo
   rig.Panel.Calibrate = true;
   rig.Window.OnYield = [&](int) {
     rig.Collect();
-    rig.Port.Open = false;  // unplugged at the same moment
+    rig.Port.IsOpen = false;  // unplugged at the same moment
   };
   EXPECT_FALSE(rig.Sweep.Timer1_Timer().Ran);
   EXPECT_FALSE(rig.Flags.CollectRequested);

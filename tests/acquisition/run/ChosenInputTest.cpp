@@ -8,21 +8,14 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-struct CountingPoll final : MeterPoll {
-  explicit CountingPoll(MeterState& meter) : Meter(meter) {}
-  MeterState& Meter;
-  int Polls = 0;
-  void Poll() override {
-    ++Polls;
-    Meter.MeterLevel = 31.5F;
-  }
-};
-
 struct InputRig : CollectionRig {
   SoundLevelState State;
   SoundThresholds Thresholds = SoundThresholds::FromPeak(1000.0F);
-  CountingPoll External{Meter};
-  ChosenInput Input{{Settings, Flags, State, Thresholds, Meter, External, Window, Time, Panel}};
+  dBMeter Scale{Meter, Settings, MeterForm};
+  ExternalMeter Program{Store, Scale, Meter, MeterForm};
+  ChosenInput Input{{Settings, Flags, State, Thresholds, Meter, Program, Window, Time, Panel}};
+
+  bool Polled() const { return !Store.Log.empty(); }
 };
 
 TEST(ReadInputLevel, of_the_sound_card_lasts_until_the_next_tick_and_does_not_yield) {
@@ -31,7 +24,7 @@ TEST(ReadInputLevel, of_the_sound_card_lasts_until_the_next_tick_and_does_not_yi
   EXPECT_EQ(rig.Input.ReadInputLevel(), 900.0F);
   EXPECT_EQ(rig.Time.TicksSlept, 1);
   EXPECT_EQ(rig.Window.Yields, 0);
-  EXPECT_EQ(rig.External.Polls, 0);
+  EXPECT_FALSE(rig.Polled());
 }
 
 TEST(ReadInputLevel, of_the_sound_card_colours_the_box_of_the_level) {
@@ -77,15 +70,15 @@ TEST(ReadInputLevel, of_a_serial_meter_is_its_last_value_then_5_ms_with_one_yiel
   EXPECT_EQ(rig.Time.SleptMs, 5);
   rig.Window.OnYield = nullptr;
   EXPECT_EQ(rig.Input.ReadInputLevel(), 200.0F);
-  EXPECT_EQ(rig.External.Polls, 0);
+  EXPECT_FALSE(rig.Polled());
 }
 
 TEST(ReadInputLevel, of_the_external_meter_is_polled_first) {
   InputRig rig;
-  rig.Choice.InputDeviceIsdBMeter = true;
-  rig.Choice.GaugeBridge = true;
-  EXPECT_EQ(rig.Input.ReadInputLevel(), 31.5F);
-  EXPECT_EQ(rig.External.Polls, 1);
+  rig.UseExternalMeter("Y");
+  rig.Store.Put("Reading", "0", "GaugeBridge");
+  EXPECT_FLOAT_EQ(rig.Input.ReadInputLevel(), 10.0F) << "a third of 60 dB, averaged with zeros";
+  EXPECT_EQ(std::count(rig.Store.Log.begin(), rig.Store.Log.end(), "get GaugeBridge/Settings/Reading"), 1);
   EXPECT_EQ(rig.Time.SleptMs, 5);
 }
 
@@ -94,7 +87,7 @@ TEST(ReadInputLevel, the_external_meter_flag_alone_does_not_leave_the_sound_card
   rig.Choice.GaugeBridge = true;
   rig.State.SoundLevel = 12.0F;
   EXPECT_EQ(rig.Input.ReadInputLevel(), 12.0F);
-  EXPECT_EQ(rig.External.Polls, 0);
+  EXPECT_FALSE(rig.Polled());
 }
 
 }  // namespace

@@ -12,7 +12,7 @@ TEST(CollectionStart, a_closed_meter_port_is_reported_and_nothing_else_changes) 
   CollectionRig rig;
   rig.HoldPattern(100);
   rig.UseSerialMeter();
-  rig.Port.Open = false;
+  rig.Port.IsOpen = false;
   const RunReport report = rig.Collect();
   EXPECT_THAT(rig.Log,
               ElementsAre("Message The Com port for the serially attached dB meter is not available"));

@@ -44,12 +44,13 @@ TEST(SourceWatch, serves_the_window_before_it_asks_and_asks_only_while_it_watche
 }
 
 TEST(tmrOneSec, shows_the_polls_of_the_last_second_and_counts_anew) {
-  CollectionRig rig;
+  test::FakeDisplay window;
   std::int32_t polls = 4711;
-  tmrOneSec_Timer(polls, rig.MeterForm);
+  tmrOneSec_Timer(polls, window);
   EXPECT_EQ(polls, 0);
-  tmrOneSec_Timer(polls, rig.MeterForm);
-  EXPECT_THAT(rig.Log, ElementsAre("lblStateCount 4711", "lblStateCount 0"));
+  EXPECT_EQ(window.lblStateCount, "4711");
+  tmrOneSec_Timer(polls, window);
+  EXPECT_EQ(window.lblStateCount, "0");
 }
 
 TEST(Pause, serves_the_window_once_and_then_sleeps) {

@@ -21,14 +21,14 @@ struct TriggerRig {
   InputChoice Choice;
   RunFlags Flags;
   FakePump Pump;
-  int Naps = 0;
+  int Sleeps = 0;
   UsbModule Usb{Library, Display, Flags, Messages};
   RotatorLine CtsOrUsb{{.Choice = Choice,
                         .MSComm1 = MSComm1,
                         .MSCommTrigger = MSCommTrigger,
                         .Usb = Usb,
                         .Flags = Flags,
-                        .Nap = [this] { ++Naps; }}};
+                        .Sleep = [this] { ++Sleeps; }}};
   std::int32_t& UsbStateCount = CtsOrUsb.UsbStateCount;
   RotatorTrigger Trigger{CtsOrUsb, Flags, Pump};
   TriggerRig() {
@@ -61,7 +61,7 @@ TEST(WaitForTrigger, AWholePulseFires) {
   EXPECT_TRUE(rig.Trigger.WaitForTrigger());
   EXPECT_EQ(rig.UsbStateCount, 5);
   EXPECT_EQ(rig.Pump.Yields, 5) << "one yield a poll";
-  EXPECT_EQ(rig.Naps, 3) << "it rests where it goes on waiting";
+  EXPECT_EQ(rig.Sleeps, 3) << "it sleeps where it goes on waiting";
 }
 
 TEST(WaitForTrigger, ALineThatIsAlreadyHighCounts) {

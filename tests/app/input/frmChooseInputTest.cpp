@@ -2,9 +2,7 @@
 // way in and out of it.
 #include "app/input/frmChooseInput.h"
 
-#include "acquisition/meters/InputDevices.h"
 #include "app/input/InputCommands.h"
-#include "app/parts/SourceText.h"
 #include "support/ChooserFakes.h"
 #include "support/RecordingStore.h"
 #include "support/TemporaryFolder.h"
@@ -280,9 +278,6 @@ TEST(ChooserTexts, AreThoseOfTheDialog) {
   EXPECT_STREQ(chooser::kPortGroup, " Comm port number ");
   EXPECT_STREQ(chooser::kTriggerGroup, " External triggering ");
   EXPECT_STREQ(chooser::kMeterPortLabel, "COM port number for TARVEN or ROSKA serially attached power meter");
-  EXPECT_THAT(chooser::kInputs,
-              ElementsAre("Microphone", "Line-in", "TARVEN meter without using TarvenMeter program",
-                          "ROSKA Wattscan meter", "LP-100-VCP or TarvenMeter or GaugeBridge"));
   EXPECT_THAT(
       chooser::kTriggers,
       ElementsAre("Use the DLP USB device", "Use the CTS pin of a COM port (choose 0 if no ext triggering)"));
@@ -290,16 +285,21 @@ TEST(ChooserTexts, AreThoseOfTheDialog) {
 
 /// The main window around the chooser; everything that happens is one log.
 struct WindowRig : test::ChooserWorld {
-  test::LoggedDevices Devices{Log};
   test::LoggedSound Sound{Log};
+  RecordingStore Published;
+  test::InputRig Inputs{Shared, Log, Published};
   std::function<void()> WhileChoosing = [] {};
   InputChoice& Choice = Shared.Settings.Input;
-  InputCommands Commands{Parts, Devices, Sound, [this] {
+  InputCommands Commands{Parts, Inputs.Devices, Sound, [this] {
                            Log.emplace_back("chooser");
                            EXPECT_FALSE(Shared.Run.InputReady);
                            WhileChoosing();
                          }};
-  WindowRig() { Shared.Run.InputReady = true; }
+  WindowRig() {
+    Shared.Run.InputReady = true;
+    Inputs.MSComm1.IsOpen = Inputs.MSCommTrigger.IsOpen = true;
+    Choice.Commtrigger = 9;
+  }
 };
 
 TEST(ChooseInput, ClosesTheInputsShowsTheChooserAndOpensThemAgain) {
@@ -309,11 +309,11 @@ TEST(ChooseInput, ClosesTheInputsShowsTheChooserAndOpensThemAgain) {
          {"cmdCollectData", "cmdHaltInput", "chkCalibrate", "cmdExit", "cmdChooseInput", "Slider1"})
       EXPECT_THAT(rig.Window.Disabled(), Contains(name));
     EXPECT_EQ(rig.Window.Disabled().size(), 6U);
-    rig.Choice = {.InputDeviceIsdBMeter = true, .ROSKAmeter = true, .Commport = 5};
+    rig.Choice = {.InputDeviceIsdBMeter = true, .ROSKAmeter = true, .Commport = 5, .Commtrigger = 9};
   };
   rig.Commands.cmdChooseInput_Click();
-  EXPECT_THAT(rig.Log, ElementsAre("close meter port", "close trigger port", "chooser", "show meter window",
-                                   "open meter port 5 9600", "open trigger port"));
+  EXPECT_THAT(rig.Log, ElementsAre("meter close", "trigger close", "chooser", "show meter window",
+                                   "meter open 5 9600", "trigger open 9 57600"));
   EXPECT_TRUE(rig.Shared.Run.InputReady);
   EXPECT_THAT(rig.Window.Disabled(), IsEmpty());
   EXPECT_EQ(rig.Window.Texts[Control::lblSource], "ROSKA, COM5");
@@ -329,14 +329,14 @@ TEST(ChooseInput, StopsARunningCaptureFirst) {
 TEST(ChooseInput, OfTheSoundCardOpensTheTriggersPortOnly) {
   WindowRig rig;
   rig.Commands.cmdChooseInput_Click();
-  EXPECT_THAT(rig.Log, ElementsAre("close meter port", "close trigger port", "chooser", "open trigger port"));
+  EXPECT_THAT(rig.Log, ElementsAre("meter close", "trigger close", "chooser", "trigger open 9 57600"));
 }
 
 TEST(ChooseInput, OfTarvenOpensAt38400) {
   WindowRig rig;
   rig.Choice = {.InputDeviceIsdBMeter = true, .Commport = 2};
   rig.Commands.cmdChooseInput_Click();
-  EXPECT_THAT(rig.Log, Contains("open meter port 2 38400"));
+  EXPECT_THAT(rig.Log, Contains("meter open 2 38400"));
 }
 
 TEST(ChooseInput, DeliberatelyOpensAPortForTheExternalProgramUnlikeStartUp) {
@@ -344,7 +344,7 @@ TEST(ChooseInput, DeliberatelyOpensAPortForTheExternalProgramUnlikeStartUp) {
   rig.Choice = {.InputDeviceIsdBMeter = true, .GaugeBridge = true, .Commport = 2};
   rig.Commands.cmdChooseInput_Click();
   EXPECT_THAT(rig.Log, Contains("show meter window"));
-  EXPECT_THAT(rig.Log, Contains("open meter port 2 38400"));
+  EXPECT_THAT(rig.Log, Contains("meter open 2 38400"));
 }
 
 TEST(ChooseInput, DoesNothingWhileARunIsOn) {
@@ -352,16 +352,6 @@ TEST(ChooseInput, DoesNothingWhileARunIsOn) {
   rig.Shared.Run.IsSweeping = true;
   rig.Commands.cmdChooseInput_Click();
   EXPECT_THAT(rig.Log, IsEmpty());
-}
-
-TEST(SourceText, NamesTheChosenInput) {
-  EXPECT_EQ(SourceText({}, ""), "Sound: line-in");
-  EXPECT_EQ(SourceText({.InputDeviceIsLineIn = false}, ""), "Sound: microphone");
-  EXPECT_EQ(SourceText({}, "Monitor of Receiver"), "Monitor of Receiver");
-  EXPECT_EQ(SourceText({.InputDeviceIsdBMeter = true, .Commport = 3}, "x"), "TARVEN, COM3");
-  EXPECT_EQ(SourceText({.InputDeviceIsdBMeter = true, .ROSKAmeter = true, .Commport = 3}, "x"),
-            "ROSKA, COM3");
-  EXPECT_EQ(SourceText({.InputDeviceIsdBMeter = true, .GaugeBridge = true}, "x"), "External meter program");
 }
 
 }  // namespace

@@ -14,6 +14,10 @@ using testing::IsEmpty;
 class ShutdownTest : public testing::Test, protected AppFixture {
  protected:
   ShutdownTest() { Start(); }
+  void OpenModule() {
+    Inputs.Usb.OpenDevice("DLP2232M B");
+    Forget();
+  }
 };
 
 TEST_F(ShutdownTest, UnloadsInItsOrder) {
@@ -23,11 +27,12 @@ TEST_F(ShutdownTest, UnloadsInItsOrder) {
   View.Of(chkTrigger).Checked = true;
   Shared.Settings.LinearMode = true;
   Shared.Settings.ShowLogScale = false;
+  OpenModule();
+  Inputs.MSComm1.IsOpen = Inputs.MSCommTrigger.IsOpen = true;
   EXPECT_TRUE(Form.Shell().Form_Unload());
-  EXPECT_THAT(
-      Log, ElementsAre("CloseUsbModule", "save Scale=42", "save RotateTime=77", "save AutoStart=1",
-                       "save AutoStop=0", "save Trigger=1", "save LinearMode=True", "save ShowLogScale=False",
-                       "CloseMeterPort", "CloseTriggerPort", "EndProgram"));
+  EXPECT_THAT(Log, ElementsAre("module close 77", "save Scale=42", "save RotateTime=77", "save AutoStart=1",
+                               "save AutoStop=0", "save Trigger=1", "save LinearMode=True",
+                               "save ShowLogScale=False", "meter close", "trigger close", "EndProgram"));
 }
 
 TEST_F(ShutdownTest, CaptureThatStillRunsIsStoppedBeforeTheEnd) {
@@ -37,9 +42,10 @@ TEST_F(ShutdownTest, CaptureThatStillRunsIsStoppedBeforeTheEnd) {
 }
 
 TEST_F(ShutdownTest, AFailedUsbCloseSavesNothingAndDoesNotEnd) {
-  Meters.UsbCloses = false;
+  OpenModule();
+  Inputs.Library.Failures["close 77"] = kFtIoError;
   EXPECT_FALSE(Form.Shell().Form_Unload());
-  EXPECT_THAT(Log, ElementsAre("CloseUsbModule"));
+  EXPECT_THAT(Log, ElementsAre("module close 77", "lblStatus Attempt to close DLP2232M failed."));
   EXPECT_EQ(End.InGoodOrder, 0);
 }
 
@@ -50,9 +56,12 @@ TEST_F(ShutdownTest, ExitEndsTheProgramOnce) {
 }
 
 TEST_F(ShutdownTest, ExitEndsTheProgramEvenWhenTheUsbModuleDoesNotClose) {
-  Meters.UsbCloses = false;
+  OpenModule();
+  Inputs.Library.Failures["close 77"] = kFtIoError;
   Press(cmdExit);
-  EXPECT_THAT(Log, ElementsAre("CloseUsbModule", "EndProgram"));
+  EXPECT_EQ(Log.front(), "module close 77");
+  EXPECT_EQ(Log.back(), "EndProgram");
+  EXPECT_THAT(Only("save "), IsEmpty());
 }
 
 TEST_F(ShutdownTest, QueryUnloadReleasesTheSoundCard) {

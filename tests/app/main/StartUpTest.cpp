@@ -75,12 +75,13 @@ TEST_F(StartUpTest, ASecondStartWritesNothing) {
 }
 
 TEST_F(StartUpTest, NameAndCaptionComeBeforeTheSettings) {
+  Store.Put("Commtrigger", "8");
   LoadWith("Scale", "50");
   const long caption = PlaceOf("caption Lobegraph V2.1.0     User = N0CALL");
   EXPECT_LT(PlaceOf("get Username"), PlaceOf("lblNotice=" + Shared.NoticeText));
   EXPECT_LT(PlaceOf("lblNotice=" + Shared.NoticeText), caption);
   EXPECT_LT(caption, PlaceOf("get Scale"));
-  EXPECT_LT(PlaceOf("get Commtrigger"), PlaceOf("OpenTriggerPort"));
+  EXPECT_LT(PlaceOf("get Commtrigger"), PlaceOf("trigger open 8 57600"));
 }
 
 TEST_F(StartUpTest, AnEmptyStoreGivesTheDefaultWindow) {
@@ -165,9 +166,9 @@ class MeterStartUpTest : public StartUpTest, public testing::WithParamInterface<
   Meter Case() const {
     switch (GetParam()) {
       case 0:
-        return {"tarven", false, false, {"ShowMeterWindow", "OpenMeterPort 7 38400"}, "TARVEN, COM7"};
+        return {"tarven", false, false, {"show meter window", "meter open 7 38400"}, "TARVEN, COM7"};
       case 1:
-        return {"roska", true, false, {"ShowMeterWindow", "OpenMeterPort 7 9600"}, "ROSKA, COM7"};
+        return {"roska", true, false, {"show meter window", "meter open 7 9600"}, "ROSKA, COM7"};
       default:
         return {"external", false, true, {}, "External meter program"};
     }
@@ -179,14 +180,15 @@ TEST_P(MeterStartUpTest, OpensWhatItsMeterNeedsThenTheTriggerPort) {
   Store.Put("InputDeviceIsdBMeter", "True");
   Store.Put("ROSKAmeter", meter.Roska ? "True" : "False");
   Store.Put("GaugeBridge", meter.Gauge ? "True" : "False");
+  Store.Put("Commtrigger", "8");
   LoadWith("Commport", "7");
-  std::vector<std::string> calls = Only("ShowMeterWindow");
-  for (const std::string& call : Only("OpenMeterPort")) calls.push_back(call);
+  std::vector<std::string> calls = Only("show meter window");
+  for (const std::string& call : Only("meter ")) calls.push_back(call);
   EXPECT_EQ(calls, meter.Calls);
-  EXPECT_EQ(CountOf("OpenTriggerPort"), 1);
+  EXPECT_EQ(CountOf("trigger open 8 57600"), 1);
   if (!meter.Calls.empty()) {
     EXPECT_LT(PlaceOf(meter.Calls[0]), PlaceOf(meter.Calls[1]));
-    EXPECT_LT(PlaceOf(meter.Calls[1]), PlaceOf("OpenTriggerPort"));
+    EXPECT_LT(PlaceOf(meter.Calls[1]), PlaceOf("trigger open 8 57600"));
   }
   EXPECT_EQ(Sound.calls, "") << "no sound capture";
   EXPECT_EQ(Text(lblSource), meter.Source);
@@ -197,9 +199,11 @@ TEST_P(MeterStartUpTest, OpensWhatItsMeterNeedsThenTheTriggerPort) {
 INSTANTIATE_TEST_SUITE_P(Meters, MeterStartUpTest, testing::Range(0, 3));
 
 TEST_F(StartUpTest, TheSoundCardOpensTheTriggerPortOnly) {
+  Store.Put("Commtrigger", "8");
   LoadWith("InputDeviceIsLineIn", "False");
-  EXPECT_THAT(Only("Open"), ElementsAre("OpenTriggerPort"));
-  EXPECT_THAT(Only("ShowMeterWindow"), IsEmpty());
+  EXPECT_THAT(Only("meter "), IsEmpty());
+  EXPECT_THAT(Only("trigger "), ElementsAre("trigger open 8 57600"));
+  EXPECT_THAT(Only("show meter window"), IsEmpty());
   EXPECT_TRUE(Shared.Run.InputReady);
 }
 

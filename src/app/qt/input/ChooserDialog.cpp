@@ -6,6 +6,8 @@
 #include <QRadioButton>
 #include <QVBoxLayout>
 
+#include "acquisition/meters/LevelSource.h"
+
 namespace lobegraph {
 namespace {
 
@@ -65,8 +67,11 @@ void ChooserDialog::reject() { form_.cmdCancel_Click(); }
 QGroupBox* ChooserDialog::MakeInputGroup() {
   auto* group = new QGroupBox(chooser::kInputGroup, this);
   auto* box = new QVBoxLayout(group);
-  for (const int index : {1, 0, 2, 3, 4})
-    AddOption(*optInput_, *box, "optInput", chooser::kInputs[index], index);
+  const std::span<const LevelSource> sources = LevelSources();
+  for (int place = 0; place < static_cast<int>(sources.size()); ++place) {
+    const int index = place < 2 ? 1 - place : place;  // line-in is what most people use
+    AddOption(*optInput_, *box, "optInput", sources[static_cast<std::size_t>(index)].Caption, index);
+  }
   return group;
 }
 

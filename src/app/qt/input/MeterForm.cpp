@@ -16,7 +16,7 @@ QString OneDecimal(float value) {
 
 /// Called at every value of a meter: a text that is there already costs nothing. A screen reader says the
 /// name and then the words.
-void Show(QLabel& label, const QString& text) {
+void SetText(QLabel& label, const QString& text) {
   if (label.text() == text) return;
   label.setText(text);
   label.setAccessibleDescription(text);
@@ -86,19 +86,19 @@ void MeterForm::ShowWindow() {
 }
 
 void MeterForm::ShowCalibration(const std::string& text) {
-  Show(*lblCalAdjust0dB_, QString::fromStdString(text));
+  SetText(*lblCalAdjust0dB_, QString::fromStdString(text));
 }
-void MeterForm::SetReading(const std::string& reading) {
-  Show(*lblReading_, QString::fromStdString(reading));
+
+void MeterForm::Show(const MeterShown& shown) {
+  const auto* dbm = std::get_if<float>(&shown.Reading);
+  SetText(*lblReading_,
+          dbm ? OneDecimal(*dbm) : QString::fromStdString(std::get<std::string>(shown.Reading)));
+  if (shown.DownDb) SetText(*lblDownDb_, OneDecimal(*shown.DownDb));
+  SetText(*lblStatus_, QString::fromStdString(shown.Status));
+  SetText(*lblStateCount_, QString::fromStdString(shown.StateCount));
+  if (shown.StatusShape) Paint(*shapeStatus_, *shown.StatusShape);
+  if (shown.LevelIndicator) Paint(*shapeLevel_, *shown.LevelIndicator);
 }
-void MeterForm::SetReadingDbm(float dbm) { Show(*lblReading_, OneDecimal(dbm)); }
-void MeterForm::SetDownDb(float downDb) { Show(*lblDownDb_, OneDecimal(downDb)); }
-void MeterForm::SetStatusText(const std::string& text) { Show(*lblStatus_, QString::fromStdString(text)); }
-void MeterForm::SetStateCount(const std::string& text) {
-  Show(*lblStateCount_, QString::fromStdString(text));
-}
-void MeterForm::PaintStatusShape(StatusColour colour) { Paint(*shapeStatus_, colour); }
-void MeterForm::PaintLevelIndicator(StatusColour colour) { Paint(*shapeLevel_, colour); }
 
 void MeterForm::Paint(QFrame& shape, StatusColour colour) {
   const Colour shade = ShadeOf(colour);

@@ -20,13 +20,6 @@ class MeterForm final : public QWidget, public MeterDisplay {
   void ShowCalibration(const std::string& lblCalAdjust0dB);
 
   void ShowWindow() override;
-  void SetReading(const std::string& reading) override;
-  void SetReadingDbm(float dbm) override;
-  void SetDownDb(float downDb) override;
-  void PaintLevelIndicator(StatusColour colour) override;
-  void SetStatusText(const std::string& lblStatus) override;
-  void PaintStatusShape(StatusColour colour) override;
-  void SetStateCount(const std::string& lblStateCount) override;
 
  Q_SIGNALS:
   /// The window is loaded: it is shown for the first time.
@@ -34,6 +27,7 @@ class MeterForm final : public QWidget, public MeterDisplay {
   void cmdCalCurrentClick();
 
  private:
+  void Show(const MeterShown& shown) override;
   QLabel* MakeLabel(const char* name, const char* accessibleName);
   QFrame* MakeShape(const char* name, const char* accessibleName);
   static void Paint(QFrame& shape, StatusColour colour);

@@ -6,7 +6,7 @@
 namespace lobegraph {
 namespace {
 
-constexpr int kNapUs = 200;
+constexpr int kBetweenPollsUs = 200;
 constexpr int kOneSecondMs = 1000;
 
 }  // namespace
@@ -22,9 +22,8 @@ Meters::Meters(Globals& shared, SettingsStore& store, SystemClock& clock, UserMe
       meter_(shared.Meter, shared.Settings, frmdBMeter_),
       external_(store, meter_, shared.Meter, frmdBMeter_),
       devices_({MSComm1_, MSCommTrigger_, usb_, frmdBMeter_, meter_, shared.Settings, messages}),
-      line_(std::make_shared<RotatorLine>(
-          RotatorLine::Parts{shared.Settings.Input, MSComm1_, MSCommTrigger_, usb_, shared.Run,
-                             [&clock] { clock.SleepMicroseconds(kNapUs); }})) {
+      line_({shared.Settings.Input, MSComm1_, MSCommTrigger_, usb_, shared.Run,
+             [&clock] { clock.SleepMicroseconds(kBetweenPollsUs); }}) {
   Connect();
 }
 
@@ -38,7 +37,7 @@ void Meters::Connect() {
     frmdBMeter_.ShowCalibration(CalibrateCurrent(shared_.Meter, shared_.Settings, store_));
   });
   QObject::connect(&tmrOneSec_, &QTimer::timeout, &frmdBMeter_,
-                   [this] { tmrOneSec_Timer(line_->UsbStateCount, frmdBMeter_); });
+                   [this] { tmrOneSec_Timer(line_.UsbStateCount, frmdBMeter_); });
   tmrOneSec_.start(kOneSecondMs);
 }
 

@@ -1,10 +1,9 @@
 #pragma once
 
 #include <QTimer>
-#include <memory>
 
 #include "acquisition/meters/ExternalMeter.h"
-#include "acquisition/meters/MeterDevices.h"
+#include "acquisition/meters/InputDevices.h"
 #include "acquisition/qt/FtdiModule.h"
 #include "acquisition/qt/SerialControl.h"
 #include "acquisition/qt/SystemClock.h"
@@ -23,10 +22,10 @@ class Meters {
   Meters& operator=(const Meters&) = delete;
 
   InputDevices& Devices() { return devices_; }
-  MeterPort& MSComm1() { return MSComm1_; }
+  SCom& MSComm1() { return MSComm1_; }
   MeterForm& frmdBMeter() { return frmdBMeter_; }
-  MeterPoll& External() { return external_; }
-  std::shared_ptr<TriggerLine> Line() const { return line_; }
+  ExternalMeter& External() { return external_; }
+  RotatorLine& Line() { return line_; }
   ComPorts& Ports() { return ports_; }
 
  private:
@@ -43,8 +42,8 @@ class Meters {
   UsbModule usb_;
   dBMeter meter_;
   ExternalMeter external_;
-  MeterDevices devices_;
-  std::shared_ptr<RotatorLine> line_;
+  InputDevices devices_;
+  RotatorLine line_;
   QTimer tmrOneSec_;
 };
 

@@ -49,7 +49,7 @@ TEST(Meters, CalibratingMakesThePresentMeanZeroDecibelsDown) {
 
 TEST(Meters, OnceASecondTheWindowShowsThePollsWithoutAnyRun) {
   MetersRig rig;
-  for (int i = 0; i < 3; ++i) rig.Devices.Line()->ReadTriggerState();
+  for (int i = 0; i < 3; ++i) rig.Devices.Line().ReadTriggerState();
   EXPECT_TRUE(QTest::qWaitFor([&] { return rig.Text("lblStateCount") == "3"; }, 5000));
   EXPECT_TRUE(QTest::qWaitFor([&] { return rig.Text("lblStateCount") == "0"; }, 5000));
 }
@@ -60,8 +60,8 @@ TEST(Meters, AFaultWhileReceivingIsOneBoxWithItsPlace) {
   char path[64] = {};
   ASSERT_EQ(openpty(&master, &slave, path, nullptr, nullptr), 0);
   rig.Store.Values["Lobegraph/Ports/COM5"] = path;
-  rig.Shared.Settings.Input.ROSKAmeter = true;
-  rig.Shared.Meter.MeterReadingCount = 2147483647;
+  rig.Shared.Settings.Input.InputDeviceIsdBMeter = rig.Shared.Settings.Input.ROSKAmeter = true;
+  rig.Shared.Meter.Received.MeterReadingCount = 2147483647;
   rig.Devices.Devices().OpenMeterPort(5, "9600");
   ASSERT_TRUE(rig.Devices.MSComm1().PortOpen());
   ASSERT_EQ(write(master, "123;", 4), 4);

@@ -1,5 +1,5 @@
 // Opening and closing the meter's and the trigger's ports.
-#include "acquisition/meters/MeterDevices.h"
+#include "acquisition/meters/InputDevices.h"
 
 #include "support/MeterFakes.h"
 
@@ -22,15 +22,13 @@ struct DevicesRig {
   RunFlags Flags;
   UsbModule Usb{Library, Display, Flags, Boxes};
   dBMeter Meter{State, Settings, Display};
-  MeterDevices Devices{{MSComm1, MSCommTrigger, Usb, Display, Meter, Settings, Boxes}};
+  InputDevices Devices{{MSComm1, MSCommTrigger, Usb, Display, Meter, Settings, Boxes}};
 };
 
-TEST(OpenMeterPort, SetsThePropertiesInOrderThenOpens) {
+TEST(OpenMeterPort, OpensTheNumberAtTheSpeed) {
   DevicesRig rig;
   rig.Devices.OpenMeterPort(3, "9600");
-  EXPECT_THAT(rig.Made,
-              ElementsAre("meter port 3", "meter baud 9600", "meter input length 0", "meter dtr", "meter rts",
-                          "meter receive 1", "meter transmit 1", "meter open", "meter input mode 0"));
+  EXPECT_THAT(rig.Made, ElementsAre("meter open 3 9600"));
   EXPECT_THAT(rig.Boxes.Texts, IsEmpty());
 }
 
@@ -52,7 +50,7 @@ TEST(OpenMeterPort, ThatFailsSaysWhatToDo) {
   DevicesRig rig;
   rig.MSComm1.OnOpen.Opened = false;
   rig.Devices.OpenMeterPort(3, "9600");
-  EXPECT_EQ(rig.Made.back(), "meter open");
+  EXPECT_EQ(rig.Made.back(), "meter open 3 9600");
   EXPECT_THAT(rig.Boxes.Texts, ElementsAre("COM Port not available. May be in use by another program\r\n"
                                            "If yes, then close that program and retry.\r\n"
                                            "If no, then change the CommPort to another port and try again."));
@@ -69,12 +67,11 @@ TEST(OpenMeterPort, WithoutTheRightNamesTheGroupToJoin) {
                           "You lack the right to open it: join the group \"dialout\" and log in again."));
 }
 
-TEST(OpenTriggerPort, SetsThePropertiesInOrderThenOpens) {
+TEST(OpenTriggerPort, OpensItsNumberAtTheStoredSpeed) {
   DevicesRig rig;
   rig.Choice.Commtrigger = 4;
   rig.Devices.OpenTriggerPort();
-  EXPECT_THAT(rig.Made, ElementsAre("trigger port 4", "trigger input length 0", "trigger receive 1",
-                                    "trigger transmit 1", "trigger open"));
+  EXPECT_THAT(rig.Made, ElementsAre("trigger open 4 57600"));
 }
 
 TEST(OpenTriggerPort, ThatFailsSaysWhatToDo) {
@@ -130,35 +127,72 @@ TEST_P(TriggerChoice, ClosesThePortAndOpensItWhereItIsTheTriggers) {
 INSTANTIATE_TEST_SUITE_P(Choices, TriggerChoice, ::testing::ValuesIn(kTriggerRows),
                          [](const auto& row) { return row.param.Name; });
 
-TEST(MeterDevices, ReceivedTextIsParsedAndOtherEventsAreIgnored) {
+TEST(InputDevices, ReceivedTextIsParsedAndOtherEventsAreIgnored) {
   DevicesRig rig;
-  rig.Choice.ROSKAmeter = true;
+  rig.Choice.InputDeviceIsdBMeter = rig.Choice.ROSKAmeter = true;
   rig.MSComm1.Waiting = "123;";
   rig.MSComm1.OnComm(3);
-  EXPECT_THAT(rig.Display.Readings, IsEmpty());
+  EXPECT_EQ(rig.State.ValuesReceived, 0U);
   rig.MSComm1.OnComm(SCom::kReceived);
-  EXPECT_THAT(rig.Display.Readings, ElementsAre("123"));
+  EXPECT_EQ(rig.Display.Reading, "123");
 }
 
-TEST(MeterDevices, ClosingTouchesOpenPortsOnly) {
+struct OpenRow {
+  const char* Name;
+  InputChoice Choice;
+  test::Calls AtStartUp, OnceChosen;
+};
+class Opening : public ::testing::TestWithParam<OpenRow> {};
+const OpenRow kOpenRows[] = {
+    {"Microphone", {.InputDeviceIsLineIn = false, .Commport = 2}, {}, {}},
+    {"LineIn", {.Commport = 2}, {}, {}},
+    {"Tarven",
+     {.InputDeviceIsdBMeter = true, .Commport = 2},
+     {"show meter window", "meter open 2 38400"},
+     {"show meter window", "meter open 2 38400"}},
+    {"Roska",
+     {.InputDeviceIsdBMeter = true, .ROSKAmeter = true, .Commport = 2},
+     {"show meter window", "meter open 2 9600"},
+     {"show meter window", "meter open 2 9600"}},
+    {"DeliberatelyTheProgramOnceChosenOnly",
+     {.InputDeviceIsdBMeter = true, .GaugeBridge = true, .Commport = 2},
+     {},
+     {"show meter window", "meter open 2 38400"}},
+};
+
+TEST_P(Opening, OpensWhatItsSourceNeedsThenTheTriggersPort) {
+  for (const auto occasion : {InputDevices::Occasion::StartUp, InputDevices::Occasion::Chosen}) {
+    DevicesRig rig;
+    rig.Display.OnChange = [&](const std::string& change) { rig.Made.push_back(change); };
+    rig.Choice = GetParam().Choice;
+    rig.Choice.Commtrigger = 7;
+    rig.Devices.Open(occasion);
+    test::Calls expected =
+        occasion == InputDevices::Occasion::StartUp ? GetParam().AtStartUp : GetParam().OnceChosen;
+    expected.emplace_back("trigger open 7 57600");
+    EXPECT_EQ(rig.Made, expected);
+  }
+}
+INSTANTIATE_TEST_SUITE_P(Sources, Opening, ::testing::ValuesIn(kOpenRows),
+                         [](const auto& row) { return row.param.Name; });
+
+TEST(InputDevices, ClosingTouchesOpenPortsOnly) {
   DevicesRig rig;
-  rig.Devices.CloseMeterPort();
-  rig.Devices.CloseTriggerPort();
+  rig.Devices.ClosePorts();
   EXPECT_THAT(rig.Made, IsEmpty());
   rig.MSComm1.IsOpen = rig.MSCommTrigger.IsOpen = true;
-  rig.Devices.CloseMeterPort();
-  rig.Devices.CloseTriggerPort();
+  rig.Devices.ClosePorts();
   EXPECT_THAT(rig.Made, ElementsAre("meter close", "trigger close"));
 }
 
-TEST(MeterDevices, AMeterThatIsUnpluggedIsToldInItsWindow) {
+TEST(InputDevices, AMeterThatIsUnpluggedIsToldInItsWindow) {
   DevicesRig rig;
   rig.MSComm1.OnGone();
   EXPECT_EQ(rig.Display.Shape, StatusColour::Red);
   EXPECT_EQ(rig.Display.lblStatus, "The meter's port has gone. Plug it in and choose the input again.");
 }
 
-TEST(MeterDevices, TheWindowIsShownAndTheModuleClosedOnRequest) {
+TEST(InputDevices, TheWindowIsShownAndTheModuleClosedOnRequest) {
   DevicesRig rig;
   rig.Devices.ShowMeterWindow();
   EXPECT_EQ(rig.Display.Shown, 1);
