@@ -64,7 +64,7 @@ std::vector<double> Turn() {
   rig.Settings.PeakInputLevel = 1000.F;
   rig.Panel.RotationSeconds = kSecondsPerTurn;
   ChosenInput input(
-      {rig.Settings, rig.Flags, sound, thresholds, rig.Meter, program, rig.Pump, clock, rig.Panel});
+      {rig.Settings, rig.Flags, sound, thresholds, rig.Meter, program, rig.Pump, clock, rig.Front().Tell});
   const CollectionParts parts{clock,
                               rig.Pump,
                               rig.Flags,
@@ -77,7 +77,8 @@ std::vector<double> Turn() {
                               rig.Meter,
                               rig.Store,
                               rig.Settings,
-                              rig.Panel,
+                              rig.Front(),
+                              234.0F,
                               rig.Messages,
                               rig.Waiting};
   std::vector<std::int64_t> ends;

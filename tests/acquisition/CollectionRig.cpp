@@ -1,54 +1,26 @@
 #include "acquisition/CollectionRig.h"
 
 #include <algorithm>
+#include <variant>
 
 namespace lobegraph {
 
-std::string FakePanel::DateTimeText() {
-  log_.emplace_back("DateTimeText");
-  return DateTime;
+RunControls FakePanel::Controls() const {
+  return {.AutoStart = AutoStart,
+          .AutoStop = AutoStop,
+          .Triggered = Triggered,
+          .PlotInDb = PlotInDB,
+          .Calibrate = Calibrate,
+          .PlotScale = Scale,
+          .RotationSeconds = RotationSeconds};
 }
 
-void FakePanel::UncheckCalibrate() {
-  Calibrate = false;
-  log_.emplace_back("UncheckCalibrate");
+void FakePanel::Show(const RunEvent& event) {
+  std::visit([this](const auto& what) { On(what); }, event);
 }
 
-void FakePanel::EnableTimer1() { log_.emplace_back("EnableTimer1"); }
-void FakePanel::DisableTimer1() { log_.emplace_back("DisableTimer1"); }
-
-void FakePanel::Lock() {
-  Locked = true;
-  log_.emplace_back("Lock");
-}
-
-void FakePanel::Unlock() {
-  Locked = false;
-  log_.emplace_back("Unlock");
-}
-
-void FakePanel::LockForSweep() {
-  Locked = true;
-  log_.emplace_back("LockForSweep");
-}
-
-void FakePanel::UnlockAfterSweep() {
-  Locked = false;
-  log_.emplace_back("UnlockAfterSweep");
-}
-
-void FakePanel::PaintCalibrate(StatusColour background, bool bold) {
-  log_.push_back("PaintCalibrate " + NameOf(background) + (bold ? " bold" : ""));
-}
-
-void FakePanel::ShowManualTrigger(bool shown) {
-  log_.emplace_back(shown ? "ShowManualTrigger" : "HideManualTrigger");
-}
-
-void FakePanel::ClearOverlay() { log_.emplace_back("ClearOverlay"); }
-
-void FakePanel::ClearPlotFields() {
-  log_.emplace_back("ClearPlotFields");
+/// What begins a turn or a sweep clears of the record.
+void FakePanel::ClearFields() {
   record_.TrimFront = 0;
   record_.TrimEnd = 0;
   record_.Rotate = 0.0F;
@@ -56,49 +28,56 @@ void FakePanel::ClearPlotFields() {
   record_.FileName.clear();
 }
 
-void FakePanel::DrawCircularGrid() { log_.emplace_back("DrawCircularGrid"); }
-void FakePanel::UsePlotUserColour() { log_.emplace_back("UsePlotUserColour"); }
-
-float FakePanel::PrepareAngularStep() {
-  log_.emplace_back("PrepareAngularStep");
-  return AngularStep;
+void FakePanel::On(const run_event::TurnBegins&) {
+  log_.emplace_back("TurnBegins");
+  Locked = true;
+  ClearFields();
 }
-
-void FakePanel::PlotPoint(float positionDeg, float radius) {
-  log_.emplace_back("PlotPoint");
-  Points.push_back({positionDeg, radius});
+void FakePanel::On(const run_event::SourceRuns&) { log_.emplace_back("SourceRuns"); }
+void FakePanel::On(const run_event::ManualTrigger& trigger) {
+  log_.emplace_back(trigger.Offered ? "manual trigger offered" : "manual trigger gone");
 }
-
-void FakePanel::ShowLevel(float level) {
-  log_.emplace_back("ShowLevel");
-  Levels.push_back(level);
+void FakePanel::On(const run_event::LevelColour& level) { log_.push_back("level " + NameOf(level.Colour)); }
+void FakePanel::On(const run_event::ReadingStored& reading) {
+  log_.push_back("ReadingStored " + std::to_string(reading.Index));
+  Levels.push_back(reading.Level);
+  Stored.push_back(reading.Index);
+  if (OnStored) OnStored(reading.Index);
 }
-
-void FakePanel::PaintLevel(StatusColour background) { log_.push_back("PaintLevel " + NameOf(background)); }
-void FakePanel::ShowLevelAtRest() { log_.emplace_back("ShowLevelAtRest"); }
-
-void FakePanel::ShowReadingNumber(const std::string& text) {
-  log_.push_back("ReadingNumber " + text);
-  ReadingNumber = text;
+void FakePanel::On(const run_event::ReadingPlotted& reading) {
+  log_.push_back("ReadingPlotted " + std::to_string(reading.Index));
+  Points.push_back({reading.PositionDeg, reading.Radius});
 }
-
-void FakePanel::ShowReadingsPlotted(const std::string& text) {
-  log_.push_back("ReadingsPlotted " + text);
-  ReadingsPlotted = text;
+void FakePanel::On(const run_event::SourceRests&) { log_.emplace_back("SourceRests"); }
+void FakePanel::On(const run_event::TurnEnds& turn) {
+  log_.push_back("TurnEnds " + std::to_string(turn.ReadingsTaken) + " " + std::to_string(turn.LowReadings));
+  ReadingsTaken = turn.ReadingsTaken;
+  LowReadings = turn.LowReadings;
 }
-
-void FakePanel::ShowTrimEnd(const std::string& text) {
-  log_.push_back("TrimEnd " + text);
-  TrimEnd = text;
+void FakePanel::On(const run_event::TurnUnlocked&) {
+  log_.emplace_back("TurnUnlocked");
+  Locked = false;
 }
-
-void FakePanel::ReadingStored(int index) {
-  log_.push_back("ReadingStored " + std::to_string(index));
-  Stored.push_back(index);
-  if (OnStored) OnStored(index);
+void FakePanel::On(const run_event::TurnAbandoned&) { log_.emplace_back("TurnAbandoned"); }
+void FakePanel::On(const run_event::SweepBegins&) {
+  log_.emplace_back("SweepBegins");
+  Locked = true;
+  ClearFields();
 }
-
-void FakePanel::ShowRecordAgain() { log_.emplace_back("ShowRecordAgain"); }
+void FakePanel::On(const run_event::SweepRound&) { log_.emplace_back("SweepRound"); }
+void FakePanel::On(const run_event::SweepPoint& point) {
+  log_.emplace_back("SweepPoint");
+  Levels.push_back(point.Level);
+  Points.push_back({point.PositionDeg, point.Radius});
+}
+void FakePanel::On(const run_event::SweepEnds&) {
+  log_.emplace_back("SweepEnds");
+  Locked = false;
+}
+void FakePanel::On(const run_event::CalibrateOff&) {
+  log_.emplace_back("CalibrateOff");
+  Calibrate = false;
+}
 
 float FakeLevel::ReadInputLevel() {
   log_.emplace_back("ReadInputLevel");

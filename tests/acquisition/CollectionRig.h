@@ -19,8 +19,8 @@ using CallLog = std::vector<std::string>;
 
 using test::NameOf;
 
-/// The window as the user left it. Writes go to the log; values stay to be looked at.
-class FakePanel final : public CollectionPanel {
+/// The window as the user left it. What it is told goes to the log; values stay to be looked at.
+class FakePanel {
  public:
   FakePanel(CallLog& log, ReadingsRecord& record) : log_(log), record_(record) {}
 
@@ -31,10 +31,7 @@ class FakePanel final : public CollectionPanel {
   bool Calibrate = false;
   int Scale = 35;
   int RotationSeconds = 36;
-  float AngularStep = 1.0F;
   bool Locked = false;
-  std::string DateTime = "12:00 01/02/2030";
-  std::string Operator = "K1AB";
 
   struct Point {
     float PositionDeg;
@@ -43,46 +40,31 @@ class FakePanel final : public CollectionPanel {
   std::vector<Point> Points;
   std::vector<float> Levels;
   std::vector<int> Stored;
-  std::string ReadingNumber;
-  std::string ReadingsPlotted;
-  std::string TrimEnd;
+  int ReadingsTaken = -1;
+  int LowReadings = -1;
   std::function<void(int)> OnStored;
 
-  bool chkAutoStart() const override { return AutoStart; }
-  bool chkAutoStop() const override { return AutoStop; }
-  bool chkTrigger() const override { return Triggered; }
-  bool chkPlotInDB() const override { return PlotInDB; }
-  bool chkCalibrate() const override { return Calibrate; }
-  int Slider1() const override { return Scale; }
-  int Slider2() const override { return RotationSeconds; }
-  std::string OperatorName() const override { return Operator; }
-  float FullScaleRadius() const override { return 234.0F; }
-  std::string DateTimeText() override;
-  void UncheckCalibrate() override;
-  void EnableTimer1() override;
-  void DisableTimer1() override;
-  void Lock() override;
-  void Unlock() override;
-  void LockForSweep() override;
-  void UnlockAfterSweep() override;
-  void PaintCalibrate(StatusColour background, bool bold) override;
-  void ShowManualTrigger(bool shown) override;
-  void ClearOverlay() override;
-  void ClearPlotFields() override;
-  void DrawCircularGrid() override;
-  void UsePlotUserColour() override;
-  float PrepareAngularStep() override;
-  void PlotPoint(float positionDeg, float radius) override;
-  void ShowLevel(float level) override;
-  void PaintLevel(StatusColour background) override;
-  void ShowLevelAtRest() override;
-  void ShowReadingNumber(const std::string& text) override;
-  void ShowReadingsPlotted(const std::string& text) override;
-  void ShowTrimEnd(const std::string& text) override;
-  void ReadingStored(int index) override;
-  void ShowRecordAgain() override;
+  RunControls Controls() const;
+  void Show(const RunEvent& event);
 
  private:
+  void On(const run_event::TurnBegins&);
+  void On(const run_event::SourceRuns&);
+  void On(const run_event::ManualTrigger& trigger);
+  void On(const run_event::LevelColour& level);
+  void On(const run_event::ReadingStored& reading);
+  void On(const run_event::ReadingPlotted& reading);
+  void On(const run_event::SourceRests&);
+  void On(const run_event::TurnEnds& turn);
+  void On(const run_event::TurnUnlocked&);
+  void On(const run_event::TurnAbandoned&);
+  void On(const run_event::SweepBegins&);
+  void On(const run_event::SweepRound&);
+  void On(const run_event::SweepPoint& point);
+  void On(const run_event::SweepEnds&);
+  void On(const run_event::CalibrateOff&);
+  void ClearFields();
+
   CallLog& log_;
   ReadingsRecord& record_;
 };
@@ -167,13 +149,17 @@ struct CollectionRig {
                         Meter,
                         Store,
                         Settings,
-                        Panel,
+                        Front(),
+                        234.0F,
                         Messages,
                         Waiting};
   CollectionEngine Engine{Parts};
   CalibrateSweep Sweep{Parts, Engine};
 
   CollectionRig();
+  RunFront Front() {
+    return {[this] { return Panel.Controls(); }, [this](const RunEvent& event) { Panel.Show(event); }};
+  }
   RunReport Collect() { return Engine.cmdCollectData_Click(); }
   /// A record that holds a pattern of that many readings, each 50.
   void HoldPattern(int readings);

@@ -7,6 +7,9 @@
 #include "acquisition/run/SourceCheck.h"
 
 namespace lobegraph {
+
+using namespace run_event;
+
 namespace {
 
 constexpr float kLastCounter = 359.0F;
@@ -15,15 +18,12 @@ constexpr int kSamplePauseMs = 5;
 
 }  // namespace
 
-void CalibrateSweep::chkCalibrate_Click() {
-  CollectionPanel& panel = parts_.Panel;
-  if (!panel.chkCalibrate()) return;
-  if (!parts_.Flags.InputReady) {
-    parts_.Messages.Show({kNoInputMessage});
-    panel.UncheckCalibrate();
-    return;
-  }
-  if (MeterReady()) panel.EnableTimer1();
+bool CalibrateSweep::chkCalibrate_Click() {
+  if (!parts_.Window.Controls().Calibrate) return false;
+  if (parts_.Flags.InputReady) return MeterReady();
+  parts_.Messages.Show({kNoInputMessage});
+  parts_.Window.Tell(CalibrateOff{});
+  return false;
 }
 
 /// Deliberate: a closed port of a meter that takes a command unticks the box and yet lets the sweep start; it
@@ -32,19 +32,18 @@ bool CalibrateSweep::MeterReady() {
   const LevelSource& source = parts_.Source();
   if (!source.CalibrateCommand.empty()) SendCommand(source.CalibrateCommand);
   if (source.Comes != Intake::Polled || ExternalMeterReady(parts_)) return true;
-  parts_.Panel.UncheckCalibrate();
+  parts_.Window.Tell(CalibrateOff{});
   return false;
 }
 
 void CalibrateSweep::SendCommand(std::string_view command) {
   if (parts_.MSComm1.PortOpen()) return parts_.MSComm1.Send(command);
   parts_.Messages.Show({kMeterPortMessage});
-  parts_.Panel.UncheckCalibrate();
+  parts_.Window.Tell(CalibrateOff{});
 }
 
 RunReport CalibrateSweep::Timer1_Timer() {
   RunFlags& flags = parts_.Flags;
-  parts_.Panel.DisableTimer1();
   if (flags.Running() || flags.CloseRequested) return {};
   std::exception_ptr fault;
   countBefore_ = parts_.Record.ReadingCount;
@@ -53,33 +52,28 @@ RunReport CalibrateSweep::Timer1_Timer() {
     Sweep();
   } catch (...) {
     fault = std::current_exception();
-    parts_.Panel.UncheckCalibrate();
+    parts_.Window.Tell(CalibrateOff{});
     flags.CollectRequested = false;
   }
   End();
   if (fault) std::rethrow_exception(fault);
   if (flags.CloseRequested || !std::exchange(flags.CollectRequested, false)) return {};
-  parts_.Panel.UncheckCalibrate();
+  parts_.Window.Tell(CalibrateOff{});
   return engine_.cmdCollectData_Click();
 }
 
 void CalibrateSweep::Begin() {
-  CollectionPanel& panel = parts_.Panel;
   parts_.Flags.IsSweeping = true;
   parts_.Flags.ManualTriggerPressed = false;
-  panel.ClearOverlay();
-  panel.ClearPlotFields();
-  panel.LockForSweep();
-  panel.UsePlotUserColour();
-  plotScale_ = panel.Slider1();
-  panel.PaintCalibrate(StatusColour::LightRed, true);
+  plotScale_ = parts_.Window.Controls().PlotScale;
+  parts_.Window.Tell(SweepBegins{});
 }
 
 void CalibrateSweep::Sweep() {
   if (parts_.FromSoundCard()) {
     if (!parts_.Sound.StartSoundCapture()) {
       failure_ = parts_.Sound.SoundFailure();
-      parts_.Panel.UncheckCalibrate();
+      parts_.Window.Tell(CalibrateOff{});
       return;
     }
     parts_.Pump.Begin();
@@ -87,31 +81,27 @@ void CalibrateSweep::Sweep() {
   do {
     SweepOnce();
   } while (GoesOn());
-  if (parts_.Pump.Lost()) parts_.Panel.UncheckCalibrate();
+  if (parts_.Pump.Lost()) parts_.Window.Tell(CalibrateOff{});
 }
 
 bool CalibrateSweep::GoesOn() const {
   const RunFlags& flags = parts_.Flags;
-  return parts_.Panel.chkCalibrate() && !flags.CollectRequested && !flags.CloseRequested &&
+  return parts_.Window.Controls().Calibrate && !flags.CollectRequested && !flags.CloseRequested &&
          !parts_.Pump.Lost();
 }
 
 void CalibrateSweep::SweepOnce() {
-  parts_.Panel.DrawCircularGrid();
+  parts_.Window.Tell(SweepRound{});
   for (float counter = 0.0F; counter <= kLastCounter && GoesOn(); counter += 1.0F) {
-    ShowPoint(counter);
+    TellPoint(counter);
     parts_.Pump.ProcessPendingEvents();
   }
 }
 
-void CalibrateSweep::ShowPoint(float counter) {
-  CollectionPanel& panel = parts_.Panel;
+void CalibrateSweep::TellPoint(float counter) {
   const float level = AverageLevel();
-  panel.ShowLevel(level);
-  const float downDb = LiveDownDb(parts_, level);
-  const float radius = LiveRadius(parts_, level, downDb, plotScale_);
-  panel.UsePlotUserColour();
-  panel.PlotPoint(counter, radius);
+  const float radius = LiveRadius(parts_, level, LiveDownDb(parts_, level), plotScale_);
+  parts_.Window.Tell(SweepPoint{level, counter, radius});
 }
 
 float CalibrateSweep::AverageLevel() {
@@ -124,17 +114,13 @@ float CalibrateSweep::AverageLevel() {
 }
 
 void CalibrateSweep::End() {
-  CollectionPanel& panel = parts_.Panel;
   const std::string lost = parts_.Pump.End();
   const std::string failure = lost.empty() ? std::exchange(failure_, {}) : lost;
   if (parts_.FromSoundCard()) parts_.Sound.StopSoundCapture();
   parts_.Flags.IsSweeping = false;
   if (parts_.Flags.CloseRequested) return;
-  panel.UnlockAfterSweep();
-  panel.PaintCalibrate(StatusColour::LightYellow, false);
-  panel.ShowLevelAtRest();
   parts_.Record.ReadingCount = countBefore_;
-  panel.DrawCircularGrid();
+  parts_.Window.Tell(SweepEnds{});
   if (!failure.empty()) parts_.Messages.Show({failure, kSoundErrorTitle, true});
   parts_.Waiting.ShowWaiting();
 }

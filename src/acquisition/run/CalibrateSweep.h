@@ -14,9 +14,9 @@ class CalibrateSweep {
  public:
   CalibrateSweep(const CollectionParts& parts, CollectionEngine& engine) : parts_(parts), engine_(engine) {}
 
-  /// A click of the box by the user: checks the source and has Timer1 start the sweep. A box that was
-  /// unticked ends the sweep by itself.
-  void chkCalibrate_Click();
+  /// A click of the box by the user: checks the source. A box that was unticked ends the sweep by itself.
+  /// @return whether the sweep is to start, at the next turn of the event loop
+  bool chkCalibrate_Click();
 
   /// Runs the sweep until the box is unticked, a collection is requested (which then runs), the sound card
   /// fails or the window is closed.
@@ -30,7 +30,7 @@ class CalibrateSweep {
   void Sweep();
   bool GoesOn() const;
   void SweepOnce();
-  void ShowPoint(float counter);
+  void TellPoint(float counter);
   float AverageLevel();
   void End();
 

@@ -29,7 +29,7 @@ float ChosenInput::ReadInputLevel() {
 float ChosenInput::ReadSoundCard() {
   const SoundReading reading = ReadSoundLevel(parts_.Sound, parts_.Flags.InputReady,
                                               parts_.Settings.PeakInputLevel, parts_.Thresholds, parts_.Time);
-  if (reading.Colour) parts_.Panel.PaintLevel(StatusOf(*reading.Colour));
+  if (reading.Colour) parts_.Tell(run_event::LevelColour{StatusOf(*reading.Colour)});
   return reading.Level;
 }
 

@@ -4,7 +4,7 @@
 #include "acquisition/core/RunFlags.h"
 #include "acquisition/meters/ExternalMeter.h"
 #include "acquisition/meters/MeterState.h"
-#include "acquisition/run/CollectionPanel.h"
+#include "acquisition/run/RunEvents.h"
 #include "acquisition/sound/SoundLevel.h"
 #include "settings/SettingsValues.h"
 
@@ -22,7 +22,7 @@ class ChosenInput {
     ExternalMeter& Program;
     EventPump& Pump;
     Clock& Time;
-    CollectionPanel& Panel;
+    std::function<void(const RunEvent&)> Tell;
   };
   explicit ChosenInput(const Parts& parts) : parts_(parts) {}
 

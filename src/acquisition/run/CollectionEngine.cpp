@@ -8,7 +8,7 @@ namespace lobegraph {
 RunReport CollectionEngine::cmdCollectData_Click() {
   RunFlags& flags = parts_.Flags;
   if (flags.IsCollecting || flags.CloseRequested || !SourceReady(parts_)) return {};
-  if (parts_.Panel.chkCalibrate() || flags.IsSweeping) {
+  if (parts_.Window.Controls().Calibrate || flags.IsSweeping) {
     flags.CollectRequested = true;
     return {};
   }

@@ -8,7 +8,7 @@
 #include "acquisition/core/UserMessages.h"
 #include "acquisition/meters/LevelSource.h"
 #include "acquisition/meters/MeterState.h"
-#include "acquisition/run/CollectionPanel.h"
+#include "acquisition/run/RunEvents.h"
 #include "acquisition/run/SourceWatch.h"
 #include "acquisition/serial/SCom.h"
 #include "acquisition/sound/SoundCapture.h"
@@ -33,7 +33,8 @@ struct CollectionParts {
   const MeterState& Meter;
   SettingsStore& Store;
   const SettingsValues& Settings;
-  CollectionPanel& Panel;
+  RunFront Window;
+  float FullScaleRadius;    ///< of the plot, surface units
   UserMessages& Messages;   ///< refusals, shown at once: nothing runs then
   DeviceMessages& Waiting;  ///< what devices had to say during the run, shown after the unlock
 

@@ -1,9 +1,12 @@
 #include "acquisition/run/CollectionRun.h"
 
-#include "data/base/Numbers.h"
 #include "data/base/Rounding.h"
+#include "processing/PlotRange.h"
 
 namespace lobegraph {
+
+using namespace run_event;
+
 namespace {
 
 constexpr float kLastCounter = 359.0F;
@@ -33,28 +36,22 @@ RunReport CollectionRun::Take() {
 
 void CollectionRun::Begin() {
   RunFlags& flags = parts_.Flags;
-  CollectionPanel& panel = parts_.Panel;
   flags.CollectRequested = false;
   flags.ManualTriggerPressed = false;
   flags.HaltRequested = 0;  // before halt is enabled: a press while capture starts counts
-  panel.ClearOverlay();
-  parts_.Record.CollectedBy = panel.OperatorName();
-  parts_.Record.CollectedDate = panel.DateTimeText();
-  panel.DrawCircularGrid();
-  panel.Lock();
+  parts_.Window.Tell(TurnBegins{});
   flags.IsCollecting = true;
-  panel.UsePlotUserColour();
-  plotScale_ = panel.Slider1();
-  panel.ClearPlotFields();
+  plotScale_ = parts_.Window.Controls().PlotScale;
 }
 
 void CollectionRun::Collect() {
   if (!StartSource()) return;
-  CollectionPanel& panel = parts_.Panel;
-  panel.ShowManualTrigger(panel.chkTrigger());
-  intervalMs_ = ToInt32(static_cast<double>(panel.Slider2()) / kReadingsPerTurn * 1000.0);
-  angularStep_ = panel.PrepareAngularStep();
-  if (panel.chkAutoStart()) AwaitSignal();
+  const RunControls controls = parts_.Window.Controls();
+  parts_.Window.Tell(ManualTrigger{controls.Triggered});
+  intervalMs_ = ToInt32(static_cast<double>(controls.RotationSeconds) / kReadingsPerTurn * 1000.0);
+  angularStep_ = DegreesBetween(kReadingsPerTurn, parts_.Record.Plot180);
+  parts_.Window.Tell(SourceRuns{});
+  if (controls.AutoStart) AwaitSignal();
   AwaitStartupDelay();
   if (!parts_.Flags.CloseRequested) TakeReadings();
 }
@@ -103,7 +100,7 @@ void CollectionRun::TakeReadings() {
 /// False when the turn ended before the reading was complete.
 bool CollectionRun::TakeReading() {
   SampleMean mean;
-  if (parts_.Panel.chkTrigger()) {
+  if (parts_.Window.Controls().Triggered) {
     if (!SampleAtTrigger(mean)) return false;
   } else {
     SampleUntilDeadline(mean);
@@ -114,7 +111,7 @@ bool CollectionRun::TakeReading() {
   StoreReading(index, level);
   if (!parts_.FromSoundCard()) NoteFreshness(index);
   PlotReading(index, level);
-  if (parts_.Panel.chkAutoStop()) WatchForEnd(level);
+  if (parts_.Window.Controls().AutoStop) WatchForEnd(level);
   return true;
 }
 
@@ -155,11 +152,10 @@ void CollectionRun::NoteFreshness(int index) {
 }
 
 void CollectionRun::StoreReading(int index, float level) {
-  parts_.Panel.ShowLevel(level);
   parts_.Record.Readings(index) = level;
   stored_ = index + 1;
   heard_ = heard_ || level > kSilence;
-  parts_.Panel.ReadingStored(index);
+  parts_.Window.Tell(ReadingStored{index, level});
 }
 
 void CollectionRun::PlotReading(int index, float level) {
@@ -169,8 +165,7 @@ void CollectionRun::PlotReading(int index, float level) {
     bestIndex_ = ToInt16(index);
   }
   const float radius = LiveRadius(parts_, level, downDb, plotScale_);
-  parts_.Panel.PlotPoint(angularStep_ * counter_, radius);
-  parts_.Panel.ShowReadingNumber(SingleText(counter_ + 1.0F));
+  parts_.Window.Tell(ReadingPlotted{index, angularStep_ * counter_, radius});
 }
 
 void CollectionRun::WatchForEnd(float level) {

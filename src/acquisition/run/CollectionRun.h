@@ -43,7 +43,6 @@ class CollectionRun {
   int LastIndex(bool faulty);
   void FinishPattern(bool faulty);
   void CountSilence();
-  void ShowCounts();
   void Unlock();
 
   bool Halted() const { return parts_.Flags.HaltRequested == 1; }

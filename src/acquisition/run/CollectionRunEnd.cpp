@@ -6,6 +6,9 @@
 #include "data/base/Rounding.h"
 
 namespace lobegraph {
+
+using namespace run_event;
+
 namespace {
 
 constexpr float kLastCounter = 359.0F;
@@ -27,7 +30,7 @@ void CollectionRun::Close(bool faulty) {
     return;
   }
   const bool started = sourceStarted_ || !parts_.FromSoundCard();
-  if (started) parts_.Panel.ShowLevelAtRest();
+  if (started) parts_.Window.Tell(SourceRests{});
   if (report_.Ran) {
     FinishPattern(faulty);
     Unlock();
@@ -43,7 +46,7 @@ void CollectionRun::Close(bool faulty) {
 void CollectionRun::Abandon() {
   parts_.Record = before_;
   Unlock();
-  parts_.Panel.ShowRecordAgain();
+  parts_.Window.Tell(TurnAbandoned{});
 }
 
 /// Deliberate: the halt flag counts against the counter, so a halt that takes effect on the last reading
@@ -67,7 +70,7 @@ void CollectionRun::FinishPattern(bool faulty) {
     record.PeakIndex = bestIndex_;
     report_.NothingHeard = parts_.FromSoundCard() && !heard_;
   }
-  ShowCounts();
+  parts_.Window.Tell(TurnEnds{report_.ReadingsTaken, lowRun_});
   record.SaveReadings();
 }
 
@@ -77,17 +80,9 @@ void CollectionRun::CountSilence() {
   report_.Silent = silence_.End(parts_.Time.timeGetTime(), gone);
 }
 
-void CollectionRun::ShowCounts() {
-  const std::string count = std::to_string(report_.ReadingsTaken);
-  parts_.Panel.ShowReadingNumber(count);
-  parts_.Panel.ShowReadingsPlotted(count);
-  parts_.Panel.ShowTrimEnd(std::to_string(lowRun_));
-}
-
 void CollectionRun::Unlock() {
-  parts_.Panel.Unlock();
-  parts_.Panel.PaintCalibrate(StatusColour::LightYellow, false);
-  parts_.Panel.ShowManualTrigger(false);
+  parts_.Window.Tell(TurnUnlocked{});
+  parts_.Window.Tell(ManualTrigger{false});
   parts_.Flags.IsCollecting = false;
 }
 

@@ -27,9 +27,9 @@ float LiveDownDb(const CollectionParts& parts, float level) {
 }
 
 float LiveRadius(const CollectionParts& parts, float level, float downDb, int plotScale) {
-  const PlotScale scale = ScaleOf(parts.Panel.chkPlotInDB(), parts.Settings.ShowLogScale);
+  const PlotScale scale = ScaleOf(parts.Window.Controls().PlotInDb, parts.Settings.ShowLogScale);
   const float ratio = scale == PlotScale::Linear ? Ratio(level, parts.Settings.PeakInputLevel) : 0.0F;
-  return PlotRadius(scale, parts.Panel.FullScaleRadius(), ratio, downDb, static_cast<float>(plotScale));
+  return PlotRadius(scale, parts.FullScaleRadius, ratio, downDb, static_cast<float>(plotScale));
 }
 
 }  // namespace lobegraph

@@ -22,7 +22,7 @@ Form1::Form1(const Platform& platform, const PlotGeometry& geometry)
       trigger_(platform.Trigger, globals_.Run, watch_),
       panel_(parts_, board_, plot_, copy_, sound_),
       input_({globals_.Settings, globals_.Run, globals_.Sound, globals_.Thresholds, globals_.Meter,
-              platform.MeterProgram, watch_, platform.Time, panel_}),
+              platform.MeterProgram, watch_, platform.Time, RunWindow().Tell}),
       run_(parts_, RunParts(platform), copy_),
       shell_(parts_, plot_, platform.Store, platform.Devices, frmDX_Record_, sound_),
       settings_(parts_, plot_, platform.Store),
@@ -30,6 +30,11 @@ Form1::Form1(const Platform& platform, const PlotGeometry& geometry)
   globals_.VersionText = platform.VersionText;
   globals_.WorkingFolder = platform.WorkingFolder;
   ConnectHandlers();
+}
+
+RunFront Form1::RunWindow() {
+  return {.Controls = [this] { return panel_.Controls(); },
+          .Tell = [this](const RunEvent& event) { panel_.Show(event); }};
 }
 
 CollectionParts Form1::RunParts(const Platform& platform) {
@@ -45,7 +50,8 @@ CollectionParts Form1::RunParts(const Platform& platform) {
           .Meter = globals_.Meter,
           .Store = platform.Store,
           .Settings = globals_.Settings,
-          .Panel = panel_,
+          .Window = RunWindow(),
+          .FullScaleRadius = board_.Geometry().R,
           .Messages = platform.Dialogs,
           .Waiting = waiting_};
 }

@@ -75,6 +75,7 @@ class Form1 {
   const AppParts& Parts() const { return parts_; }
 
  private:
+  RunFront RunWindow();
   CollectionParts RunParts(const Platform& platform);
   void ConnectHandlers();
 

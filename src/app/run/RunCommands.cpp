@@ -12,10 +12,13 @@ void RunCommands::cmdCollectData_Click() {
 }
 
 void RunCommands::chkCalibrate_Click() {
-  Guarded(parts_.Dialogs, "chkCalibrate_Click", [&] { sweep_.chkCalibrate_Click(); });
+  Guarded(parts_.Dialogs, "chkCalibrate_Click", [&] {
+    if (sweep_.chkCalibrate_Click()) parts_.View.EnableTimer1(true);
+  });
 }
 
 void RunCommands::Timer1_Timer() {
+  parts_.View.EnableTimer1(false);  // it starts one sweep only
   RunReport report;
   Guarded(parts_.Dialogs, "Timer1_Timer", [&] {
     const StayAwake awake(parts_.Desktop);

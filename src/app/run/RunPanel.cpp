@@ -1,5 +1,7 @@
 #include "app/run/RunPanel.h"
 
+#include <variant>
+
 #include "acquisition/meters/LevelSource.h"
 #include "app/run/RunHints.h"
 #include "processing/PlotRange.h"
@@ -21,34 +23,113 @@ Colour ShadeOf(StatusColour colour) {
   }
 }
 
+RunControls RunPanel::Controls() const {
+  const ControlView& view = parts_.View;
+  return {.AutoStart = view.Checked(Control::chkAutoStart),
+          .AutoStop = view.Checked(Control::chkAutoStop),
+          .Triggered = view.Checked(Control::chkTrigger),
+          .PlotInDb = view.Checked(Control::chkPlotInDB),
+          .Calibrate = view.Checked(Control::chkCalibrate),
+          .PlotScale = view.Value(Control::Slider1),
+          .RotationSeconds = view.Value(Control::Slider2)};
+}
+
+void RunPanel::Show(const RunEvent& event) {
+  std::visit([this](const auto& what) { On(what); }, event);
+}
+
+void RunPanel::On(const run_event::TurnBegins&) {
+  plot_.EndOverlay();
+  parts_.Shared.Record.CollectedBy = parts_.Shared.UserName;
+  parts_.Shared.Record.CollectedDate = DateTimeText();
+  DrawEmptyGrid();
+  Lock();
+  board_.UsePlotUserColour();
+  ClearPlotFields();
+}
+
 std::string RunPanel::DateTimeText() {
   parts_.View.SetText(Control::lblDateTime, parts_.System.TimeAndDate());
   return parts_.View.Text(Control::lblDateTime);
 }
 
 void RunPanel::Lock() {
-  rotationSeconds_ = Slider2();
-  BeginHint(StartHint(chkAutoStart(), chkTrigger(), rotationSeconds_));
+  const RunControls controls = Controls();
+  rotationSeconds_ = controls.RotationSeconds;
+  BeginHint(StartHint(controls.AutoStart, controls.Triggered, rotationSeconds_));
   Enable(LockedInCollection(), false);
   parts_.View.SetEnabled(Control::cmdHaltInput, true);
   parts_.View.SetFocus(Control::cmdHaltInput);
   copy_.Begin(TimeForFileName());
 }
 
-void RunPanel::Unlock() {
+void RunPanel::On(const run_event::SourceRuns&) {
+  Globals& shared = parts_.Shared;
+  shared.Record.Rotate = RotationFor(shared.Record, shared.Settings.LinearMode);
+  board_.StartLiveTrace();
+  if (!SourceOf(shared.Settings.Input).IsMeter())
+    parts_.View.SetText(Control::lblSource, sound_.SoundSourceName());
+}
+
+void RunPanel::On(const run_event::ManualTrigger& trigger) {
+  parts_.View.SetVisible(Control::cmdTrigger, trigger.Offered);
+}
+
+void RunPanel::On(const run_event::ReadingStored& reading) {
+  ShowLevel(reading.Level);
+  parts_.Shared.HalfLoaded = false;
+  copy_.Store(parts_.Shared.Record, reading.Index);
+  parts_.View.SetText(Control::lblHint,
+                      ProgressHint(reading.Index + 1, Controls().Triggered, rotationSeconds_));
+}
+
+void RunPanel::On(const run_event::ReadingPlotted& reading) {
+  board_.PlotPoint(reading.PositionDeg, reading.Radius);
+  parts_.View.SetText(Control::txtReadingNumber, std::to_string(reading.Index + 1));
+}
+
+void RunPanel::On(const run_event::TurnEnds& turn) {
+  const std::string count = std::to_string(turn.ReadingsTaken);
+  parts_.View.SetText(Control::txtReadingNumber, count);
+  parts_.View.SetText(Control::txtReadingsPlotted, count);
+  parts_.View.SetText(Control::txtTrimEnd, std::to_string(turn.LowReadings));
+}
+
+void RunPanel::On(const run_event::TurnUnlocked&) {
   Enable(LockedInCollection(), true);
   parts_.View.SetEnabled(Control::cmdHaltInput, false);
   parts_.View.SetFocus(Control::cmdRescaleData);
+  PaintCalibrate(StatusColour::LightYellow, false);
 }
 
-void RunPanel::LockForSweep() {
+void RunPanel::On(const run_event::TurnAbandoned&) {
+  parts_.View.SetText(Control::lblHint, hintBefore_);
+  parts_.Shared.DescriptionLoaded = descriptionWasLoaded_;
+  plot_.ShowRecord();
+  plot_.RedrawAll();
+}
+
+void RunPanel::On(const run_event::SweepBegins&) {
+  plot_.EndOverlay();
+  ClearPlotFields();
   BeginHint(CalibrateHint(!SourceOf(parts_.Shared.Settings.Input).IsMeter()));
   Enable(LockedInSweep(), false);
+  board_.UsePlotUserColour();
+  PaintCalibrate(StatusColour::LightRed, true);
 }
 
-void RunPanel::UnlockAfterSweep() {
+void RunPanel::On(const run_event::SweepPoint& point) {
+  ShowLevel(point.Level);
+  board_.UsePlotUserColour();
+  board_.PlotPoint(point.PositionDeg, point.Radius);
+}
+
+void RunPanel::On(const run_event::SweepEnds&) {
   Enable(LockedInSweep(), true);
   parts_.View.SetText(Control::lblHint, kCalibratedHint);
+  PaintCalibrate(StatusColour::LightYellow, false);
+  ShowLevelAtRest();
+  DrawEmptyGrid();
 }
 
 void RunPanel::BeginHint(const std::string& hint) {
@@ -60,7 +141,7 @@ void RunPanel::Enable(std::span<const Control> controls, bool enabled) {
   for (const Control control : controls) parts_.View.SetEnabled(control, enabled);
   if (parts_.frmEditLbg != nullptr) parts_.frmEditLbg->AllowUpdate(enabled);
   // A linear plot has no logarithmic scale to switch to.
-  if (enabled && !chkPlotInDB()) parts_.View.SetEnabled(Control::cmdLogLin, false);
+  if (enabled && !Controls().PlotInDb) parts_.View.SetEnabled(Control::cmdLogLin, false);
 }
 
 void RunPanel::PaintCalibrate(StatusColour background, bool bold) {
@@ -73,19 +154,9 @@ void RunPanel::ClearPlotFields() {
   plot_.ClearPlotFields();
 }
 
-void RunPanel::DrawCircularGrid() {
+void RunPanel::DrawEmptyGrid() {
   board_.DrawCircularGrid();
   board_.StartLiveTrace(0.F);
-}
-
-float RunPanel::PrepareAngularStep() {
-  constexpr std::int16_t kWholeTurn = 360;
-  Globals& shared = parts_.Shared;
-  shared.Record.Rotate = RotationFor(shared.Record, shared.Settings.LinearMode);
-  board_.StartLiveTrace();
-  if (!SourceOf(shared.Settings.Input).IsMeter())
-    parts_.View.SetText(Control::lblSource, sound_.SoundSourceName());
-  return DegreesBetween(kWholeTurn, shared.Record.Plot180);
 }
 
 void RunPanel::ShowLevel(float level) {
@@ -101,23 +172,6 @@ void RunPanel::PaintLevel(StatusColour background) {
 void RunPanel::ShowLevelAtRest() {
   PaintLevel(StatusColour::Yellow);
   parts_.View.SetText(Control::txtChan1, "0.0");
-}
-
-void RunPanel::ShowReadingsPlotted(const std::string& text) {
-  parts_.View.SetText(Control::txtReadingsPlotted, text);
-}
-
-void RunPanel::ReadingStored(int index) {
-  parts_.Shared.HalfLoaded = false;
-  copy_.Store(parts_.Shared.Record, index);
-  parts_.View.SetText(Control::lblHint, ProgressHint(index + 1, chkTrigger(), rotationSeconds_));
-}
-
-void RunPanel::ShowRecordAgain() {
-  parts_.View.SetText(Control::lblHint, hintBefore_);
-  parts_.Shared.DescriptionLoaded = descriptionWasLoaded_;
-  plot_.ShowRecord();
-  plot_.RedrawAll();
 }
 
 }  // namespace lobegraph

@@ -4,7 +4,7 @@
 #include <span>
 #include <string>
 
-#include "acquisition/run/CollectionPanel.h"
+#include "acquisition/run/RunEvents.h"
 #include "acquisition/sound/SoundCapture.h"
 #include "app/parts/AppParts.h"
 #include "app/plot/PlotBoard.h"
@@ -13,53 +13,40 @@
 
 namespace lobegraph {
 
-/// The main window as a run sees it.
-class RunPanel final : public CollectionPanel {
+/// The main window during a run: what its controls hold, and what it makes of what the run tells.
+class RunPanel {
  public:
   RunPanel(const AppParts& parts, PlotBoard& board, PlotCommands& plot, SafetyCopy& copy, SoundCapture& sound)
       : parts_(parts), board_(board), plot_(plot), copy_(copy), sound_(sound) {}
 
-  bool chkAutoStart() const override { return parts_.View.Checked(Control::chkAutoStart); }
-  bool chkAutoStop() const override { return parts_.View.Checked(Control::chkAutoStop); }
-  bool chkTrigger() const override { return parts_.View.Checked(Control::chkTrigger); }
-  bool chkPlotInDB() const override { return parts_.View.Checked(Control::chkPlotInDB); }
-  bool chkCalibrate() const override { return parts_.View.Checked(Control::chkCalibrate); }
-  int Slider1() const override { return parts_.View.Value(Control::Slider1); }
-  int Slider2() const override { return parts_.View.Value(Control::Slider2); }
-  std::string DateTimeText() override;
-  std::string OperatorName() const override { return parts_.Shared.UserName; }
-
-  void UncheckCalibrate() override { parts_.View.SetChecked(Control::chkCalibrate, false); }
-  void EnableTimer1() override { parts_.View.EnableTimer1(true); }
-  void DisableTimer1() override { parts_.View.EnableTimer1(false); }
-
-  void Lock() override;
-  void Unlock() override;
-  void LockForSweep() override;
-  void UnlockAfterSweep() override;
-  void PaintCalibrate(StatusColour background, bool bold) override;
-  void ShowManualTrigger(bool shown) override { parts_.View.SetVisible(Control::cmdTrigger, shown); }
-
-  float FullScaleRadius() const override { return board_.Geometry().R; }
-  void ClearOverlay() override { plot_.EndOverlay(); }
-  void ClearPlotFields() override;
-  void DrawCircularGrid() override;
-  void UsePlotUserColour() override { board_.UsePlotUserColour(); }
-  float PrepareAngularStep() override;
-  void PlotPoint(float positionDeg, float radius) override { board_.PlotPoint(positionDeg, radius); }
-
-  void ShowLevel(float level) override;
-  void PaintLevel(StatusColour background) override;
-  void ShowLevelAtRest() override;
-  void ShowReadingNumber(const std::string& text) override {
-    parts_.View.SetText(Control::txtReadingNumber, text);
-  }
-  void ShowReadingsPlotted(const std::string& text) override;
-  void ShowTrimEnd(const std::string& text) override { parts_.View.SetText(Control::txtTrimEnd, text); }
-  void ReadingStored(int index) override;
-  void ShowRecordAgain() override;
+  RunControls Controls() const;
+  void Show(const RunEvent& event);
 
  private:
+  void On(const run_event::TurnBegins&);
+  void On(const run_event::SourceRuns&);
+  void On(const run_event::ManualTrigger& trigger);
+  void On(const run_event::LevelColour& level) { PaintLevel(level.Colour); }
+  void On(const run_event::ReadingStored& reading);
+  void On(const run_event::ReadingPlotted& reading);
+  void On(const run_event::SourceRests&) { ShowLevelAtRest(); }
+  void On(const run_event::TurnEnds& turn);
+  void On(const run_event::TurnUnlocked&);
+  void On(const run_event::TurnAbandoned&);
+  void On(const run_event::SweepBegins&);
+  void On(const run_event::SweepRound&) { DrawEmptyGrid(); }
+  void On(const run_event::SweepPoint& point);
+  void On(const run_event::SweepEnds&);
+  void On(const run_event::CalibrateOff&) { parts_.View.SetChecked(Control::chkCalibrate, false); }
+
+  std::string DateTimeText();
+  void Lock();
+  void DrawEmptyGrid();
+  void ClearPlotFields();
+  void PaintCalibrate(StatusColour background, bool bold);
+  void ShowLevel(float level);
+  void PaintLevel(StatusColour background);
+  void ShowLevelAtRest();
   void Enable(std::span<const Control> controls, bool enabled);
   /// The line tells of the run; what it told before comes back when nothing came of the run.
   void BeginHint(const std::string& hint);

@@ -59,7 +59,7 @@ TEST(MeterSilence, OneMessageAfterTheUnlockNamesTheFirstAndTheNumber) {
               ElementsAre("The meter had no fresh value for 260 readings, the first is No. 101. Check "
                           "the meter and its cable; then choose the input again."));
   EXPECT_FALSE(rig.Messages.Shown.front().Exclamation) << "the pattern is there";
-  EXPECT_GT(rig.PlaceOf("Message " + rig.Texts().front()), rig.PlaceOf("Unlock"));
+  EXPECT_GT(rig.PlaceOf("Message " + rig.Texts().front()), rig.PlaceOf("TurnUnlocked"));
 }
 
 TEST(MeterSilence, SeveralStretchesAreOneMessage) {

@@ -65,7 +65,8 @@ struct MeterTurn {
   RotatorTrigger Trigger{Line, Rig.Flags, Pump};
   SoundLevelState Sound;
   SoundThresholds Thresholds;
-  ChosenInput Input{{Rig.Settings, Rig.Flags, Sound, Thresholds, Rig.Meter, External, Pump, Time, Rig.Panel}};
+  ChosenInput Input{
+      {Rig.Settings, Rig.Flags, Sound, Thresholds, Rig.Meter, External, Pump, Time, Rig.Front().Tell}};
   CollectionParts Parts{Time,
                         Pump,
                         Rig.Flags,
@@ -78,7 +79,8 @@ struct MeterTurn {
                         Rig.Meter,
                         Store,
                         Rig.Settings,
-                        Rig.Panel,
+                        Rig.Front(),
+                        234.0F,
                         Rig.Messages,
                         Rig.Waiting};
   CollectionEngine Engine{Parts};

@@ -21,26 +21,26 @@ TEST(CalibrateClick, without_a_working_input_is_refused_and_unticked) {
   CollectionRig rig;
   rig.Flags.InputReady = false;
   rig.Panel.Calibrate = true;
-  rig.Sweep.chkCalibrate_Click();
+  EXPECT_FALSE(rig.Sweep.chkCalibrate_Click());
   EXPECT_THAT(rig.Log,
               ElementsAre("Message LBG006 Cannot take readings - calibrate input function inoperative",
-                          "UncheckCalibrate"));
+                          "CalibrateOff"));
 }
 
 TEST(CalibrateClick, that_unticks_does_nothing) {
   for (const bool ready : {false, true}) {
     CollectionRig rig;
     rig.Flags.InputReady = ready;
-    rig.Sweep.chkCalibrate_Click();
+    EXPECT_FALSE(rig.Sweep.chkCalibrate_Click());
     EXPECT_THAT(rig.Log, IsEmpty());
   }
 }
 
-TEST(CalibrateClick, starts_the_timer_for_the_sound_card) {
+TEST(CalibrateClick, starts_the_sweep_for_the_sound_card) {
   CollectionRig rig;
   rig.Panel.Calibrate = true;
-  rig.Sweep.chkCalibrate_Click();
-  EXPECT_THAT(rig.Log, ElementsAre("EnableTimer1"));
+  EXPECT_TRUE(rig.Sweep.chkCalibrate_Click());
+  EXPECT_THAT(rig.Log, IsEmpty());
 }
 
 TEST(CalibrateClick, sends_the_command_to_an_open_ROSKA_meter) {
@@ -48,59 +48,56 @@ TEST(CalibrateClick, sends_the_command_to_an_open_ROSKA_meter) {
   rig.UseSerialMeter();
   rig.Choice.ROSKAmeter = true;
   rig.Panel.Calibrate = true;
-  rig.Sweep.chkCalibrate_Click();
-  EXPECT_THAT(rig.Log, ElementsAre("meter send *c", "EnableTimer1"));
+  EXPECT_TRUE(rig.Sweep.chkCalibrate_Click());
+  EXPECT_THAT(rig.Log, ElementsAre("meter send *c"));
 }
 
 TEST(CalibrateClick, sends_nothing_to_another_meter) {
   CollectionRig rig;
   rig.UseSerialMeter();
   rig.Panel.Calibrate = true;
-  rig.Sweep.chkCalibrate_Click();
-  EXPECT_THAT(rig.Log, ElementsAre("EnableTimer1"));
+  EXPECT_TRUE(rig.Sweep.chkCalibrate_Click());
+  EXPECT_THAT(rig.Log, IsEmpty());
 }
 
 TEST(CalibrateClick,
-     deliberate_a_closed_ROSKA_port_is_reported_and_unticked_and_the_timer_starts_all_the_same) {
+     deliberate_a_closed_ROSKA_port_is_reported_and_unticked_and_the_sweep_starts_all_the_same) {
   CollectionRig rig;
   rig.UseSerialMeter();
   rig.Choice.ROSKAmeter = true;
   rig.Port.IsOpen = false;
   rig.Panel.Calibrate = true;
-  rig.Sweep.chkCalibrate_Click();
+  EXPECT_TRUE(rig.Sweep.chkCalibrate_Click());
   EXPECT_THAT(rig.Log, ElementsAre("Message The Com port for the serially attached dB meter is not available",
-                                   "UncheckCalibrate", "EnableTimer1"));
+                                   "CalibrateOff"));
 }
 
 TEST(CalibrateClick, an_inactive_external_meter_is_refused_unticked_and_stops_there) {
   CollectionRig rig;
   rig.UseExternalMeter("N");
   rig.Panel.Calibrate = true;
-  rig.Sweep.chkCalibrate_Click();
+  EXPECT_FALSE(rig.Sweep.chkCalibrate_Click());
   EXPECT_THAT(rig.Log,
               ElementsAre("lblStatus The external power meter is not ready.", "shape red",
                           "Message The external power meter is not ready and receiving readings.\r\n\r\n"
                           "Please retry after resolving the above problem.",
-                          "UncheckCalibrate"));
+                          "CalibrateOff"));
 }
 
 TEST(CalibrateClick, an_active_external_meter_is_shown_green_and_swept) {
   CollectionRig rig;
   rig.UseExternalMeter("Y");
   rig.Panel.Calibrate = true;
-  rig.Sweep.chkCalibrate_Click();
-  EXPECT_THAT(rig.Log,
-              ElementsAre("lblStatus The external power meter is ready.", "shape green", "EnableTimer1"));
+  EXPECT_TRUE(rig.Sweep.chkCalibrate_Click());
+  EXPECT_THAT(rig.Log, ElementsAre("lblStatus The external power meter is ready.", "shape green"));
 }
 
 TEST(CalibrateSweep, begins_in_its_order) {
   CollectionRig rig;
   UntickAfter(rig, 1);
   rig.Sweep.Timer1_Timer();
-  const CallLog begin(rig.Log.begin(), rig.Log.begin() + 8);
-  EXPECT_THAT(begin, ElementsAre("DisableTimer1", "ClearOverlay", "ClearPlotFields", "LockForSweep",
-                                 "UsePlotUserColour", "PaintCalibrate light red bold", "StartSoundCapture",
-                                 "DrawCircularGrid"));
+  const CallLog begin(rig.Log.begin(), rig.Log.begin() + 3);
+  EXPECT_THAT(begin, ElementsAre("SweepBegins", "StartSoundCapture", "SweepRound"));
 }
 
 TEST(CalibrateSweep, forgets_a_press_of_the_manual_trigger) {
@@ -117,9 +114,8 @@ TEST(CalibrateSweep, each_point_is_three_samples_each_with_a_pause_of_5_ms) {
   std::vector<int> pauses;
   rig.Time.OnSleep = [&](int milliseconds) { pauses.push_back(milliseconds); };
   rig.Sweep.Timer1_Timer();
-  const CallLog point(rig.Log.begin() + 8, rig.Log.begin() + 14);
-  EXPECT_THAT(point, ElementsAre("ReadInputLevel", "ReadInputLevel", "ReadInputLevel", "ShowLevel",
-                                 "UsePlotUserColour", "PlotPoint"));
+  const CallLog point(rig.Log.begin() + 3, rig.Log.begin() + 7);
+  EXPECT_THAT(point, ElementsAre("ReadInputLevel", "ReadInputLevel", "ReadInputLevel", "SweepPoint"));
   EXPECT_THAT(pauses, ElementsAre(5, 5, 5));
   EXPECT_THAT(rig.Panel.Levels, ElementsAre(400.0F));
   EXPECT_EQ(rig.Window.Yields, 4);  // one a pause, one after the point
@@ -129,9 +125,8 @@ TEST(CalibrateSweep, ends_in_its_order) {
   CollectionRig rig;
   UntickAfter(rig, 1);
   rig.Sweep.Timer1_Timer();
-  const CallLog end(rig.Log.begin() + 14, rig.Log.end());
-  EXPECT_THAT(end, ElementsAre("StopSoundCapture", "UnlockAfterSweep", "PaintCalibrate light yellow",
-                               "ShowLevelAtRest", "DrawCircularGrid"));
+  const CallLog end(rig.Log.begin() + 7, rig.Log.end());
+  EXPECT_THAT(end, ElementsAre("StopSoundCapture", "SweepEnds"));
   EXPECT_FALSE(rig.Flags.IsSweeping);
 }
 
@@ -142,14 +137,14 @@ TEST(CalibrateSweep, goes_round_again_and_again_on_a_fresh_grid) {
   ASSERT_EQ(rig.Panel.Points.size(), 800U);
   EXPECT_EQ(rig.Panel.Points[359].PositionDeg, 359.0F);
   EXPECT_EQ(rig.Panel.Points[360].PositionDeg, 0.0F);
-  EXPECT_EQ(rig.CountOf("DrawCircularGrid"), 3 + 1);
+  EXPECT_EQ(rig.CountOf("SweepRound"), 3);
 }
 
 TEST(CalibrateSweep, a_box_unticked_before_the_timer_fires_ends_it_at_its_first_point) {
   CollectionRig rig;
   rig.Sweep.Timer1_Timer();
   EXPECT_THAT(rig.Panel.Points, IsEmpty());
-  EXPECT_EQ(rig.CountOf("DrawCircularGrid"), 2);
+  EXPECT_EQ(rig.CountOf("SweepRound"), 1);
   EXPECT_FALSE(rig.Panel.Locked);
 }
 
@@ -172,7 +167,7 @@ TEST(CalibrateSweep, positions_are_degrees_in_both_drawings_and_never_halved) {
   for (const bool linear : {false, true}) {
     CollectionRig rig;
     rig.Settings.LinearMode = linear;
-    rig.Panel.AngularStep = 0.5F;
+    rig.Record.Plot180 = true;
     UntickAfter(rig, 91);
     rig.Sweep.Timer1_Timer();
     EXPECT_EQ(rig.Panel.Points.at(90).PositionDeg, 90.0F);
@@ -215,7 +210,7 @@ TEST(CalibrateSweep, of_a_meter_shows_its_dB_and_starts_no_capture) {
   EXPECT_FLOAT_EQ(rig.Panel.Points.at(0).Radius, 117.0F);
   EXPECT_THAT(rig.Log, Not(Contains("StartSoundCapture")));
   EXPECT_THAT(rig.Log, Not(Contains("StopSoundCapture")));
-  EXPECT_TRUE(rig.Called("ShowLevelAtRest"));
+  EXPECT_TRUE(rig.Called("SweepEnds"));
 }
 
 TEST(CalibrateSweep, is_a_run_while_it_lasts) {
@@ -235,7 +230,7 @@ TEST(CalibrateSweep, a_second_timer_in_its_middle_changes_nothing) {
     untick(yield);
   };
   rig.Sweep.Timer1_Timer();
-  EXPECT_EQ(rig.CountOf("LockForSweep"), 1);
+  EXPECT_EQ(rig.CountOf("SweepBegins"), 1);
   EXPECT_EQ(rig.Panel.Points.size(), 5U);
 }
 
@@ -249,9 +244,8 @@ TEST(CalibrateSweep, collect_ends_it_and_runs) {
   EXPECT_EQ(report.ReadingsTaken, 360);
   EXPECT_EQ(rig.Panel.Points.size(), 10U + 360U);
   EXPECT_FALSE(rig.Panel.Calibrate);
-  EXPECT_LT(rig.PlaceOf("ShowLevelAtRest"), rig.PlaceOf("UncheckCalibrate"));
-  EXPECT_LT(rig.PlaceOf("UnlockAfterSweep"), rig.PlaceOf("Lock"));
-  EXPECT_LT(rig.PlaceOf("UncheckCalibrate"), rig.PlaceOf("Lock"));
+  EXPECT_LT(rig.PlaceOf("SweepEnds"), rig.PlaceOf("CalibrateOff"));
+  EXPECT_LT(rig.PlaceOf("CalibrateOff"), rig.PlaceOf("TurnBegins"));
   EXPECT_FALSE(rig.Flags.CollectRequested);
 }
 
@@ -324,8 +318,8 @@ TEST(CalibrateSweep, a_closed_window_ends_it_and_nothing_is_written_after) {
     }
   };
   EXPECT_FALSE(rig.Sweep.Timer1_Timer().Ran);
-  EXPECT_FALSE(rig.Called("UnlockAfterSweep"));
-  EXPECT_FALSE(rig.Called("Lock"));
+  EXPECT_FALSE(rig.Called("SweepEnds"));
+  EXPECT_FALSE(rig.Called("TurnBegins"));
   EXPECT_TRUE(rig.Called("StopSoundCapture"));
   EXPECT_EQ(rig.Record.Readings(0), 50.0F);
 }
@@ -335,7 +329,7 @@ TEST(CalibrateSweep, does_not_start_in_a_window_that_closes) {
   rig.Panel.Calibrate = true;
   rig.Flags.RequestClose();
   rig.Sweep.Timer1_Timer();
-  EXPECT_THAT(rig.Log, ElementsAre("DisableTimer1"));
+  EXPECT_THAT(rig.Log, IsEmpty());
 }
 
 TEST(CalibrateSweep, a_fault_unlocks_unticks_and_is_thrown_on) {

@@ -13,7 +13,7 @@ struct InputRig : CollectionRig {
   SoundThresholds Thresholds = SoundThresholds::FromPeak(1000.0F);
   dBMeter Scale{Meter, Settings, MeterForm};
   ExternalMeter Program{Store, Scale, Meter, MeterForm};
-  ChosenInput Input{{Settings, Flags, State, Thresholds, Meter, Program, Window, Time, Panel}};
+  ChosenInput Input{{Settings, Flags, State, Thresholds, Meter, Program, Window, Time, Front().Tell}};
 
   bool Polled() const { return !Store.Log.empty(); }
 };
@@ -33,7 +33,7 @@ TEST(ReadInputLevel, of_the_sound_card_colours_the_box_of_the_level) {
     rig.State.SoundLevel = level;
     rig.Input.ReadInputLevel();
   }
-  EXPECT_THAT(rig.Log, ElementsAre("PaintLevel yellow", "PaintLevel green", "PaintLevel light red"));
+  EXPECT_THAT(rig.Log, ElementsAre("level yellow", "level green", "level light red"));
 }
 
 TEST(ReadInputLevel, of_the_sound_card_is_held_at_the_peak_input_level) {

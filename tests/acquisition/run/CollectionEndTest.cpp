@@ -17,25 +17,23 @@ TEST(CollectionEnd, a_full_turn_has_360_readings_and_last_index_359) {
   EXPECT_EQ(rig.Record.ReadingsPlotted, 360);
   EXPECT_EQ(rig.Record.Readings(359), 300.0F);
   EXPECT_EQ(rig.Record.Readings(360), 0.0F);
-  EXPECT_EQ(rig.Panel.ReadingNumber, "360");
-  EXPECT_EQ(rig.Panel.ReadingsPlotted, "360");
-  EXPECT_EQ(rig.Panel.TrimEnd, "0");
+  EXPECT_EQ(rig.Panel.ReadingsTaken, 360);
+  EXPECT_EQ(rig.Panel.LowReadings, 0);
 }
 
 TEST(CollectionEnd, its_steps_follow_each_other) {
   CollectionRig rig;
   rig.Collect();
-  const CallLog end(rig.Log.end() - 9, rig.Log.end());
-  EXPECT_THAT(end, ElementsAre("ReadingNumber 360", "StopSoundCapture", "ShowLevelAtRest",
-                               "ReadingNumber 360", "ReadingsPlotted 360", "TrimEnd 0", "Unlock",
-                               "PaintCalibrate light yellow", "HideManualTrigger"));
+  const CallLog end(rig.Log.end() - 6, rig.Log.end());
+  EXPECT_THAT(end, ElementsAre("ReadingPlotted 359", "StopSoundCapture", "SourceRests", "TurnEnds 360 0",
+                               "TurnUnlocked", "manual trigger gone"));
 }
 
 TEST(CollectionEnd, a_meter_comes_to_rest_without_a_capture_to_stop) {
   CollectionRig rig;
   rig.UseSerialMeter();
   rig.Collect();
-  EXPECT_TRUE(rig.Called("ShowLevelAtRest"));
+  EXPECT_TRUE(rig.Called("SourceRests"));
   EXPECT_FALSE(rig.Called("StopSoundCapture"));
 }
 
@@ -57,8 +55,7 @@ TEST(Halt, before_the_first_reading_leaves_no_readings) {
   EXPECT_EQ(rig.Record.Readings(359), 0.0F);
   EXPECT_EQ(rig.Record.Readings(360), 50.0F) << "a turn owns entries 0 to 359";
   EXPECT_EQ(rig.Record.ReadingCount, 0.0);
-  EXPECT_EQ(rig.Panel.ReadingNumber, "0");
-  EXPECT_EQ(rig.Panel.ReadingsPlotted, "0");
+  EXPECT_EQ(rig.Panel.ReadingsTaken, 0);
   EXPECT_TRUE(report.Ran);
   EXPECT_EQ(report.ReadingsTaken, 0);
   EXPECT_FALSE(report.NothingHeard) << "nothing was listened to";
@@ -80,7 +77,7 @@ TEST(Halt, deliberate_on_the_last_reading_drops_it) {
   rig.HaltAfter(359);
   EXPECT_EQ(rig.Collect().ReadingsTaken, 359);
   EXPECT_EQ(rig.Record.NumReadings, 358);
-  EXPECT_EQ(rig.Panel.ReadingNumber, "359");
+  EXPECT_EQ(rig.Panel.ReadingsTaken, 359);
 }
 
 TEST(Halt, only_sets_its_flag) {
@@ -105,7 +102,7 @@ TEST(AutoStop, three_low_readings_in_a_row_stop_and_are_offered_for_trimming) {
   EXPECT_EQ(rig.Collect().ReadingsTaken, 13);
   EXPECT_EQ(rig.Record.NumReadings, 12);
   EXPECT_EQ(rig.Record.Readings(12), 6.0F);
-  EXPECT_EQ(rig.Panel.TrimEnd, "3");
+  EXPECT_EQ(rig.Panel.LowReadings, 3);
   EXPECT_EQ(rig.Record.TrimEnd, 3);
 }
 
@@ -126,7 +123,7 @@ TEST(AutoStop, a_strong_reading_in_between_counts_anew) {
   rig.Settings.DetectStopNumberOfReadings = 3;
   LevelOfReadings(rig, [](int reading) { return reading % 3 == 2 && reading < 30 ? 300.0F : 6.0F; });
   EXPECT_EQ(rig.Collect().ReadingsTaken, 33);
-  EXPECT_EQ(rig.Panel.TrimEnd, "3");
+  EXPECT_EQ(rig.Panel.LowReadings, 3);
 }
 
 TEST(AutoStop, compares_the_clamped_level) {
@@ -142,7 +139,7 @@ TEST(AutoStop, does_not_count_while_its_box_is_not_ticked) {
   CollectionRig rig;
   LevelOfReadings(rig, [](int) { return 1.0F; });
   EXPECT_EQ(rig.Collect().ReadingsTaken, 360);
-  EXPECT_EQ(rig.Panel.TrimEnd, "0");
+  EXPECT_EQ(rig.Panel.LowReadings, 0);
 }
 
 TEST(AutoStop, ticked_in_the_middle_counts_from_there) {
@@ -158,7 +155,7 @@ TEST(AutoStop, deliberate_on_the_last_reading_drops_it) {
   rig.Settings.DetectStopNumberOfReadings = 3;
   LevelOfReadings(rig, [](int reading) { return reading >= 357 ? 1.0F : 300.0F; });
   EXPECT_EQ(rig.Collect().ReadingsTaken, 359);
-  EXPECT_EQ(rig.Panel.TrimEnd, "3");
+  EXPECT_EQ(rig.Panel.LowReadings, 3);
 }
 
 TEST(AutoStop, a_count_that_has_passed_its_number_stops_no_more) {
@@ -167,7 +164,7 @@ TEST(AutoStop, a_count_that_has_passed_its_number_stops_no_more) {
   rig.Settings.DetectStopNumberOfReadings = 0;
   LevelOfReadings(rig, [](int) { return 1.0F; });
   EXPECT_EQ(rig.Collect().ReadingsTaken, 360);
-  EXPECT_EQ(rig.Panel.TrimEnd, "360");
+  EXPECT_EQ(rig.Panel.LowReadings, 360);
 }
 
 TEST(NothingHeard, is_told_when_every_reading_was_silence) {
@@ -281,8 +278,8 @@ TEST(ClosedWindow, ends_the_turn_and_leaves_record_and_window_as_they_are) {
   EXPECT_EQ(rig.Panel.Stored.size(), 28U);
   EXPECT_EQ(rig.Record.ReadingCount, 0.0);
   EXPECT_EQ(rig.Record.SavedReadings(0), 0.0F);
-  EXPECT_FALSE(rig.Called("Unlock"));
-  EXPECT_FALSE(rig.Called("ShowLevelAtRest"));
+  EXPECT_FALSE(rig.Called("TurnUnlocked"));
+  EXPECT_FALSE(rig.Called("SourceRests"));
   EXPECT_TRUE(rig.Called("StopSoundCapture"));
   EXPECT_FALSE(rig.Flags.IsCollecting);
 }
@@ -313,7 +310,7 @@ TEST(ClosedWindow, ends_every_wait_before_the_readings) {
   rig.Collect();
   EXPECT_EQ(rig.Level.Samples, 3);
   EXPECT_EQ(rig.Record.Readings(99), 50.0F);
-  EXPECT_FALSE(rig.Called("Unlock"));
+  EXPECT_FALSE(rig.Called("TurnUnlocked"));
 }
 
 TEST(ClosedWindow, while_capture_starts_shows_no_message) {
@@ -323,7 +320,7 @@ TEST(ClosedWindow, while_capture_starts_shows_no_message) {
   rig.Sound.OnStart = [&] { rig.Flags.RequestClose(); };
   rig.Collect();
   EXPECT_THAT(rig.Messages.Shown, IsEmpty());
-  EXPECT_FALSE(rig.Called("ShowRecordAgain"));
+  EXPECT_FALSE(rig.Called("TurnAbandoned"));
 }
 
 TEST(ClosedWindow, starts_no_collection) {

@@ -57,13 +57,11 @@ TEST(CollectionReading, its_steps_follow_each_other) {
   rig.Level.MsPerSample = 3;
   rig.HaltAfter(1);
   rig.Collect();
-  const auto from =
-      static_cast<std::size_t>(rig.PlaceOf("PrepareAngularStep")) + 2;  // past the start-up delay
+  const auto from = static_cast<std::size_t>(rig.PlaceOf("SourceRuns")) + 2;  // past the start-up delay
   const CallLog readings(rig.Log.begin() + static_cast<std::ptrdiff_t>(from),
-                         rig.Log.begin() + static_cast<std::ptrdiff_t>(from) + 10);
-  EXPECT_THAT(readings,
-              ElementsAre("ReadInputLevel", "ShowLevel", "ReadingStored 0", "PlotPoint", "ReadingNumber 1",
-                          "ReadInputLevel", "ShowLevel", "ReadingStored 1", "PlotPoint", "ReadingNumber 2"));
+                         rig.Log.begin() + static_cast<std::ptrdiff_t>(from) + 6);
+  EXPECT_THAT(readings, ElementsAre("ReadInputLevel", "ReadingStored 0", "ReadingPlotted 0", "ReadInputLevel",
+                                    "ReadingStored 1", "ReadingPlotted 1"));
 }
 
 TEST(CollectionReading, stands_in_the_record_when_its_copy_is_taken) {
@@ -150,7 +148,7 @@ TEST(CollectionReading, of_a_meter_is_drawn_at_the_meters_dB) {
 TEST(CollectionReading, positions_are_degrees_half_as_far_apart_in_a_180_degree_plot) {
   for (const float step : {1.0F, 0.5F}) {
     CollectionRig rig;
-    rig.Panel.AngularStep = step;
+    rig.Record.Plot180 = step < 1.0F;
     rig.Collect();
     ASSERT_EQ(rig.Panel.Points.size(), 360U);
     EXPECT_EQ(rig.Panel.Points[0].PositionDeg, 0.0F);

@@ -105,7 +105,7 @@ TEST(CollectionTiming, a_deadline_beyond_32_bits_is_an_overflow_that_keeps_the_r
   EXPECT_EQ(rig.Record.ReadingCount, 6.0);
   EXPECT_EQ(rig.Record.NumReadings, 5);
   EXPECT_EQ(rig.Record.SavedReadings(5), 300.0F);
-  EXPECT_EQ(rig.Panel.ReadingsPlotted, "6");
+  EXPECT_EQ(rig.Panel.ReadingsTaken, 6);
 }
 
 TEST(LateReadings, a_turn_in_time_names_none) {

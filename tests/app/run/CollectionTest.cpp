@@ -97,6 +97,27 @@ TEST_F(CollectionTest, WhoAndWhenAreRecordedOfThisTurn) {
   EXPECT_EQ(Text(lblCollectedBy), "DL0XY");
 }
 
+TEST_F(CollectionTest, BeginsAndEndsInItsOrder) {
+  HoldBeam();
+  Enter(txtTrimFront, "3");
+  Forget();
+  Collect();
+  const std::vector<std::string> order = {"lblDateTime=10:22 21/11/2026", "clear",
+                                          "cmdCollectData disabled",      "cmdHaltInput enabled",
+                                          "cmdHaltInput focus",           "txtTrimFront=0",
+                                          "lblSource=Fake microphone",    "txtChan1=<300.0>",
+                                          "txtReadingNumber=1",           "txtChan1=0.0",
+                                          "txtReadingsPlotted=360",       "txtTrimEnd=0",
+                                          "cmdCollectData enabled",       "cmdHaltInput disabled",
+                                          "cmdRescaleData focus"};
+  long before = -1;
+  for (const std::string& call : order) {
+    const auto found = std::find(Log.begin() + before + 1, Log.end(), call);
+    ASSERT_NE(found, Log.end()) << call;
+    before = found - Log.begin();
+  }
+}
+
 TEST_F(CollectionTest, LocksTheWindowAndGivesHaltTheFocus) {
   std::vector<Control> disabled;
   std::optional<Control> focus;

@@ -75,6 +75,15 @@ TEST_F(SweepTest, LocksItsControlsAndPaintsItsBox) {
       << "collect, calibrate and display stay in reach";
 }
 
+TEST_F(SweepTest, TheFormerPatternsFieldsAreClearedBeforeItLocksItsControls) {
+  HoldBeam();
+  At(10, nullptr);
+  Sweep();
+  EXPECT_GE(PlaceOf("txtFileName="), 0);
+  EXPECT_LT(PlaceOf("txtFileName="), PlaceOf("cmdGetData disabled"));
+  EXPECT_LT(PlaceOf("cmdGetData disabled"), PlaceOf("clear"));
+}
+
 TEST_F(SweepTest, EndsWithTheEmptyGridAndTheWindowUnlocked) {
   At(10, nullptr);
   Sweep();
