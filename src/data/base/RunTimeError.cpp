@@ -21,6 +21,8 @@ std::string_view DescriptionOf(int number) {
       return "File not found";
     case fault::kDeviceIo:
       return "Device I/O error";
+    case fault::kFileExists:
+      return "File already exists";
     case fault::kDiskFull:
       return "Disk full";
     case fault::kInputPastEnd:
