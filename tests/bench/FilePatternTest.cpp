@@ -25,6 +25,7 @@ class OneFile final : public FileAccess {
   }
   bool Exists(const std::string& path) override { return path == "a.lbg"; }
   void Replace(const std::string&, std::string_view) override {}
+  void Remove(const std::string&) override {}
 
  private:
   std::string bytes_;

@@ -22,6 +22,7 @@ class MemoryFiles : public FileAccess {
   }
   bool Exists(const std::string& path) override { return Content.contains(path); }
   void Replace(const std::string& path, std::string_view bytes) override { Content[path] = bytes; }
+  void Remove(const std::string& path) override { Content.erase(path); }
 };
 
 /// A three-element beam, 360 readings, the beam at reading 40.

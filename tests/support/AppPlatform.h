@@ -107,6 +107,10 @@ class FakeFiles final : public FileAccess {
     if (ReplaceFault != 0) throw RunTimeError(ReplaceFault, path);
     Held[path] = bytes;
   }
+  void Remove(const std::string& path) override {
+    log_.push_back("remove " + path);
+    Held.erase(path);
+  }
 
  private:
   AppLog& log_;

@@ -94,6 +94,10 @@ bool DiskFiles::Exists(const std::string& path) {
 
 void DiskFiles::Replace(const std::string& path, std::string_view bytes) { ReplaceFile(path, bytes); }
 
+void DiskFiles::Remove(const std::string& path) {
+  if (unlink(path.c_str()) != 0 && errno != ENOENT) throw RunTimeError(fault::kPathFileAccess, path);
+}
+
 std::string FileNameOf(std::string_view path) {
   const auto separator = path.find_last_of("/\\");
   return std::string(separator == std::string_view::npos ? path : path.substr(separator + 1));

@@ -22,6 +22,8 @@ class FileAccess {
   virtual bool Exists(const std::string& path) = 0;
   /// New content in one step. @throws RunTimeError 61, 75, 76; the old content then stands.
   virtual void Replace(const std::string& path, std::string_view bytes) = 0;
+  /// Takes a file away; nothing when there is none. @throws RunTimeError 75 (no right to, a folder).
+  virtual void Remove(const std::string& path) = 0;
 
   /// No pattern comes near it; a file of one endless line must not fill the memory.
   static constexpr std::size_t kLargestFile = 1U << 20U;
@@ -34,6 +36,7 @@ class DiskFiles : public FileAccess {
   std::unique_ptr<std::istream> Open(const std::string& path) override;
   bool Exists(const std::string& path) override;
   void Replace(const std::string& path, std::string_view bytes) override;
+  void Remove(const std::string& path) override;
 };
 
 /// What follows the last "/" or "\" of a path; the whole path when there is none.
