@@ -4,12 +4,19 @@ namespace lobegraph::fuzz {
 namespace {
 
 std::vector<Target> AllTargets() {
-  std::vector<Target> targets = {{"PatternFile", TryPatternFile},     {"CsvReadings", TryCsvReadings},
-                                 {"EditorCells", TryEditorCells},     {"Numbers", TryNumbers},
-                                 {"SettingsFile", TrySettingsFile},   {"PlotColours", TryPlotColours},
-                                 {"SerialMeters", TrySerialMeters},   {"ExternalMeter", TryExternalMeter},
-                                 {"RadioAnswers", TryRadioAnswers},   {"RotatorNews", TryRotatorNews},
-                                 {"RotatorOrders", TryRotatorOrders}, {"SoundBlocks", TrySoundBlocks}};
+  std::vector<Target> targets = {{"PatternFile", TryPatternFile},
+                                 {"CsvReadings", TryCsvReadings},
+                                 {"EditorCells", TryEditorCells},
+                                 {"Numbers", TryNumbers},
+                                 {"SettingsFile", TrySettingsFile},
+                                 {"PlotColours", TryPlotColours},
+                                 {"SerialMeters", TrySerialMeters},
+                                 {"ExternalMeter", TryExternalMeter},
+                                 {"RadioAnswers", TryRadioAnswers},
+                                 {"RotatorNews", TryRotatorNews},
+                                 {"RotatorOrders", TryRotatorOrders},
+                                 {"SoundBlocks", TrySoundBlocks},
+                                 {"TurnLog", TryTurnLog}};
   for (const PatternFormat& format : PatternFormats().subspan(1))
     targets.push_back(
         {std::string(format.Id), [&format](std::string_view input) { TryFormat(format, input); }});

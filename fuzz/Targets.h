@@ -42,5 +42,6 @@ void TryRadioAnswers(std::string_view input);
 void TryRotatorNews(std::string_view input);
 void TryRotatorOrders(std::string_view input);
 void TrySoundBlocks(std::string_view input);
+void TryTurnLog(std::string_view input);
 
 }  // namespace lobegraph::fuzz

@@ -89,8 +89,10 @@ std::string TurnRowText(const TurnLog::Row& row) {
 
 std::string TurnLogHead(const TurnLog& log) {
   std::string text;
-  for (const auto& [key, value] : log.Keys())
-    text.append("# ").append(key).append(key.empty() ? "" : ": ").append(value).append(kLineEnd);
+  for (const auto& [key, value] : log.Keys()) {
+    const bool remark = key.empty() && value.find(':') == std::string::npos;
+    text.append("# ").append(key).append(remark ? "" : ": ").append(value).append(kLineEnd);
+  }
   return text + TurnRowText(log.Columns());
 }
 
