@@ -16,6 +16,7 @@ class OneFile final : public FileAccess {
   std::string Read(const std::string&) override { return bytes_; }
   bool Exists(const std::string&) override { return true; }
   void Replace(const std::string&, std::string_view bytes) override { bytes_ = bytes; }
+  void Remove(const std::string&) override { bytes_.clear(); }
 
  private:
   std::string bytes_;
