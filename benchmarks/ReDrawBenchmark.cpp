@@ -67,9 +67,9 @@ void ReDraw(benchmark::State& state) {
   Plotter plotter(kept, PlotGeometry{});
   ReadingsRecord record = Beam();
   for (auto _ : state) {
-    const PlotResult result = PreparePlot(record, PlotTexts{}, PlotOptions{});
-    DrawCircularGrid(plotter, GridOptions{});
-    DrawTrace(plotter, result, TraceOptions{});
+    const PlotResult result = PreparePlot(record, {}, {}, {});
+    DrawCircularGrid(plotter, {}, {});
+    DrawTrace(plotter, result, {}, true);
     benchmark::DoNotOptimize(surface.Picture().constBits());
   }
 }
@@ -82,7 +82,7 @@ void LivePoint(benchmark::State& state) {
   ReplaySurface kept(surface);
   Plotter plotter(kept, PlotGeometry{});
   const auto beginTurn = [&] {
-    DrawCircularGrid(plotter, GridOptions{});
+    DrawCircularGrid(plotter, {}, {});
     surface.TakeTouched();
     StartTrace(plotter, {}, 0);
   };

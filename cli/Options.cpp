@@ -69,37 +69,37 @@ std::string NamesOf(const std::map<std::string, Value>& table) {
 }
 
 /// @return what is wrong with the list; empty: it was taken
-std::string TakeTransforms(const std::string& list, SessionOptions& session) {
-  session.Apply.clear();
+std::string TakeTransforms(const std::string& list, PatternOptions& pattern) {
+  pattern.Apply.clear();
   std::istringstream parts(list);
   for (std::string name; std::getline(parts, name, ',');) {
     const auto found = kTransforms.find(name);
     if (found == kTransforms.end()) return "'" + name + "' is none of " + NamesOf(kTransforms);
-    session.Apply.push_back(found->second);
+    pattern.Apply.push_back(found->second);
   }
   return "";
 }
 
-void AddSessionOptions(CLI::App& verb, SessionOptions& session) {
+void AddPatternOptions(CLI::App& verb, PatternOptions& pattern) {
   verb.add_option_function<std::string>(
-          "--scale", [&session](const std::string& name) { session.Scale = kScales.at(name); },
+          "--scale", [&pattern](const std::string& name) { pattern.Style.Scale = kScales.at(name); },
           "How a level becomes a radius (default: log)")
       ->check(OneOf(kScales));
   const std::string commands =
       "Commands of the window to run after the load, in this order, with commas between: " +
       NamesOf(kTransforms);
   verb.add_option("--apply", commands)
-      ->check([&session](const std::string& list) { return TakeTransforms(list, session); })
+      ->check([&pattern](const std::string& list) { return TakeTransforms(list, pattern); })
       ->type_name("COMMANDS");
-  verb.add_option("--peak-input-level", session.PeakInputLevel, "Level of full scale (default: 1000)")
+  verb.add_option("--peak-input-level", pattern.Rules.PeakInputLevel, "Level of full scale (default: 1000)")
       ->check(CLI::Range(1.0, 1e9));
-  verb.add_option("--spike-detect-level", session.SpikeDetectLevel,
+  verb.add_option("--spike-detect-level", pattern.Rules.SpikeDetectLevel,
                   "A reading this far from both neighbours is a spike (default: 50)")
       ->check(CLI::Range(0, 32767));
-  verb.add_flag("--calibrate", session.Calibrate, "Plot a set of less than 60 readings as well");
-  verb.add_option("--rotate", session.txtRotate, "Rotation in degrees, as typed into its box");
-  verb.add_option("--trim-front", session.txtTrimFront, "Readings to drop at the start, as typed");
-  verb.add_option("--trim-end", session.txtTrimEnd, "Readings to drop at the end, as typed");
+  verb.add_flag("--calibrate", pattern.Rules.AnyLength, "Plot a set of less than 60 readings as well");
+  verb.add_option("--rotate", pattern.Rotate, "Rotation in degrees, as typed into its box");
+  verb.add_option("--trim-front", pattern.TrimFront, "Readings to drop at the start, as typed");
+  verb.add_option("--trim-end", pattern.TrimEnd, "Readings to drop at the end, as typed");
 }
 
 void AddReport(CLI::App& app, ReportRequest& request) {
@@ -111,7 +111,7 @@ void AddReport(CLI::App& app, ReportRequest& request) {
   verb->add_flag("--trace", request.Extras.Trace, "With --json: the plotted points")->needs("--json");
   verb->add_option("--jobs,-j", request.Jobs, "Files at the same time (default: one for each core)")
       ->check(CLI::Range(1, 1024));
-  AddSessionOptions(*verb, request.Session);
+  AddPatternOptions(*verb, request.Pattern);
 }
 
 /// "501x560"
@@ -135,11 +135,12 @@ void AddRender(CLI::App& app, RenderRequest& request) {
   verb->add_option("--size", "PNG: width and height in pixels (default: 501x560)")
       ->check([&request](const std::string& text) { return TakeSize(text, request); })
       ->type_name("WxH");
-  verb->add_flag("--rectangular", request.Session.LinearMode, "Level over angle instead of the circle");
+  verb->add_flag("--rectangular", request.Pattern.Style.Rectangular,
+                 "Level over angle instead of the circle");
   verb->add_option("--colours", request.ColoursFile,
                    "File with colours: PlotBackground=#e0e0e0 and the like, or a settings file of Lobegraph");
   verb->add_option("--title", request.Title, "Text above the plot");
-  AddSessionOptions(*verb, request.Session);
+  AddPatternOptions(*verb, request.Pattern);
 }
 
 std::string Listed(const std::vector<std::string_view>& endings) {

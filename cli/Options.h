@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "cli/PatternSession.h"
+#include "cli/OpenPattern.h"
 #include "cli/Report.h"
 
 namespace lobegraph {
@@ -13,7 +13,7 @@ struct ReportRequest {
   std::vector<std::string> Files = {};
   bool Json = false;
   ReportExtras Extras = {};
-  SessionOptions Session = {};
+  PatternOptions Pattern = {};
   unsigned Jobs = 0;  ///< files at the same time; 0: one for each core
 };
 
@@ -25,7 +25,7 @@ struct RenderRequest {
   std::string Title = {};
   int Width = 0;  ///< pixels; 0: one for each unit
   int Height = 0;
-  SessionOptions Session = {};
+  PatternOptions Pattern = {};
 };
 
 struct ConvertRequest {

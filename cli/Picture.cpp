@@ -2,7 +2,6 @@
 
 #include "cli/SvgSurface.h"
 #include "cli/TextWidth.h"
-#include "data/base/Rounding.h"
 #include "render/CircularGrid.h"
 #include "render/Trace.h"
 
@@ -31,21 +30,14 @@ void Write(DrawingSurface& surface, SurfacePoint at, std::string_view text, floa
 }
 
 void DrawPattern(Plotter& plotter, const Picture& picture, std::size_t index, const GroupMark& group) {
-  const PatternSession& session = picture.Patterns[index].Session;
-  const ReadingsRecord& record = session.Record();
-  const bool linearMode = session.Options().LinearMode;
-  TraceOptions options;
-  options.RotationOffset = RotationOffsetOf(linearMode, record.Plot180, record.Rotate);
-  options.chkShow3dB = false;
-  options.PlotLineColour = TraceColourOf(picture.Colours, index);
-  options.PlotUserColour = MarkColourOf(picture.Colours, index);
+  const PlotResult& plot = picture.Patterns[index].Plot;
+  const TraceInk ink = InkOf(picture.Colours, index);
   group("trace");
-  DrawTrace(plotter, session.Plot(), options);
+  DrawTrace(plotter, plot, ink, false);
   group("minus3db");
-  PlotResult marks = session.Plot();
+  PlotResult marks = plot;
   marks.Trace.clear();
-  options.chkShow3dB = true;
-  DrawTrace(plotter, marks, options);
+  DrawTrace(plotter, marks, ink, picture.Style.Minus3dBMarks);
 }
 
 void DrawLegend(DrawingSurface& surface, const Picture& picture) {
@@ -56,7 +48,7 @@ void DrawLegend(DrawingSurface& surface, const Picture& picture) {
     const SurfacePoint at{kLegendLeft + column * kLegendColumn, kLegendTop + row * kLegendRow};
     const float middle = at.Y + kLegendPoints * kUnitsPerPoint / 2.F;
     surface.SetPenWidth(2);
-    surface.Line({at.X, middle}, {at.X + kSampleWidth, middle}, TraceColourOf(picture.Colours, index));
+    surface.Line({at.X, middle}, {at.X + kSampleWidth, middle}, InkOf(picture.Colours, index).Line);
     const SurfacePoint textAt{at.X + kSampleWidth + kMargin, at.Y};
     Write(surface, textAt, picture.Patterns[index].Name, kLegendPoints,
           kLegendColumn - kSampleWidth - 3.F * kMargin, ReadableOn(picture.Colours.PlotBackground));
@@ -71,25 +63,14 @@ int PictureHeightOf(std::size_t patterns) {
   return kPictureHeight + static_cast<int>(static_cast<float>(further) * kLegendRow);
 }
 
-GridOptions GridOf(const Picture& picture) {
-  const PlotOptions options = picture.Patterns.front().Session.Options();
-  return {.LinearMode = options.LinearMode,
-          .ShowLogScale = options.ShowLogScale,
-          .chkPlotInDB = options.chkPlotInDB,
-          .Slider1 = ToInt16(options.ScaleSetting),
-          .Overlay = false,
-          .PlotGridColour = picture.Colours.PlotGridColour,
-          .PlotUserColour = picture.Colours.PlotUserColour};
-}
-
-void DrawGrid(DrawingSurface& surface, const GridOptions& options) {
+void DrawGrid(DrawingSurface& surface, const Picture& picture) {
   Plotter plotter(surface, PlotGeometry{});
-  DrawCircularGrid(plotter, options);
+  DrawCircularGrid(plotter, picture.Style, picture.Colours);
 }
 
 void DrawPatterns(DrawingSurface& surface, const Picture& picture, const GroupMark& group) {
   Plotter plotter(surface, PlotGeometry{});
-  plotter.Pen().LinearMode = GridOf(picture).LinearMode;
+  plotter.Pen().Rectangular = picture.Style.Rectangular;
   for (std::size_t index = 0; index < picture.Patterns.size(); ++index)
     DrawPattern(plotter, picture, index, group);
   if (picture.Patterns.size() > 1) {
@@ -105,7 +86,7 @@ void DrawPatterns(DrawingSurface& surface, const Picture& picture, const GroupMa
 std::string SvgOf(const Picture& picture) {
   SvgSurface surface(kPictureWidth, PictureHeightOf(picture.Patterns.size()), picture.Colours.PlotBackground);
   surface.SetTitle(picture.Title.empty() ? picture.Patterns.front().Name : picture.Title);
-  DrawGrid(surface, GridOf(picture));
+  DrawGrid(surface, picture);
   surface.GroupAll("grid");
   bool open = false;
   DrawPatterns(surface, picture, [&](std::string_view name) {

@@ -5,21 +5,22 @@
 #include <string_view>
 #include <vector>
 
-#include "cli/PatternSession.h"
-#include "cli/PlotColours.h"
+#include "data/record/ReadingsRecord.h"
+#include "processing/PlotResult.h"
 #include "render/DrawingSurface.h"
-#include "render/GridOptions.h"
+#include "render/PlotColours.h"
 
 namespace lobegraph {
 
 /// A pattern of a picture and what the legend calls it.
 struct PicturePattern {
-  PatternSession Session;
+  PlotResult Plot;
   std::string Name;
 };
 
 /// What a picture shows: the first pattern on its grid, the others over it.
 struct Picture {
+  PlotStyle Style;
   std::vector<PicturePattern> Patterns;  ///< at least one
   PlotColours Colours;
   std::string Title;
@@ -30,11 +31,8 @@ inline constexpr int kPictureWidth = 501;
 inline constexpr int kPictureHeight = 560;
 int PictureHeightOf(std::size_t patterns);
 
-/// What the grid depends on.
-GridOptions GridOf(const Picture& picture);
-
 /// The empty plot.
-void DrawGrid(DrawingSurface& surface, const GridOptions& options);
+void DrawGrid(DrawingSurface& surface, const Picture& picture);
 
 /// What follows belongs together and has this name ("trace", "minus3db", "legend", "title").
 using GroupMark = std::function<void(std::string_view name)>;

@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <utility>
 
+#include "cli/ColoursFile.h"
 #include "cli/Progress.h"
 
 namespace lobegraph {
@@ -34,8 +35,8 @@ class Renderer {
       : request_(request), parts_(parts), pictures_(pictures), colours_(colours) {}
 
   bool Render(const std::string& file) {
-    Picture picture{{}, colours_, request_.Title};
-    if (!Add(picture, file, request_.Session)) return false;
+    Picture picture{request_.Pattern.Style, {}, colours_, request_.Title};
+    if (!Add(picture, file, request_.Pattern)) return false;
     bool allDrawn = true;
     for (const std::string& overlay : request_.Overlays) allDrawn = AddOver(picture, overlay) && allDrawn;
     const std::string out = OutputFor(request_.Out, file);
@@ -50,25 +51,24 @@ class Renderer {
 
  private:
   bool AddOver(Picture& picture, const std::string& file) {
-    SessionOptions options = request_.Session;
-    options.txtRotate.reset();
-    options.txtTrimFront.reset();
-    options.txtTrimEnd.reset();
-    return Add(picture, file, options, picture.Patterns.front().Session.Options().ScaleSetting);
+    PatternOptions options = request_.Pattern;
+    options.Rotate.reset();
+    options.TrimFront.reset();
+    options.TrimEnd.reset();
+    return Add(picture, file, options, picture.Style.ScaleSetting);
   }
 
-  bool Add(Picture& picture, const std::string& file, const SessionOptions& options,
-           std::optional<float> scale = std::nullopt) {
-    PatternSession session(options, scale);
-    session.Run(parts_.Files, file);
-    if (const auto& error = session.Error())
+  bool Add(Picture& picture, const std::string& file, const PatternOptions& options,
+           std::optional<int> scale = std::nullopt) {
+    const OpenedPattern pattern = OpenPattern(parts_.Files, file, options, scale);
+    if (const auto& error = pattern.Error())
       parts_.Complaints << ComplaintAbout(file, *error);
     else
-      for (const std::string& message : session.Messages())
-        parts_.Complaints << ComplaintAbout(file, message);
-    if (session.Error() || session.Plot().Trace.empty()) return false;
-    std::string name = LegendName(session.Record());
-    picture.Patterns.push_back({std::move(session), std::move(name)});
+      for (const std::string& message : pattern.Messages) parts_.Complaints << ComplaintAbout(file, message);
+    const PatternSession& session = pattern.Session;
+    if (pattern.Error() || session.Plot().Trace.empty()) return false;
+    if (picture.Patterns.empty()) picture.Style = session.Style();
+    picture.Patterns.push_back({session.Plot(), LegendName(session.Record())});
     return true;
   }
 

@@ -6,6 +6,8 @@
 #include <optional>
 
 #include "cli/SvgSurface.h"
+#include "data/base/FileAccess.h"
+#include "processing/Beamwidth.h"
 #include "processing/Figures.h"
 #include "render/Plotter.h"
 
@@ -35,7 +37,7 @@ Json ErrorOf(const std::optional<RunTimeError>& error) {
   return {{"number", error->Number()}, {"description", error->Description()}};
 }
 
-void AddRecord(Json& report, const ReadingsRecord& record) {
+void AddRecord(Json& report, const ReadingsRecord& record, const std::string& file) {
   report["NumReadings"] = record.NumReadings;
   report["ReadingCount"] = record.ReadingCount;
   report["ReadingsPlotted"] = record.ReadingsPlotted;
@@ -52,21 +54,23 @@ void AddRecord(Json& report, const ReadingsRecord& record) {
   report["Elements"] = record.Elements;
   report["PolarizationHorizontal"] = record.PolarizationHorizontal;
   report["Plot180"] = record.Plot180;
-  report["FileName"] = record.FileName;
+  report["FileName"] = FileNameOf(file);
 }
 
-void AddPlot(Json& report, const PatternSession& session) {
+void AddPlot(Json& report, const OpenedPattern& pattern) {
+  const PatternSession& session = pattern.Session;
   const PlotResult& plot = session.Plot();
   report["PlotDone"] = plot.PlotDone;
   report["DegreesPerReading"] = Number(plot.DegreesPerReading);
   report["Minus3dBIndexA"] = plot.Minus3dBIndexA;
   report["Minus3dBIndexB"] = plot.Minus3dBIndexB;
   report["BeamwidthDeg"] = Number(session.BeamwidthDeg());
-  report["GainEstimate"] = OrNull(plot.GainEstimate);
-  report["txtAngle"] = session.txtAngle();
-  report["txtGain"] = session.txtGain();
-  report["txtRotate"] = session.Boxes().txtRotate;
-  report["directivity"] = OrNull(session.IntegratedGainText());
+  report["GainEstimate"] = OrNull(plot.Figures.GainDbi);
+  report["txtAngle"] = BeamwidthText(session.Figures().BeamwidthDeg);
+  report["txtGain"] = GainText(session.Figures().GainDbi);
+  report["txtRotate"] = pattern.RotateText;
+  const auto integrated = session.IntegratedGain();
+  report["directivity"] = integrated ? Json(GainText(integrated)) : Json();
 }
 
 Json FiguresObject(const CutFigures& figures) {
@@ -100,7 +104,7 @@ void AddReadings(Json& report, const ReadingsRecord& record) {
 void AddTrace(Json& report, const PatternSession& session) {
   SvgSurface surface(1, 1, {});  // asked where points lie, never drawn on
   Plotter plotter(surface, {.X = 0.F, .Y = 0.F});
-  plotter.Pen().RotationOffset = RotationOffsetOf(false, session.Record().Plot180, session.Record().Rotate);
+  plotter.Pen().RotationOffset = session.Plot().RotationOffset;
   Json trace = Json::array();
   Json points = Json::array();
   for (const TracePoint& point : session.Plot().Trace) {
@@ -115,22 +119,23 @@ void AddTrace(Json& report, const PatternSession& session) {
 
 }  // namespace
 
-Json ReportObject(const PatternSession& session, const std::string& file, const ReportExtras& extras) {
+Json ReportObject(const OpenedPattern& pattern, const std::string& file, const ReportExtras& extras) {
+  const PatternSession& session = pattern.Session;
   Json report;
   report["file"] = file;
-  report["error"] = ErrorOf(session.Error());
-  report["messages"] = session.Messages();
-  AddRecord(report, session.Record());
-  AddPlot(report, session);
+  report["error"] = ErrorOf(pattern.Error());
+  report["messages"] = pattern.Messages;
+  AddRecord(report, session.Record(), file);
+  AddPlot(report, pattern);
   report["figures"] =
-      FiguresObject(session.Plot().FieldsShown ? FiguresOfRecord(session.Record()) : CutFigures{});
+      FiguresObject(session.Plot().FieldsSettled ? FiguresOfRecord(session.Record()) : CutFigures{});
   if (extras.Readings) AddReadings(report, session.Record());
   if (extras.Trace) AddTrace(report, session);
   return report;
 }
 
-std::string ReportLine(const PatternSession& session, const std::string& file, const ReportExtras& extras) {
-  return ReportObject(session, file, extras).dump(-1, ' ', false, Json::error_handler_t::replace) + '\n';
+std::string ReportLine(const OpenedPattern& pattern, const std::string& file, const ReportExtras& extras) {
+  return ReportObject(pattern, file, extras).dump(-1, ' ', false, Json::error_handler_t::replace) + '\n';
 }
 
 }  // namespace lobegraph

@@ -3,7 +3,7 @@
 #include <nlohmann/json_fwd.hpp>
 #include <string>
 
-#include "cli/PatternSession.h"
+#include "cli/OpenPattern.h"
 
 namespace lobegraph {
 
@@ -14,10 +14,10 @@ struct ReportExtras {
 };
 
 /// One pattern as an object; its keys are an interface that scripts rely on (see lobegraph-cli(1)).
-nlohmann::ordered_json ReportObject(const PatternSession& session, const std::string& file,
+nlohmann::ordered_json ReportObject(const OpenedPattern& pattern, const std::string& file,
                                     const ReportExtras& extras);
 
 /// The object on one line, line end included. File names that are no valid text get replacement characters.
-std::string ReportLine(const PatternSession& session, const std::string& file, const ReportExtras& extras);
+std::string ReportLine(const OpenedPattern& pattern, const std::string& file, const ReportExtras& extras);
 
 }  // namespace lobegraph

@@ -11,20 +11,19 @@ namespace lobegraph {
 namespace {
 
 FileResult ReportOn(const ReportRequest& request, FileAccess& files, const std::string& file) {
-  PatternSession session(request.Session);
-  session.Run(files, file);
+  const OpenedPattern pattern = OpenPattern(files, file, request.Pattern);
   FileResult result;
-  if (const auto& error = session.Error()) {
+  if (const auto& error = pattern.Error()) {
     result.Failed = true;
     result.Complaint = ComplaintAbout(file, *error);
   }
   if (request.Json) {
-    result.Output = ReportLine(session, file, request.Extras);
+    result.Output = ReportLine(pattern, file, request.Extras);
     return result;
   }
   if (result.Failed) return result;
-  result.Output = TableRow(session, file);
-  for (const std::string& message : session.Messages()) result.Complaint += ComplaintAbout(file, message);
+  result.Output = TableRow(pattern, file);
+  for (const std::string& message : pattern.Messages) result.Complaint += ComplaintAbout(file, message);
   return result;
 }
 

@@ -32,14 +32,14 @@ std::string TableHeading() {
   return heading + "  File\n";
 }
 
-std::string TableRow(const PatternSession& session, const std::string& file) {
+std::string TableRow(const OpenedPattern& pattern, const std::string& file) {
+  const PatternSession& session = pattern.Session;
   const PlotResult& plot = session.Plot();
-  const CutFigures figures = plot.FieldsShown ? FiguresOfRecord(session.Record()) : CutFigures{};
-  return Cell(std::to_string(session.Record().ReadingsPlotted)) +
-         Cell(session.txtAngle() == "Angle" ? "-" : session.txtAngle()) + Figure(plot.GainEstimate, 2) +
-         Figure(figures.Hpbw, 2) + Figure(figures.BeamCentre, 1) + Figure(figures.FrontToBack, 1) +
-         Figure(figures.FrontToRear, 1) + Figure(figures.SideLobeLevel, 1) + Figure(figures.Closure, 2) +
-         "  " + file + "\n";
+  const CutFigures figures = plot.FieldsSettled ? FiguresOfRecord(session.Record()) : CutFigures{};
+  return Cell(std::to_string(session.Record().ReadingsPlotted)) + Figure(session.Figures().BeamwidthDeg, 2) +
+         Figure(plot.Figures.GainDbi, 2) + Figure(figures.Hpbw, 2) + Figure(figures.BeamCentre, 1) +
+         Figure(figures.FrontToBack, 1) + Figure(figures.FrontToRear, 1) + Figure(figures.SideLobeLevel, 1) +
+         Figure(figures.Closure, 2) + "  " + file + "\n";
 }
 
 }  // namespace lobegraph

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "cli/PatternSession.h"
+#include "cli/OpenPattern.h"
 
 namespace lobegraph {
 
@@ -10,6 +10,6 @@ namespace lobegraph {
 std::string TableHeading();
 
 /// A row of it; "-" for a figure that the pattern does not have.
-std::string TableRow(const PatternSession& session, const std::string& file);
+std::string TableRow(const OpenedPattern& pattern, const std::string& file);
 
 }  // namespace lobegraph

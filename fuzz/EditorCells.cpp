@@ -12,7 +12,7 @@ void PromiseUpdate(const EditorGrid& grid) {
   ReadingsRecord record;
   int failedRow = 0;
   try {
-    UpdateReadings(grid, record, failedRow);
+    record.TakeUp(grid.Numbers(record.Readings, failedRow));
   } catch (const RunTimeError&) {
     Promise(failedRow >= 1 && failedRow <= EditorGrid::kRows, "a refused value names its row");
     Promise(record.ReadingCount == ReadingsRecord{}.ReadingCount, "a refused update changes nothing");

@@ -1,4 +1,4 @@
-#include "cli/PlotColours.h"
+#include "cli/ColoursFile.h"
 
 #include "data/base/RunTimeError.h"
 #include "fuzz/Targets.h"
@@ -8,10 +8,7 @@ namespace lobegraph::fuzz {
 void TryPlotColours(std::string_view input) {
   try {
     const PlotColours colours = ReadColours(input);
-    for (std::size_t pattern = 0; pattern < 9; ++pattern) {
-      TraceColourOf(colours, pattern);
-      MarkColourOf(colours, pattern);
-    }
+    for (std::size_t pattern = 0; pattern < 9; ++pattern) InkOf(colours, pattern);
   } catch (const RunTimeError& refused) {
     Promise(!refused.Detail().empty(), "a refused colour is named");
   }

@@ -115,7 +115,9 @@ class Build:
 
 
 def by_file(what, text):
-    """Each line under the name of the pattern that it is about, and its place among the lines about it."""
+    """Each line under the name of the pattern that it is about, and its place among the lines about it. The source line that
+    a fault names is where the source stands, not what the program says."""
+    text = re.sub(rb"in line \d+ of procedure", b"in line _ of procedure", text)
     found, counted = {}, collections.Counter()
     for line in text.splitlines(keepends=True):
         name = re.search(rb"p\d{3}(\.\w+)+", line)

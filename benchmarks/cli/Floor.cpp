@@ -3,6 +3,8 @@
 #include <string>
 #include <vector>
 
+#include "cli/ColoursFile.h"
+#include "cli/OpenPattern.h"
 #include "cli/qt/QtPictureFiles.h"
 
 namespace {
@@ -29,9 +31,9 @@ double EncodeAll(const std::vector<std::string>& paths) {
   PngEncoder encoder;
   double seconds = 0.0;
   for (const std::string& path : paths) {
-    PatternSession session({});
-    session.Run(files, path);
-    const QImage pixels = pictures.Draw({{{session, path}}, DefaultColours(), ""}, 0, 0);
+    const PatternSession session = OpenPattern(files, path, {}).Session;
+    const QImage pixels =
+        pictures.Draw({session.Style(), {{session.Plot(), path}}, DefaultColours(), ""}, 0, 0);
     const auto start = std::chrono::steady_clock::now();
     encoder.Encode(QtPictureFiles::ViewOf(pixels));
     seconds += SecondsSince(start);

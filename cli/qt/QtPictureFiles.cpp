@@ -19,11 +19,6 @@ constexpr double kPointsPerUnit = 72.0 / 96.0;
 
 QSize UnitsOf(const Picture& picture) { return {kPictureWidth, PictureHeightOf(picture.Patterns.size())}; }
 
-bool SameGrid(const GridOptions& a, const GridOptions& b) {
-  return a.LinearMode == b.LinearMode && a.ShowLogScale == b.ShowLogScale && a.chkPlotInDB == b.chkPlotInDB &&
-         a.Slider1 == b.Slider1 && a.PlotGridColour == b.PlotGridColour;
-}
-
 /// The toolkit's remarks about a desktop that is not there are no business of whoever reads standard error.
 void OnlyFatal(QtMsgType type, const QMessageLogContext&, const QString& text) {
   if (type == QtFatalMsg) std::cerr << "lobegraph-cli: " << text.toStdString() << '\n';
@@ -53,14 +48,14 @@ void QtPictureFiles::StartToolkit() {
 }
 
 void QtPictureFiles::LayGrid(const Picture& picture, QSize units, double ratio) {
-  const GridOptions options = GridOf(picture);
+  const Colour lines = picture.Colours.PlotGridColour;
   const Colour background = picture.Colours.PlotBackground;
   const bool fits =
       kept_ && kept_->Units == units && kept_->Ratio == ratio && kept_->Background == background;
   if (!fits) surface_ = std::make_unique<ImageSurface>(units, ratio, background);
-  if (!fits || !SameGrid(kept_->Options, options)) {
-    DrawGrid(*surface_, options);
-    kept_ = KeptGrid{options, background, units, ratio, surface_->Picture().copy()};
+  if (!fits || kept_->Style != picture.Style || kept_->Lines != lines) {
+    DrawGrid(*surface_, picture);
+    kept_ = KeptGrid{picture.Style, lines, background, units, ratio, surface_->Picture().copy()};
   }
   surface_->TakeUp(kept_->Pixels);
 }
@@ -100,7 +95,7 @@ std::string QtPictureFiles::Pdf(const Picture& picture) {
     QPainter painter(&page);
     painter.scale(page.width() / double(units.width()), page.height() / double(units.height()));
     PageSurface surface(painter, units, picture.Colours.PlotBackground);
-    DrawGrid(surface, GridOf(picture));
+    DrawGrid(surface, picture);
     DrawPatterns(surface, picture, [](std::string_view) {});
   }
   return file.data().toStdString();

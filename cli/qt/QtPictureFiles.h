@@ -23,7 +23,8 @@ class QtPictureFiles : public PictureFiles {
 
  private:
   struct KeptGrid {
-    GridOptions Options;
+    PlotStyle Style;
+    Colour Lines;
     Colour Background;
     QSize Units;
     double Ratio = 1.0;

@@ -44,12 +44,17 @@ double GainFromBeamwidth(std::string_view elements, double beamwidthDeg, bool ho
   return 10.0 * Log10(kBeamArea / (beamwidthDeg * beamwidthDeg * *ratio)) + 2.15;
 }
 
-Figures FiguresOf(float beamwidthDeg, std::string_view elements, bool horizontal) {
+BeamFigures BeamFiguresOf(float beamwidthDeg, std::string_view elements, bool horizontal) {
   if (!(beamwidthDeg > 0.F && beamwidthDeg < 180.F)) return {};
-  const double gain = GainFromBeamwidth(elements, beamwidthDeg, horizontal);
-  return {FixedText(beamwidthDeg, 2), GainText(gain), gain};
+  return {beamwidthDeg, GainFromBeamwidth(elements, beamwidthDeg, horizontal)};
 }
 
-std::string GainText(double gainDbi) { return FixedText(gainDbi, 2) + " dBi"; }
+std::string BeamwidthText(const std::optional<float>& beamwidthDeg) {
+  return beamwidthDeg ? FixedText(*beamwidthDeg, 2) : "Angle";
+}
+
+std::string GainText(const std::optional<double>& gainDbi) {
+  return gainDbi ? FixedText(*gainDbi, 2) + " dBi" : "Gain";
+}
 
 }  // namespace lobegraph

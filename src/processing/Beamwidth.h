@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "processing/PlotResult.h"
+
 namespace lobegraph {
 
 /// Beamwidth in degrees between two -3 dB indexes: the smaller of the two ways round, 0 to 180. Two equal
@@ -21,17 +23,12 @@ std::optional<double> ElementRatioOf(std::string_view elements, bool horizontal)
 /// @param beamwidthDeg above 0
 double GainFromBeamwidth(std::string_view elements, double beamwidthDeg, bool horizontal);
 
-/// What the two figure boxes show.
-struct Figures {
-  std::string txtAngle = "Angle";
-  std::string txtGain = "Gain";
-  std::optional<double> GainEstimate;  ///< dBi
-};
+/// The figures of a beamwidth; none unless it lies between 0 and 180 degrees (both exclusive).
+BeamFigures BeamFiguresOf(float beamwidthDeg, std::string_view elements, bool horizontal);
 
-/// The figures of a beamwidth; the placeholders unless it lies between 0 and 180 degrees (both exclusive).
-Figures FiguresOf(float beamwidthDeg, std::string_view elements, bool horizontal);
-
-/// "7.89 dBi"
-std::string GainText(double gainDbi);
+/// "65.00", or "Angle" in its place.
+std::string BeamwidthText(const std::optional<float>& beamwidthDeg);
+/// "7.89 dBi", or "Gain" in its place.
+std::string GainText(const std::optional<double>& gainDbi);
 
 }  // namespace lobegraph

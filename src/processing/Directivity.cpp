@@ -10,7 +10,8 @@
 namespace lobegraph {
 namespace {
 
-// Deliberate: these six-digit constants, so that a pattern gives the same figure as it always has.
+// Deliberate: these six-digit constants, so that a pattern keeps the figure by which antennas have been
+// compared.
 constexpr double kPi = 3.141593;
 constexpr double kTwoPi = 6.283186;
 
@@ -24,7 +25,7 @@ int StrongestReading(const ReadingsRecord& record, int first, int last) {
 /// The integrand at equal steps from the strongest reading, forward and round the end of the plotted range.
 std::vector<double> Integrand(const ReadingsRecord& record, int points) {
   const int first = record.TrimFront;
-  const int last = record.NumReadings - record.TrimEnd;
+  const int last = record.LastPlotted();
   const int strongest = StrongestReading(record, first, last);
   const double peak = record.Readings(strongest);
   if (peak == 0.0) throw RunTimeError(fault::kOverflow);

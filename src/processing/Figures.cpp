@@ -219,7 +219,7 @@ double PatternCut::BearingOf(double position) const {
 
 std::optional<PatternCut> CutOf(const ReadingsRecord& record) {
   PatternCut cut;
-  const int last = record.NumReadings - record.TrimEnd;
+  const int last = record.LastPlotted();
   float strongest = 0.F;
   for (int i = record.TrimFront; i <= last; ++i) strongest = std::max(strongest, record.Readings(i));
   for (int i = record.TrimFront; i <= last; ++i) {

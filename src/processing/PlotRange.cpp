@@ -1,5 +1,7 @@
 #include "processing/PlotRange.h"
 
+#include <cmath>
+
 #include "data/base/Numbers.h"
 #include "data/base/Rounding.h"
 
@@ -9,8 +11,14 @@ namespace {
 constexpr std::int16_t kMostReadings = 360;
 constexpr std::int16_t kFewestReadings = 60;
 
-RangeCheck Refused(std::string message, std::optional<PlotBox> box = std::nullopt) {
-  return {false, std::move(message), box};
+RangeCheck Refused(std::string message, std::optional<PlacementPart> part = std::nullopt) {
+  return {false, std::move(message), part};
+}
+
+/// @throws RunTimeError 6 for a number beyond singles, whether or not a double could hold it
+float RotationTyped(double degrees) {
+  if (std::isinf(degrees)) throw RunTimeError(fault::kOverflow);
+  return ToSingle(degrees);
 }
 
 /// The last reading that one trim leaves, in the 16 bits of the record. @throws RunTimeError 6
@@ -19,6 +27,11 @@ std::int16_t LastAfter(const ReadingsRecord& record, std::int16_t trim) {
 }
 
 }  // namespace
+
+Placement PlacementOf(const ReadingsRecord& record) {
+  return {LeadingNumber(SingleText(record.Rotate)), static_cast<double>(record.TrimFront),
+          static_cast<double>(record.TrimEnd)};
+}
 
 std::int16_t PlottedCount(const ReadingsRecord& record) {
   const std::int16_t withoutFront = ToInt16(record.NumReadings - record.TrimFront);
@@ -31,25 +44,25 @@ std::optional<std::string> CountRefusal(std::int16_t count, bool anyLength) {
   return std::nullopt;
 }
 
-RangeCheck CheckRange(ReadingsRecord& record, const PlotTexts& texts, bool calibrating) {
-  record.Rotate = ToSingle(LeadingNumber(texts.txtRotate));
-  record.TrimFront = ToInt16(LeadingNumber(texts.txtTrimFront));
-  record.TrimEnd = ToInt16(LeadingNumber(texts.txtTrimEnd));
+RangeCheck CheckRange(ReadingsRecord& record, const Placement& placement, bool anyLength) {
+  record.Rotate = RotationTyped(placement.Rotate);
+  record.TrimFront = ToInt16(placement.TrimFront);
+  record.TrimEnd = ToInt16(placement.TrimEnd);
   if (record.Rotate < 0.F || record.Rotate > 359.F) {
     record.Rotate = 0.F;
-    return Refused("LBG007 Value for Rotate must be in the range 1 - 359", PlotBox::Rotate);
+    return Refused("LBG007 Value for Rotate must be in the range 1 - 359", PlacementPart::Rotate);
   }
   if (record.TrimFront > LastAfter(record, record.TrimEnd) || record.TrimFront < 0) {
     record.TrimFront = 0;
-    return Refused("LBG008 Value for Trim Front or Trim End is out of range", PlotBox::TrimFront);
+    return Refused("LBG008 Value for Trim Front or Trim End is out of range", PlacementPart::TrimFront);
   }
   if (record.TrimEnd > LastAfter(record, record.TrimFront) || record.TrimEnd < 0) {
     record.TrimEnd = 0;
-    return Refused("LBG009 Value for Trim End or Trim Front is out of range", PlotBox::TrimEnd);
+    return Refused("LBG009 Value for Trim End or Trim Front is out of range", PlacementPart::TrimEnd);
   }
   record.ReadingsPlotted = PlottedCount(record);
   if (record.ReadingsPlotted == 1) return {};
-  if (auto refusal = CountRefusal(record.ReadingsPlotted, calibrating)) return Refused(*std::move(refusal));
+  if (auto refusal = CountRefusal(record.ReadingsPlotted, anyLength)) return Refused(*std::move(refusal));
   return {true, std::nullopt, std::nullopt};
 }
 
@@ -58,9 +71,9 @@ float DegreesBetween(std::int16_t readingsPlotted, bool plot180) {
   return plot180 ? degrees / 2.F : degrees;
 }
 
-float RotationFor(const ReadingsRecord& record, bool linearMode) {
+float RotationFor(const ReadingsRecord& record, bool rectangular) {
   if (!record.Plot180) return record.Rotate;
-  return linearMode ? 0.F : 270.F;
+  return rectangular ? 0.F : 270.F;
 }
 
 float WholeRotation(float degrees) {

@@ -3,25 +3,27 @@
 #include <cstdint>
 #include <optional>
 #include <string>
-#include <string_view>
 
 #include "data/record/ReadingsRecord.h"
 #include "processing/PlotResult.h"
 
 namespace lobegraph {
 
-/// The three boxes as typed; anything without a leading number counts as 0.
-struct PlotTexts {
-  std::string txtRotate = "0";
-  std::string txtTrimFront = "0";
-  std::string txtTrimEnd = "0";
+/// Rotation and trims as they were typed, before any check; see TypedNumber.
+struct Placement {
+  double Rotate = 0.0;     ///< degrees
+  double TrimFront = 0.0;  ///< readings
+  double TrimEnd = 0.0;
 };
+
+/// The placement that a record has, in the seven digits in which it is shown.
+Placement PlacementOf(const ReadingsRecord& record);
 
 /// Whether a set can be plotted.
 struct RangeCheck {
   bool Passed = false;
-  std::optional<std::string> Message;  ///< none for a single reading, which is refused silently
-  std::optional<PlotBox> ResetBox;     ///< the value refused; it is 0 in the record now
+  std::optional<std::string> Message;    ///< none for a single reading, which is refused silently
+  std::optional<PlacementPart> Refused;  ///< the value refused; it is 0 in the record now
 };
 
 inline constexpr const char* kTooManyReadings = "LBG010 More than 360 readings to plot";
@@ -34,19 +36,19 @@ std::int16_t PlottedCount(const ReadingsRecord& record);
 /// @param anyLength a short set is accepted (calibrating)
 std::optional<std::string> CountRefusal(std::int16_t count, bool anyLength);
 
-/// Takes rotation and trims from the boxes into the record and checks them, the count last.
+/// Takes rotation and trims into the record and checks them, the count last.
 /// Deliberate: rotation 0 is accepted although its message names 1 as the lower bound.
-/// @throws RunTimeError 6 for a number that does not fit the record.
-RangeCheck CheckRange(ReadingsRecord& record, const PlotTexts& texts, bool calibrating);
+/// @param anyLength as CountRefusal @throws RunTimeError 6 for a number that does not fit the record.
+RangeCheck CheckRange(ReadingsRecord& record, const Placement& placement, bool anyLength);
 
 /// Degrees between two plotted readings; half for a 180-degree set.
 float DegreesBetween(std::int16_t readingsPlotted, bool plot180);
 
-/// The rotation that a plot is drawn with: a 180-degree set always lies across the top (270), and keeps 0 in
-/// the rectangular drawing.
-float RotationFor(const ReadingsRecord& record, bool linearMode);
+/// The rotation that a record has once it is plotted: a 180-degree set always lies across the top (270), and
+/// keeps 0 in the rectangular drawing.
+float RotationFor(const ReadingsRecord& record, bool rectangular);
 
-/// A rotation as the whole number its box shows; 360 is 0.
+/// A rotation as the whole number that is shown of it; 360 is 0.
 float WholeRotation(float degrees);
 
 }  // namespace lobegraph

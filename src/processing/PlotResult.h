@@ -6,14 +6,9 @@
 #include <string>
 #include <vector>
 
-namespace lobegraph {
+#include "processing/PlotStyle.h"
 
-/// How a level becomes a radius.
-enum class PlotScale {
-  Logarithmic,  ///< R * 10^(-dB / scale setting)
-  Db50,         ///< linear in dB, 50 dB from rim to centre
-  Linear,       ///< proportional to the level
-};
+namespace lobegraph {
 
 /// A point of a trace before rotation: degrees from the first plotted reading (clockwise), radius in surface
 /// units.
@@ -22,18 +17,25 @@ struct TracePoint {
   float Radius = 0.0F;
 };
 
-/// Which box a refused value is taken from; it then shows "0".
-enum class PlotBox { Rotate, TrimFront, TrimEnd };
+/// The numbers that place a pattern on its plot.
+enum class PlacementPart { Rotate, TrimFront, TrimEnd };
+
+/// What is read off the beam. None where the pattern has no beamwidth between 0 and 180 degrees.
+struct BeamFigures {
+  std::optional<float> BeamwidthDeg;  ///< between the -3 dB points
+  std::optional<double> GainDbi;      ///< estimate from the beamwidth
+};
 
 /// A plot as data: all that a window, a picture or a report shows of one pattern.
 struct PlotResult {
-  bool PlotDone = false;              ///< the plot is complete
-  std::vector<std::string> Messages;  ///< texts the user is shown, in order
-  std::optional<PlotBox> ResetBox;    ///< the refused value, already 0 in the record
-  bool FieldsShown = false;           ///< the checks passed: the record's plot fields are to be shown
+  bool PlotDone = false;                 ///< the plot is complete
+  std::optional<std::string> Message;    ///< why it was refused, for the user
+  std::optional<PlacementPart> Refused;  ///< the value refused, already 0 in the record
+  bool FieldsSettled = false;            ///< the checks passed: the record's plot fields are to be shown
 
   PlotScale Scale = PlotScale::Logarithmic;
   float DegreesPerReading = 0.0F;
+  float RotationOffset = 0.0F;  ///< degrees added to every angle, see RotationOffsetOf
   /// The plotted points in order. A 360-degree figure ends with its first point once more, which closes it.
   std::vector<TracePoint> Trace;
   std::int16_t Minus3dBIndexA = 0;
@@ -42,10 +44,15 @@ struct PlotResult {
   /// that the two can be told apart.
   std::array<TracePoint, 2> Minus3dBMarks{};
 
-  float BeamwidthDeg = 0.0F;
-  std::optional<double> GainEstimate;  ///< dBi; none when there is no beamwidth between 0 and 180 degrees
-  std::string txtAngle = "Angle";      ///< beamwidth with 2 decimals, or its placeholder
-  std::string txtGain = "Gain";        ///< gain with 2 decimals and " dBi", or its placeholder
+  float BeamwidthDeg = 0.0F;  ///< as the -3 dB points have it, 0 or 180 included
+  BeamFigures Figures;
 };
+
+/// Rotation that a pattern is drawn with. A 180-degree set lies across the upper half of the circle, and in
+/// the rectangular drawing it is centred on the axis.
+constexpr float RotationOffsetOf(bool rectangular, bool plot180, float rotate) {
+  if (!plot180) return rotate;
+  return rectangular ? -90.0F : 270.0F;
+}
 
 }  // namespace lobegraph

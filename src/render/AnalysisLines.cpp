@@ -19,20 +19,18 @@ std::string OneDecimal(double value) {
   return StoreText(static_cast<float>(RoundHalfEven(value * 10.0) / 10.0));
 }
 
-bool IsPercent(const AnalysisScale& scale) { return !scale.ShowLogScale && !scale.chkPlotInDB; }
-
 }  // namespace
 
-std::optional<std::string> LevelText(float height, float fullScaleRadius, const AnalysisScale& scale) {
+std::optional<std::string> LevelText(float height, float fullScaleRadius, const PlotStyle& style) {
   constexpr double kDbSpan = 50.0;
   const double h = height;
   const double r = fullScaleRadius;
-  if (scale.ShowLogScale) {
+  if (style.Logarithmic()) {
     if (!(h > 0.0)) return std::nullopt;
-    return OneDecimal(scale.S * std::log10(h / r));
+    return OneDecimal(style.ScaleSetting * std::log10(h / r));
   }
   if (!(h >= 0.0)) return std::nullopt;
-  if (scale.chkPlotInDB) return OneDecimal(-(r - h) * kDbSpan / r);
+  if (style.InDb()) return OneDecimal(-(r - h) * kDbSpan / r);
   return FixedText(RoundHalfEven(h * 100.0 / r), 0);
 }
 
@@ -41,9 +39,9 @@ std::string AngleText(float x, const PlotArea& area) {
   return std::to_string(ToInt32(turned) - 180);
 }
 
-std::string LineCaption(AnalysisSide side, const AnalysisScale& scale) {
+std::string LineCaption(AnalysisSide side, const PlotStyle& style) {
   const std::string line = side == AnalysisSide::Upper ? "Upper line: " : "Lower line: ";
-  return line + (IsPercent(scale) ? "% peak value" : "-dB level");
+  return line + (style.InDb() ? "-dB level" : "% peak value");
 }
 
 bool AnalysisLines::Inside(SurfacePoint at) const {

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 
+#include "processing/PlotStyle.h"
 #include "render/PictureLayer.h"
 #include "render/PlotGeometry.h"
 
@@ -15,13 +16,6 @@ enum class AnalysisSide { Upper, Lower };
 
 /// A set of mouse buttons, their numbers added.
 enum MouseButtons : unsigned { kNoButton = 0, kLeftButton = 1, kRightButton = 2 };
-
-/// What the levels are measured on.
-struct AnalysisScale {
-  bool ShowLogScale = true;
-  bool chkPlotInDB = true;
-  float S = 35.F;  ///< log scale factor
-};
 
 /// A line's state; positions in whole surface units, -1 for none.
 struct AnalysisLine {
@@ -37,13 +31,13 @@ struct AnalysisLine {
 /// The level of a height above the bottom edge: dB below the peak to one decimal, or percent of it (whole).
 /// Deliberate: the bottom edge itself has a level on a linear scale ("-50", "0") and none on the logarithmic
 /// one, whose logarithm of 0 there is none of.
-std::optional<std::string> LevelText(float height, float fullScaleRadius, const AnalysisScale& scale);
+std::optional<std::string> LevelText(float height, float fullScaleRadius, const PlotStyle& style);
 
 /// Whole degrees from -180 at the left edge to 180 at the right.
 std::string AngleText(float x, const PlotArea& area);
 
 /// "Upper line: -dB level", or "% peak value" where levels are percent.
-std::string LineCaption(AnalysisSide side, const AnalysisScale& scale);
+std::string LineCaption(AnalysisSide side, const PlotStyle& style);
 
 /// Two level lines across the rectangular drawing that the mouse or the arrow keys move. They lie on a layer:
 /// the picture beneath stays as it is. Dashed, 1 unit wide, in the opposite of each colour
@@ -73,8 +67,8 @@ class AnalysisLines {
   void Reset();
 
   float HeightAt(SurfacePoint at) const { return static_cast<float>(area_.Bottom) - at.Y; }
-  std::optional<std::string> LevelAt(float height, const AnalysisScale& scale) const {
-    return LevelText(height, radius_, scale);
+  std::optional<std::string> LevelAt(float height, const PlotStyle& style) const {
+    return LevelText(height, radius_, style);
   }
 
  private:

@@ -117,31 +117,32 @@ void DrawRings(Plotter& plotter, const std::vector<GridRing>& rings, Colour colo
 
 }  // namespace
 
-CircularGrid MakeCircularGrid(const PlotGeometry& geometry, const GridOptions& options) {
-  return options.ShowLogScale ? MakeLogGrid(geometry, options.Slider1)
-                              : MakeLinearGrid(geometry, options.chkPlotInDB);
+CircularGrid MakeCircularGrid(const PlotGeometry& geometry, const PlotStyle& style) {
+  return style.Logarithmic() ? MakeLogGrid(geometry, style.ScaleSetting)
+                             : MakeLinearGrid(geometry, style.InDb());
 }
 
-void DrawCircularGrid(Plotter& plotter, const GridOptions& options) {
-  if (options.LinearMode) {
-    DrawRectangularGrid(plotter, options);
+void DrawCircularGrid(Plotter& plotter, const PlotStyle& style, const PlotColours& colours, GridOver over) {
+  if (style.Rectangular) {
+    DrawRectangularGrid(plotter, style, colours, over);
     return;
   }
   DrawingSurface& surface = plotter.Surface();
-  if (!options.Overlay) surface.Clear();
+  const Colour colour = colours.PlotGridColour;
+  if (over == GridOver::Cleared) surface.Clear();
   PlotPen& pen = plotter.Pen();
-  pen.LinearMode = false;
-  pen.TraceColour = options.PlotGridColour;
+  pen.Rectangular = false;
+  pen.TraceColour = colour;
   const float savedRotation = pen.RotationOffset;
   pen.RotationOffset = 0.0F;
   LabelFont font(surface);
-  const CircularGrid grid = MakeCircularGrid(plotter.Geometry(), options);
-  DrawRadials(plotter, options.PlotGridColour);
-  BlankMiddle(plotter, grid.BlankRadius, options.PlotGridColour);
-  DrawRings(plotter, grid.Rings, options.PlotGridColour);
-  DrawGridLabels(surface, grid.Labels, options.PlotGridColour);
+  const CircularGrid grid = MakeCircularGrid(plotter.Geometry(), style);
+  DrawRadials(plotter, colour);
+  BlankMiddle(plotter, grid.BlankRadius, colour);
+  DrawRings(plotter, grid.Rings, colour);
+  DrawGridLabels(surface, grid.Labels, colour);
   font.Restore();
-  pen.TraceColour = options.PlotUserColour;
+  pen.TraceColour = colours.PlotUserColour;
   pen.RotationOffset = savedRotation;
   surface.SetPenWidth(2);
 }

@@ -2,8 +2,9 @@
 
 #include <vector>
 
-#include "render/GridOptions.h"
+#include "processing/PlotStyle.h"
 #include "render/GridPainting.h"
+#include "render/PlotColours.h"
 #include "render/PlotGeometry.h"
 #include "render/Plotter.h"
 
@@ -23,13 +24,13 @@ struct CircularGrid {
 };
 
 /// @throws RunTimeError 11 (Division by zero) for a log scale factor of 0 on the logarithmic scale.
-CircularGrid MakeCircularGrid(const PlotGeometry& geometry, const GridOptions& options);
+CircularGrid MakeCircularGrid(const PlotGeometry& geometry, const PlotStyle& style);
 
-/// Draws the empty plot: the circular grid, or the rectangular one in linear mode. Clears the surface first
-/// unless the options say overlay. The grid is never rotated. Leaves the pen width at 2, the pen up, the
-/// rotation offset as it was and PlotUserColour as the trace colour, and sets the plotter's linear mode to
-/// that of the options.
+/// Draws the empty plot: the circular grid, or the rectangular one. Clears the surface first unless what is
+/// drawn is to stay. The grid is never rotated. Leaves the pen width at 2, the pen up, the rotation offset as
+/// it was and PlotUserColour as the trace colour, and sets the plotter's form to that of the style.
 /// @throws RunTimeError as MakeCircularGrid; the surface is then half drawn.
-void DrawCircularGrid(Plotter& plotter, const GridOptions& options);
+void DrawCircularGrid(Plotter& plotter, const PlotStyle& style, const PlotColours& colours,
+                      GridOver over = GridOver::Cleared);
 
 }  // namespace lobegraph

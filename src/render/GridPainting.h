@@ -9,6 +9,9 @@
 
 namespace lobegraph {
 
+/// What a grid is drawn over: a surface that is cleared first, or what is there.
+enum class GridOver { Cleared, Kept };
+
 /// A text of the grid and its top-left corner.
 struct GridLabel {
   std::string_view Text;

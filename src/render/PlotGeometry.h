@@ -2,6 +2,7 @@
 
 #include <cstdint>
 
+#include "processing/PlotStyle.h"
 #include "render/DrawingSurface.h"
 
 namespace lobegraph {
@@ -10,7 +11,7 @@ namespace lobegraph {
 struct PlotGeometry {
   float X = 250.5F;  ///< plot centre
   float Y = 283.0F;
-  float R = 234.0F;  ///< full-scale radius: the 0 dB ring, and the amplitude 1.0
+  float R = kFullScaleRadius;
 
   constexpr SurfacePoint Centre() const { return {X, Y}; }
 };

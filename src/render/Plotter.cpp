@@ -23,7 +23,7 @@ Plotter::Plotter(DrawingSurface& surface, const PlotGeometry& geometry)
 SurfacePoint Plotter::PlotPoint(float& angleDeg, float radius) {
   const std::optional<SurfacePoint> point = PointAt(angleDeg, radius);
   if (!point) return pen_.Previous;
-  const bool wrapped = pen_.LinearMode && point->X < pen_.Previous.X;
+  const bool wrapped = pen_.Rectangular && point->X < pen_.Previous.X;
   if (pen_.PenDown && !wrapped) {
     surface_.Line(pen_.Previous, *point, pen_.TraceColour);
   } else {
@@ -34,7 +34,7 @@ SurfacePoint Plotter::PlotPoint(float& angleDeg, float radius) {
 }
 
 std::optional<SurfacePoint> Plotter::PointAt(float& angleDeg, float radius) const {
-  if (pen_.LinearMode) return RectangularPoint(angleDeg, radius);
+  if (pen_.Rectangular) return RectangularPoint(angleDeg, radius);
   return PolarPoint(angleDeg, radius);
 }
 

@@ -12,17 +12,10 @@ namespace lobegraph {
 struct PlotPen {
   float RotationOffset = 0.0F;  ///< degrees added to every angle
   Colour TraceColour;
-  bool PenDown = false;     ///< join each point to the previous one; else set a single dot
-  bool LinearMode = false;  ///< the rectangular drawing
-  SurfacePoint Previous;    ///< the last point plotted
+  bool PenDown = false;      ///< join each point to the previous one; else set a single dot
+  bool Rectangular = false;  ///< level over angle instead of the circle
+  SurfacePoint Previous;     ///< the last point plotted
 };
-
-/// Rotation that a pattern is drawn with. A 180-degree set lies across the upper half of the circle, and in
-/// the rectangular drawing it is centred on the axis.
-constexpr float RotationOffsetOf(bool linearMode, bool plot180, float rotate) {
-  if (!plot180) return rotate;
-  return linearMode ? -90.0F : 270.0F;
-}
 
 /// The plot-point rule: the one way from an angle and a radius to a point of the surface, for live and kept
 /// traces and for the grid alike. 0 degrees is straight up, angles run clockwise.

@@ -112,27 +112,28 @@ void DrawLevelLines(DrawingSurface& surface, const RectangularGrid& grid, Colour
 
 }  // namespace
 
-RectangularGrid MakeRectangularGrid(const PlotGeometry& geometry, const GridOptions& options) {
+RectangularGrid MakeRectangularGrid(const PlotGeometry& geometry, const PlotStyle& style) {
   RectangularGrid grid;
   grid.Area = MakePlotArea(geometry);
   grid.AngleLines = MakeAngleLines(grid.Area, geometry.R);
-  if (options.ShowLogScale) {
-    AddLogLevels(grid, RingTable(geometry.R, options.Slider1));
+  if (style.Logarithmic()) {
+    AddLogLevels(grid, RingTable(geometry.R, style.ScaleSetting));
   } else {
-    AddLinearLevels(grid, geometry.R, options.chkPlotInDB);
+    AddLinearLevels(grid, geometry.R, style.InDb());
   }
   return grid;
 }
 
-void DrawRectangularGrid(Plotter& plotter, const GridOptions& options) {
+void DrawRectangularGrid(Plotter& plotter, const PlotStyle& style, const PlotColours& colours,
+                         GridOver over) {
   DrawingSurface& surface = plotter.Surface();
-  const Colour colour = options.PlotGridColour;
-  if (!options.Overlay) surface.Clear();
-  plotter.Pen().LinearMode = true;
+  const Colour colour = colours.PlotGridColour;
+  if (over == GridOver::Cleared) surface.Clear();
+  plotter.Pen().Rectangular = true;
   plotter.Pen().PenDown = false;
   plotter.Pen().TraceColour = colour;
-  const RectangularGrid grid = MakeRectangularGrid(plotter.Geometry(), options);
-  if (!options.Overlay) surface.FilledBox(TopLeft(grid.Area), BottomRight(grid.Area), kPaper);
+  const RectangularGrid grid = MakeRectangularGrid(plotter.Geometry(), style);
+  if (over == GridOver::Cleared) surface.FilledBox(TopLeft(grid.Area), BottomRight(grid.Area), kPaper);
   DrawAngleLines(surface, grid, colour);
   surface.SetPenWidth(2);
   surface.BoxOutline(TopLeft(grid.Area), BottomRight(grid.Area), colour);

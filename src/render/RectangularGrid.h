@@ -3,8 +3,9 @@
 #include <cstdint>
 #include <vector>
 
-#include "render/GridOptions.h"
+#include "processing/PlotStyle.h"
 #include "render/GridPainting.h"
+#include "render/PlotColours.h"
 #include "render/PlotGeometry.h"
 #include "render/Plotter.h"
 
@@ -34,12 +35,13 @@ struct RectangularGrid {
 };
 
 /// @throws RunTimeError 11 (Division by zero) for a log scale factor of 0 on the logarithmic scale.
-RectangularGrid MakeRectangularGrid(const PlotGeometry& geometry, const GridOptions& options);
+RectangularGrid MakeRectangularGrid(const PlotGeometry& geometry, const PlotStyle& style);
 
-/// Draws the empty rectangular drawing. Clears the surface and fills the plot area first unless the options
-/// say overlay. Leaves the pen width at 2, PlotGridColour as the trace colour and the plotter's linear mode
-/// on.
+/// Draws the empty rectangular drawing. Clears the surface and fills the plot area first unless what is drawn
+/// is to stay. Leaves the pen width at 2, PlotGridColour as the trace colour and the plotter's form
+/// rectangular.
 /// @throws RunTimeError as MakeRectangularGrid; the surface is then half drawn.
-void DrawRectangularGrid(Plotter& plotter, const GridOptions& options);
+void DrawRectangularGrid(Plotter& plotter, const PlotStyle& style, const PlotColours& colours,
+                         GridOver over = GridOver::Cleared);
 
 }  // namespace lobegraph

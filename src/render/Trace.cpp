@@ -6,7 +6,7 @@ namespace lobegraph {
 namespace {
 
 SurfacePoint FootOf(const Plotter& plotter, SurfacePoint point) {
-  if (!plotter.Pen().LinearMode) return plotter.Geometry().Centre();
+  if (!plotter.Pen().Rectangular) return plotter.Geometry().Centre();
   return {point.X, static_cast<float>(MakePlotArea(plotter.Geometry()).Bottom)};
 }
 
@@ -17,13 +17,11 @@ void DrawMinus3dBMark(Plotter& plotter, TracePoint mark, Colour colour) {
 
 }  // namespace
 
-void DrawTrace(Plotter& plotter, const PlotResult& result, const TraceOptions& options) {
-  StartTrace(plotter, options.Overlay ? options.PlotLineOverlayColour : options.PlotLineColour,
-             options.RotationOffset);
+void DrawTrace(Plotter& plotter, const PlotResult& result, const TraceInk& ink, bool minus3dBMarks) {
+  StartTrace(plotter, ink.Line, result.RotationOffset);
   for (const TracePoint& point : result.Trace) DrawTracePoint(plotter, point.AngleDeg, point.Radius);
-  if (!options.chkShow3dB || !result.PlotDone) return;
-  const Colour markColour = options.Overlay ? options.PlotUserOverlayColour : options.PlotUserColour;
-  for (const TracePoint& mark : result.Minus3dBMarks) DrawMinus3dBMark(plotter, mark, markColour);
+  if (!minus3dBMarks || !result.PlotDone) return;
+  for (const TracePoint& mark : result.Minus3dBMarks) DrawMinus3dBMark(plotter, mark, ink.Marks);
 }
 
 void StartTrace(Plotter& plotter, Colour traceColour, float rotationOffset) {

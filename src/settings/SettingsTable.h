@@ -6,6 +6,7 @@
 #include <string_view>
 #include <variant>
 
+#include "data/record/ScaleSetting.h"
 #include "settings/SettingsValues.h"
 
 namespace lobegraph {
@@ -31,7 +32,7 @@ struct SettingRow {
 /// business: the store checks nothing.
 inline constexpr auto kSettingsTable = std::to_array<SettingRow>({
     {"Username", &SettingsValues::Username, " "},
-    {"Scale", &SettingsValues::Scale, "35"},
+    {"Scale", &SettingsValues::Scale, scale_setting::kUsualText},
     {"RotateTime", &SettingsValues::RotateTime, "60"},
     {"AutoStart", &SettingsValues::AutoStart, "0"},
     {"AutoStop", &SettingsValues::AutoStop, "0"},

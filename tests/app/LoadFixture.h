@@ -19,12 +19,11 @@ class LoadFixture : public testing::Test, protected AppFixture {
     for (const ControlRow& row : ControlTable())
       all += View.Of(row.Id).Text + "|" + std::to_string(View.Of(row.Id).Checked) + "|" +
              std::to_string(View.Of(row.Id).Value) + "\n";
-    const ReadingsRecord& record = Shared.Record;
+    const ReadingsRecord& record = Record();
     all += WritePatternText(record, "") + record.FilePath + "|" + record.FileName + "|" +
-           std::to_string(record.ReadingCount) + "|" + std::to_string(Shared.BeamwidthDeg) + "|" +
-           std::to_string(Shared.Beneath.has_value()) + std::to_string(Shared.HalfLoaded) +
-           std::to_string(Shared.DescriptionLoaded) + std::to_string(Shared.Overlay) +
-           std::to_string(Shared.Loading);
+           std::to_string(record.ReadingCount) + "|" + std::to_string(Pattern.BeamwidthDeg()) + "|" +
+           std::to_string(Pattern.Beneath().has_value()) + std::to_string(Pattern.Drawable()) +
+           std::to_string(Pattern.DescriptionLoaded());
     return all;
   }
 };

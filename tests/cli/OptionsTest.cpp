@@ -18,13 +18,13 @@ TEST(CliOptions, ReportHasTheWindowsDefaults) {
   ASSERT_TRUE(report);
   EXPECT_THAT(report->Files, ElementsAre("a.lbg", "b.lbg"));
   EXPECT_FALSE(report->Json);
-  EXPECT_EQ(report->Session.Scale, PlotScale::Logarithmic);
-  EXPECT_EQ(report->Session.PeakInputLevel, 1000.F);
-  EXPECT_EQ(report->Session.SpikeDetectLevel, 50);
-  EXPECT_FALSE(report->Session.Calibrate);
-  EXPECT_FALSE(report->Session.txtRotate);
-  EXPECT_FALSE(report->Session.txtTrimFront);
-  EXPECT_FALSE(report->Session.txtTrimEnd);
+  EXPECT_EQ(report->Pattern.Style.Scale, PlotScale::Logarithmic);
+  EXPECT_EQ(report->Pattern.Rules.PeakInputLevel, 1000.F);
+  EXPECT_EQ(report->Pattern.Rules.SpikeDetectLevel, 50);
+  EXPECT_FALSE(report->Pattern.Rules.AnyLength);
+  EXPECT_FALSE(report->Pattern.Rotate);
+  EXPECT_FALSE(report->Pattern.TrimFront);
+  EXPECT_FALSE(report->Pattern.TrimEnd);
 }
 
 TEST(CliOptions, EachReportOptionReachesItsSetting) {
@@ -55,14 +55,14 @@ TEST(CliOptions, EachReportOptionReachesItsSetting) {
   EXPECT_THAT(report.Files, ElementsAre("a.lbg"));
   EXPECT_TRUE(report.Json && report.Extras.Readings && report.Extras.Trace);
   EXPECT_EQ(report.Jobs, 3U);
-  EXPECT_EQ(report.Session.Scale, PlotScale::Db50);
-  EXPECT_EQ(report.Session.PeakInputLevel, 1023.5F);
-  EXPECT_TRUE(report.Session.Calibrate);
-  EXPECT_EQ(report.Session.txtRotate, "-5");
-  EXPECT_EQ(report.Session.txtTrimFront, "3x");
-  EXPECT_EQ(report.Session.txtTrimEnd, "");
-  EXPECT_EQ(report.Session.SpikeDetectLevel, 70);
-  EXPECT_THAT(report.Session.Apply, ElementsAre(Transform::Smooth, Transform::Reverse, Transform::DeSpike,
+  EXPECT_EQ(report.Pattern.Style.Scale, PlotScale::Db50);
+  EXPECT_EQ(report.Pattern.Rules.PeakInputLevel, 1023.5F);
+  EXPECT_TRUE(report.Pattern.Rules.AnyLength);
+  EXPECT_EQ(report.Pattern.Rotate, "-5");
+  EXPECT_EQ(report.Pattern.TrimFront, "3x");
+  EXPECT_EQ(report.Pattern.TrimEnd, "");
+  EXPECT_EQ(report.Pattern.Rules.SpikeDetectLevel, 70);
+  EXPECT_THAT(report.Pattern.Apply, ElementsAre(Transform::Smooth, Transform::Reverse, Transform::DeSpike,
                                                 Transform::Orient, Transform::Original));
 }
 
@@ -70,7 +70,7 @@ TEST(CliOptions, ApplyTakesOneListAndNoFiles) {
   const auto report = Parse({"report", "--apply", "smooth,smooth", "a.lbg"}).Report;
   ASSERT_TRUE(report);
   EXPECT_THAT(report->Files, ElementsAre("a.lbg"));
-  EXPECT_THAT(report->Session.Apply, ElementsAre(Transform::Smooth, Transform::Smooth));
+  EXPECT_THAT(report->Pattern.Apply, ElementsAre(Transform::Smooth, Transform::Smooth));
 }
 
 TEST(CliOptions, EachRenderOptionReachesItsSetting) {
@@ -83,12 +83,12 @@ TEST(CliOptions, EachRenderOptionReachesItsSetting) {
   EXPECT_EQ(render.Out, "a.png");
   EXPECT_EQ(render.Width, 1002);
   EXPECT_EQ(render.Height, 1120);
-  EXPECT_TRUE(render.Session.LinearMode);
-  EXPECT_EQ(render.Session.Scale, PlotScale::Linear);
+  EXPECT_TRUE(render.Pattern.Style.Rectangular);
+  EXPECT_EQ(render.Pattern.Style.Scale, PlotScale::Linear);
   EXPECT_EQ(render.ColoursFile, "c.conf");
   EXPECT_EQ(render.Title, "A & B");
   EXPECT_THAT(render.Overlays, ElementsAre("b.lbg", "c.nec"));
-  EXPECT_THAT(render.Session.Apply, ElementsAre(Transform::Orient));
+  EXPECT_THAT(render.Pattern.Apply, ElementsAre(Transform::Orient));
 }
 
 TEST(CliOptions, ConvertTakesTwoNames) {

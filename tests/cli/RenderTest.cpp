@@ -4,6 +4,7 @@
 
 #include <regex>
 
+#include "cli/ColoursFile.h"
 #include "cli/MemoryFiles.h"
 
 namespace lobegraph {
@@ -92,17 +93,17 @@ TEST_F(Render, ADescriptionMayHoldAnything) {
 
 TEST_F(Render, ScaleAndRectangularAndApplyReachTheDrawing) {
   RenderRequest linear;
-  linear.Session.Scale = PlotScale::Linear;
+  linear.Pattern.Style.Scale = PlotScale::Linear;
   EXPECT_THAT(Group(Svg(linear), "grid"), HasSubstr("> 1.0 </text>"));
   RenderRequest db50;
-  db50.Session.Scale = PlotScale::Db50;
+  db50.Pattern.Style.Scale = PlotScale::Db50;
   EXPECT_THAT(Group(Svg(db50), "grid"), HasSubstr("> -50 </text>"));
   RenderRequest rectangular;
-  rectangular.Session.LinearMode = true;
+  rectangular.Pattern.Style.Rectangular = true;
   EXPECT_EQ(CountOf(Group(Svg(rectangular), "grid"), "<circle"), 0);
   EXPECT_THAT(Group(Svg(rectangular), "grid"), HasSubstr("class=\"outline\""));
   RenderRequest oriented;
-  oriented.Session.Apply = {Transform::Orient};
+  oriented.Pattern.Apply = {Transform::Orient};
   EXPECT_THAT(Group(Svg(oriented), "trace"), HasSubstr("x2=\"250.5\" y2=\"49\""));
 }
 
@@ -194,7 +195,7 @@ TEST_F(Render, AColourFileThatIsMissingOrWrongIsWrongUse) {
   EXPECT_THAT(complaints_.str(), HasSubstr("c.txt: Error 13"));
 }
 
-TEST(PlotColours, WithoutAFileAreThoseOfAFreshInstallation) {
+TEST(ColoursFile, WithoutAFileAreThoseOfAFreshInstallation) {
   const PlotColours colours = DefaultColours();
   EXPECT_EQ(colours.PlotBackground, (Colour{224, 224, 224}));
   EXPECT_EQ(colours.PlotGridColour, kBlack);
@@ -204,13 +205,13 @@ TEST(PlotColours, WithoutAFileAreThoseOfAFreshInstallation) {
   EXPECT_EQ(colours.PlotUserOverlayColour, (Colour{255, 255, 0}));
 }
 
-TEST(PlotColours, ASettingsFileServesAsWell) {
+TEST(ColoursFile, ASettingsFileServesAsWell) {
   const PlotColours colours =
       ReadColours("# mine\n[Other]\nPlotLineColour=1\n[Settings]\nScale=35\nPlotLineColour=16711680\n");
   EXPECT_EQ(colours.PlotLineColour, (Colour{0, 0, 255}));
 }
 
-TEST(PlotColours, AValueThatIsNoColourIsNamed) {
+TEST(ColoursFile, AValueThatIsNoColourIsNamed) {
   for (const char* value : {"#12345", "#1234567", "#12345g", "red", ""}) {
     try {
       ReadColours(std::string("PlotGridColour=") + value);

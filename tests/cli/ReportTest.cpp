@@ -18,12 +18,10 @@ using ::testing::IsEmpty;
 using Json = nlohmann::ordered_json;
 
 Json ReportOf(const ReadingsRecord& record, const ReportExtras& extras = {},
-              const SessionOptions& options = {}) {
+              const PatternOptions& options = {}) {
   MemoryFiles files;
   files.Content["a/beam.lbg"] = StoredText(record);
-  PatternSession session(options);
-  session.Run(files, "a/beam.lbg");
-  return ReportObject(session, "a/beam.lbg", extras);
+  return ReportObject(OpenPattern(files, "a/beam.lbg", options), "a/beam.lbg", extras);
 }
 
 std::vector<std::string> KeysOf(const Json& object) {
@@ -111,7 +109,7 @@ TEST(Report, AllReadingsOnRequest) {
 }
 
 TEST(Report, TheTraceAndItsPointsFromThePlotCentre) {
-  const Json report = ReportOf(StoredBeam(), {.Trace = true}, {.txtRotate = "50.4"});
+  const Json report = ReportOf(StoredBeam(), {.Trace = true}, {.Rotate = "50.4"});
   ASSERT_EQ(report["Trace"].size(), 361U) << "the closing point is one of them";
   ASSERT_EQ(report["Points"].size(), 361U);
   EXPECT_EQ(report["Trace"][40], Json({40, 234}));
@@ -132,7 +130,7 @@ TEST(Report, HalfATurnHasNoClosingPointAndLiesAcrossTheTop) {
 }
 
 TEST(Report, AFileNameThatIsNoTextIsShownWithReplacements) {
-  const std::string line = ReportLine(PatternSession({}), "bad\xFFname", {});
+  const std::string line = ReportLine({}, "bad\xFFname", {});
   EXPECT_EQ(line.back(), '\n');
   EXPECT_EQ(Json::parse(line)["file"], "bad\xEF\xBF\xBDname");
 }
@@ -202,7 +200,7 @@ TEST(ReportCommand, AMessageOfSeveralLinesStaysOneLineOfStandardError) {
   MemoryFiles files;
   files.Content["loud.lbg"] = StoredText(StoredBeam());
   ReportRequest request{.Files = {"loud.lbg"}};
-  request.Session.PeakInputLevel = 500.F;
+  request.Pattern.Rules.PeakInputLevel = 500.F;
   const Ended run = RunOn(files, request);
   EXPECT_EQ(run.ExitCode, 0);
   EXPECT_EQ(std::count(run.Complaints.begin(), run.Complaints.end(), '\n'), 1);
@@ -211,9 +209,7 @@ TEST(ReportCommand, AMessageOfSeveralLinesStaysOneLineOfStandardError) {
 TEST(ReportTable, AFigureOfNothingIsShownWithoutASign) {
   MemoryFiles files;
   files.Content["beam"] = StoredText(StoredBeam());
-  PatternSession session({});
-  session.Run(files, "beam");
-  EXPECT_THAT(TableRow(session, "beam"), ::testing::Not(HasSubstr("-0.0")));
+  EXPECT_THAT(TableRow(OpenPattern(files, "beam", {}), "beam"), ::testing::Not(HasSubstr("-0.0")));
 }
 
 }  // namespace

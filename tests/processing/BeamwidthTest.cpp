@@ -59,22 +59,26 @@ TEST(GainTest, EachRowAt60DegreesHorizontal) {
     EXPECT_NEAR(GainFromBeamwidth(elements, 60, true), gain, 0.005) << elements;
 }
 
-TEST(FiguresTest, AreShownWithTwoDecimals) {
-  const Figures figures = FiguresOf(60.F, "2", true);
-  EXPECT_EQ(figures.txtAngle, "60.00");
-  EXPECT_EQ(figures.txtGain, "7.89 dBi");
-  EXPECT_NEAR(figures.GainEstimate.value_or(0), 7.891, 0.001);
+TEST(BeamFiguresTest, AreShownWithTwoDecimals) {
+  const BeamFigures figures = BeamFiguresOf(60.F, "2", true);
+  EXPECT_EQ(BeamwidthText(figures.BeamwidthDeg), "60.00");
+  EXPECT_EQ(GainText(figures.GainDbi), "7.89 dBi");
+  EXPECT_NEAR(figures.GainDbi.value_or(0), 7.891, 0.001);
 }
 
-TEST(FiguresTest, ABeamwidthOutside0To180ShowsThePlaceholders) {
+TEST(BeamFiguresTest, ABeamwidthOutside0To180HasNone) {
   for (const float beamwidth : {0.F, -1.F, 180.F, 200.F}) {
-    const Figures figures = FiguresOf(beamwidth, "2", true);
-    EXPECT_EQ(figures.txtAngle, "Angle") << beamwidth;
-    EXPECT_EQ(figures.txtGain, "Gain") << beamwidth;
-    EXPECT_FALSE(figures.GainEstimate) << beamwidth;
+    const BeamFigures figures = BeamFiguresOf(beamwidth, "2", true);
+    EXPECT_FALSE(figures.BeamwidthDeg) << beamwidth;
+    EXPECT_FALSE(figures.GainDbi) << beamwidth;
   }
-  EXPECT_EQ(FiguresOf(179.99F, "2", true).txtAngle, "179.99");
-  EXPECT_EQ(FiguresOf(.01F, "2", true).txtAngle, "0.01");
+  EXPECT_EQ(BeamFiguresOf(179.99F, "2", true).BeamwidthDeg, 179.99F);
+  EXPECT_EQ(BeamFiguresOf(.01F, "2", true).BeamwidthDeg, .01F);
+}
+
+TEST(BeamFiguresTest, WithoutAFigureThePlaceholderStands) {
+  EXPECT_EQ(BeamwidthText(std::nullopt), "Angle");
+  EXPECT_EQ(GainText(std::nullopt), "Gain");
 }
 
 }  // namespace

@@ -229,7 +229,7 @@ TEST(ClearPlotFieldsTest, ClearsWhatANewPatternMakesVoid) {
   EXPECT_EQ(record.TrimFront, 0);
   EXPECT_EQ(record.TrimEnd, 0);
   EXPECT_EQ(record.Rotate, 0.F);
-  EXPECT_FALSE(record.Held());
+  EXPECT_FALSE(record.HasReadings());
   EXPECT_EQ(record.FileName, "");
   EXPECT_EQ(record.Description, "typed") << "a description typed for the next pattern stays";
   ClearPlotFields(record, true);

@@ -11,20 +11,20 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
 
-constexpr AnalysisScale kLogarithmic{.ShowLogScale = true, .chkPlotInDB = true, .S = 35.F};
-constexpr AnalysisScale kFifty{.ShowLogScale = false, .chkPlotInDB = true};
-constexpr AnalysisScale kAmplitude{.ShowLogScale = false, .chkPlotInDB = false};
+constexpr PlotStyle kLogarithmic{.ScaleSetting = 35};
+constexpr PlotStyle kFifty{.Scale = PlotScale::Db50};
+constexpr PlotStyle kAmplitude{.Scale = PlotScale::Linear};
 
 struct LevelRow {
   const char* Name;
-  AnalysisScale Scale;
+  PlotStyle Style;
   float Height;
   std::optional<std::string> Text;
 };
 class AnalysisLevel : public testing::TestWithParam<LevelRow> {};
 
 TEST_P(AnalysisLevel, of_a_height) {
-  EXPECT_EQ(LevelText(GetParam().Height, 234.F, GetParam().Scale), GetParam().Text);
+  EXPECT_EQ(LevelText(GetParam().Height, 234.F, GetParam().Style), GetParam().Text);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -32,7 +32,7 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(LevelRow{"logarithmic_top", kLogarithmic, 234.F, "0"},
                     LevelRow{"logarithmic_half", kLogarithmic, 117.F, "-10.5"},
                     LevelRow{"logarithmic_near_the_top", kLogarithmic, 231.F, "-0.2"},
-                    LevelRow{"logarithmic_of_another_factor", {true, true, 20.F}, 23.4F, "-20"},
+                    LevelRow{"logarithmic_of_another_factor", {.ScaleSetting = 20}, 23.4F, "-20"},
                     LevelRow{"logarithmic_lowest", kLogarithmic, 1.F, "-82.9"},
                     LevelRow{"deliberate_logarithmic_bottom_has_none", kLogarithmic, 0.F, std::nullopt},
                     LevelRow{"logarithmic_below", kLogarithmic, -1.F, std::nullopt},

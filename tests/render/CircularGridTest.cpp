@@ -9,8 +9,9 @@
 namespace lobegraph {
 namespace {
 
-using golden::Grid;
 using golden::Joined;
+using golden::kColours;
+using golden::kGrid;
 using golden::Label;
 using golden::Labels;
 using golden::List;
@@ -20,7 +21,9 @@ using testing::ElementsAreArray;
 using testing::IsEmpty;
 using testing::Not;
 
-RecordingSurface DrawnCircle(const GridOptions& options) { return golden::Drawn(options, DrawCircularGrid); }
+RecordingSurface DrawnCircle(const PlotStyle& style = kGrid, GridOver over = GridOver::Cleared) {
+  return golden::Drawn(DrawCircularGrid, style, over);
+}
 
 constexpr std::string_view kRims[] = {
     "250.5,49",   "291.134,52.555",  "330.533,63.112",  "367.5,80.35",  "400.912,103.746", "429.754,132.588",
@@ -76,7 +79,7 @@ const std::vector<Label> kLogLabels = {
     {" -30 ", "240.5,283.4"}};
 
 TEST(CircularGrid, logarithmic) {
-  EXPECT_THAT(DrawnCircle(Grid()).Operations,
+  EXPECT_THAT(DrawnCircle().Operations,
               ElementsAreArray(
                   Joined({Start(), Radials(), Blanked("7.4"), Rings(kLogRings), Labels(kLogLabels), End()})));
 }
@@ -84,8 +87,8 @@ TEST(CircularGrid, logarithmic) {
 const std::vector<Ring> kLinearRings = {{1, "234"}, {1, "93.6"}, {1, "140.4"}, {1, "187.2"}};
 
 TEST(CircularGrid, evenly_spaced_with_dB_labels) {
-  GridOptions options = Grid();
-  options.ShowLogScale = false;
+  PlotStyle style = kGrid;
+  style.Scale = PlotScale::Db50;
   const List labels = Labels({{"0 dB", "240.5,37"},
                               {" -10 ", "239.5,89.8"},
                               {" -20 ", "240.5,136.6"},
@@ -97,14 +100,13 @@ TEST(CircularGrid, evenly_spaced_with_dB_labels) {
                               {" -30 ", "240.5,370.6"},
                               {" -40 ", "240.5,323.8"}});
   EXPECT_THAT(
-      DrawnCircle(options).Operations,
+      DrawnCircle(style).Operations,
       ElementsAreArray(Joined({Start(), Radials(), Blanked("46.8"), Rings(kLinearRings), labels, End()})));
 }
 
 TEST(CircularGrid, evenly_spaced_with_amplitude_labels_and_none_at_the_centre) {
-  GridOptions options = Grid();
-  options.ShowLogScale = false;
-  options.chkPlotInDB = false;
+  PlotStyle style = kGrid;
+  style.Scale = PlotScale::Linear;
   const List labels = Labels({{" 1.0 ", "240.5,37"},
                               {" 0.8 ", "239.5,89.8"},
                               {" 0.6 ", "240.5,136.6"},
@@ -115,56 +117,49 @@ TEST(CircularGrid, evenly_spaced_with_amplitude_labels_and_none_at_the_centre) {
                               {" 0.4 ", "240.5,370.6"},
                               {" 0.2 ", "240.5,323.8"}});
   EXPECT_THAT(
-      DrawnCircle(options).Operations,
+      DrawnCircle(style).Operations,
       ElementsAreArray(Joined({Start(), Radials(), Blanked("46.8"), Rings(kLinearRings), labels, End()})));
 }
 
-TEST(CircularGrid, the_logarithmic_grid_does_not_ask_whether_dB_are_plotted) {
-  GridOptions options = Grid();
-  options.chkPlotInDB = false;
-  EXPECT_EQ(DrawnCircle(options).Operations, DrawnCircle(Grid()).Operations);
-}
-
 TEST(CircularGrid, the_50_dB_label_needs_a_slider_above_37_its_ring_does_not) {
-  GridOptions options = Grid();
-  options.Slider1 = 37;
-  EXPECT_THAT(DrawnCircle(options).Only("text [ -50 ]"), IsEmpty());
-  EXPECT_EQ(DrawnCircle(options).Only("circle").size(), 19U);
-  options.Slider1 = 38;
-  const List operations = DrawnCircle(options).Operations;
+  PlotStyle style = kGrid;
+  style.ScaleSetting = 37;
+  EXPECT_THAT(DrawnCircle(style).Only("text [ -50 ]"), IsEmpty());
+  EXPECT_EQ(DrawnCircle(style).Only("circle").size(), 19U);
+  style.ScaleSetting = 38;
+  const List operations = DrawnCircle(style).Operations;
   const auto label = std::find(operations.begin(), operations.end(), "text [ -50 ] #010203");
   ASSERT_NE(label, operations.end());
   EXPECT_EQ(*(label - 1), "at 240.5,267.691") << "234 * 10^(-50/38) is 11.31";
   EXPECT_EQ(*(label - 2), "text [ -40 ] #010203");
   EXPECT_EQ(*(label + 2), "text [ -2 ] #010203") << "there is none below the centre";
-  EXPECT_EQ(DrawnCircle(options).Only("circle").size(), 19U);
+  EXPECT_EQ(DrawnCircle(style).Only("circle").size(), 19U);
 }
 
 TEST(CircularGrid, an_overlay_does_not_clear_and_draws_the_grid_again) {
-  GridOptions options = Grid();
-  options.Overlay = true;
-  const List expected = DrawnCircle(Grid()).Operations;
-  EXPECT_THAT(DrawnCircle(options).Operations, ElementsAreArray(expected.begin() + 1, expected.end()));
+  const List expected = DrawnCircle().Operations;
+  EXPECT_THAT(DrawnCircle(kGrid, GridOver::Kept).Operations,
+              ElementsAreArray(expected.begin() + 1, expected.end()));
 }
 
 TEST(CircularGrid, is_never_rotated_and_keeps_the_rotation_offset) {
   RecordingSurface surface;
   Plotter plotter(surface, PlotGeometry{});
   plotter.Pen().RotationOffset = 33.5F;
-  DrawCircularGrid(plotter, Grid());
+  DrawCircularGrid(plotter, kGrid, kColours);
   EXPECT_EQ(plotter.Pen().RotationOffset, 33.5F);
-  EXPECT_EQ(surface.Operations, DrawnCircle(Grid()).Operations);
+  EXPECT_EQ(surface.Operations, DrawnCircle().Operations);
 }
 
 TEST(CircularGrid, leaves_the_pen_ready_for_a_trace) {
   RecordingSurface surface;
   Plotter plotter(surface, PlotGeometry{});
-  plotter.Pen().LinearMode = true;
+  plotter.Pen().Rectangular = true;
   plotter.Pen().PenDown = true;
-  DrawCircularGrid(plotter, Grid());
+  DrawCircularGrid(plotter, kGrid, kColours);
   EXPECT_EQ(plotter.Pen().TraceColour, (Colour{0, 0, 128}));
   EXPECT_EQ(surface.PenWidth(), 2);
-  EXPECT_FALSE(plotter.Pen().LinearMode);
+  EXPECT_FALSE(plotter.Pen().Rectangular);
   EXPECT_FALSE(plotter.Pen().PenDown);
 }
 
@@ -174,14 +169,14 @@ TEST(CircularGrid, the_blanked_middle_gives_the_fill_back) {
   surface.SetFillStyle(FillStyle::Solid);
   surface.Background = {10, 20, 30};
   Plotter plotter(surface, PlotGeometry{});
-  DrawCircularGrid(plotter, Grid());
+  DrawCircularGrid(plotter, kGrid, kColours);
   EXPECT_EQ(surface.FillColour(), (Colour{9, 8, 7}));
   EXPECT_EQ(surface.CurrentFillStyle(), FillStyle::Solid);
   EXPECT_THAT(surface.Operations, Contains("fill colour #0a141e"));
 }
 
 TEST(CircularGrid, deliberate_a_font_size_of_8_25_comes_back_as_8) {
-  const RecordingSurface surface = DrawnCircle(Grid());
+  const RecordingSurface surface = DrawnCircle();
   EXPECT_EQ(surface.FontSize(), 8.0F);
   EXPECT_EQ(surface.FontName(), "Sans");
 }
@@ -190,30 +185,30 @@ TEST(CircularGrid, without_Arial_the_font_stays_and_the_drawing_goes_on) {
   RecordingSurface surface;
   surface.MissingFonts = {"Arial"};
   Plotter plotter(surface, PlotGeometry{});
-  DrawCircularGrid(plotter, Grid());
-  List expected = DrawnCircle(Grid()).Operations;
+  DrawCircularGrid(plotter, kGrid, kColours);
+  List expected = DrawnCircle().Operations;
   std::replace(expected.begin(), expected.end(), std::string("font Arial"), std::string("font Sans"));
   EXPECT_EQ(surface.Operations, expected);
 }
 
 TEST(CircularGrid, linear_mode_draws_the_rectangular_grid_and_nothing_else) {
-  GridOptions options = Grid();
-  options.LinearMode = true;
-  const RecordingSurface surface = DrawnCircle(options);
+  PlotStyle style = kGrid;
+  style.Rectangular = true;
+  const RecordingSurface surface = DrawnCircle(style);
   EXPECT_THAT(surface.Only("circle"), IsEmpty());
   EXPECT_THAT(surface.Only("box"), ElementsAre("box 26,160 494,394 #010203"));
 }
 
 TEST(CircularGrid, a_scale_factor_of_0_is_a_division_by_zero_on_the_logarithmic_scale_only) {
-  GridOptions options = Grid();
-  options.Slider1 = 0;
-  EXPECT_THROW(DrawnCircle(options), RunTimeError);
-  options.ShowLogScale = false;
-  EXPECT_NO_THROW(DrawnCircle(options));
+  PlotStyle style = kGrid;
+  style.ScaleSetting = 0;
+  EXPECT_THROW(DrawnCircle(style), RunTimeError);
+  style.Scale = PlotScale::Db50;
+  EXPECT_NO_THROW(DrawnCircle(style));
 }
 
 TEST(CircularGrid, lies_where_the_geometry_puts_it) {
-  const CircularGrid grid = MakeCircularGrid(MakePlotGeometry(1001, 800, 0), Grid());
+  const CircularGrid grid = MakeCircularGrid(MakePlotGeometry(1001, 800, 0), kGrid);
   EXPECT_EQ(grid.Labels.front().TopLeft, (SurfacePoint{490.5F, 403.0F - 234 - 12}));
 }
 

@@ -4,7 +4,8 @@
 #include <string_view>
 #include <vector>
 
-#include "render/GridOptions.h"
+#include "render/GridPainting.h"
+#include "render/PlotColours.h"
 #include "render/Plotter.h"
 #include "support/RecordingSurface.h"
 
@@ -12,20 +13,15 @@ namespace lobegraph::golden {
 
 using List = std::vector<std::string>;
 
-inline GridOptions Grid() {
-  GridOptions options;
-  options.Slider1 = 20;
-  options.PlotGridColour = {1, 2, 3};
-  options.PlotUserColour = {0, 0, 128};
-  return options;
-}
+inline constexpr PlotStyle kGrid{.ScaleSetting = 20};
+inline constexpr PlotColours kColours{.PlotGridColour = {1, 2, 3}, .PlotUserColour = {0, 0, 128}};
 
 /// One empty plot on a recording surface, the plot centre at (250.5, 283).
 template <typename Draw>
-RecordingSurface Drawn(const GridOptions& options, Draw draw) {
+RecordingSurface Drawn(Draw draw, const PlotStyle& style, GridOver over = GridOver::Cleared) {
   RecordingSurface surface;
   Plotter plotter(surface, PlotGeometry{});
-  draw(plotter, options);
+  draw(plotter, style, kColours, over);
   return surface;
 }
 

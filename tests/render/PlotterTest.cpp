@@ -6,6 +6,7 @@
 #include <cmath>
 
 #include "data/base/RunTimeError.h"
+#include "processing/PlotResult.h"
 #include "support/RecordingSurface.h"
 
 namespace lobegraph {
@@ -117,7 +118,7 @@ TEST(PlotPoint, an_angle_beyond_whole_numbers_is_an_overflow) {
 }
 
 struct RectangularPlot : Plot {
-  RectangularPlot() { plotter.Pen().LinearMode = true; }
+  RectangularPlot() { plotter.Pen().Rectangular = true; }
   /// What is drawn from one place to the next.
   std::string Between(float angleDeg, float radius, float nextAngleDeg, float nextRadius) {
     At(angleDeg, radius);

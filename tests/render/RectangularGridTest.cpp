@@ -9,16 +9,17 @@
 namespace lobegraph {
 namespace {
 
-using golden::Grid;
 using golden::Joined;
+using golden::kColours;
+using golden::kGrid;
 using golden::Label;
 using golden::Labels;
 using golden::List;
 using testing::ElementsAreArray;
 
-RecordingSurface DrawnRectangle(GridOptions options) {
-  options.LinearMode = true;
-  return golden::Drawn(options, DrawRectangularGrid);
+RecordingSurface DrawnRectangle(PlotStyle style = kGrid, GridOver over = GridOver::Cleared) {
+  style.Rectangular = true;
+  return golden::Drawn(DrawRectangularGrid, style, over);
 }
 
 List Start() { return {"clear", "filled box 26,160 494,394 #fafafa"}; }
@@ -66,7 +67,7 @@ TEST(RectangularGrid, logarithmic) {
                               {"-30", "6,379.6"},
                               {"-40", "6,384.66"}});
   EXPECT_THAT(
-      DrawnRectangle(Grid()).Operations,
+      DrawnRectangle().Operations,
       ElementsAreArray(Joined({Start(), AngleLines(), Outline(), levels, LabelsBegin(), labels, End()})));
 }
 
@@ -77,31 +78,29 @@ List LinearGrid(const std::string& minus3dBHeight, const std::vector<Label>& lab
 }
 
 TEST(RectangularGrid, evenly_spaced_with_dB_labels) {
-  GridOptions options = Grid();
-  options.ShowLogScale = false;
-  EXPECT_THAT(DrawnRectangle(options).Operations, ElementsAreArray(LinearGrid("174.04", {{"0dB", "6,153"},
-                                                                                         {"-10", "6,199.8"},
-                                                                                         {"-20", "6,246.6"},
-                                                                                         {"-30", "6,293.4"},
-                                                                                         {"-40", "6,340.2"},
-                                                                                         {"-50", "6,387"}})));
+  PlotStyle style = kGrid;
+  style.Scale = PlotScale::Db50;
+  EXPECT_THAT(DrawnRectangle(style).Operations, ElementsAreArray(LinearGrid("174.04", {{"0dB", "6,153"},
+                                                                                       {"-10", "6,199.8"},
+                                                                                       {"-20", "6,246.6"},
+                                                                                       {"-30", "6,293.4"},
+                                                                                       {"-40", "6,340.2"},
+                                                                                       {"-50", "6,387"}})));
 }
 
 TEST(RectangularGrid, evenly_spaced_with_amplitude_labels) {
-  GridOptions options = Grid();
-  options.ShowLogScale = false;
-  options.chkPlotInDB = false;
-  EXPECT_THAT(DrawnRectangle(options).Operations,
-              ElementsAreArray(LinearGrid("228.562", {{"1.0", "6,153"},
-                                                      {"0.8", "6,199.8"},
-                                                      {"0.6", "6,246.6"},
-                                                      {"0.4", "6,293.4"},
-                                                      {"0.2", "6,340.2"},
-                                                      {"0.0", "6,387"}})));
+  PlotStyle style = kGrid;
+  style.Scale = PlotScale::Linear;
+  EXPECT_THAT(DrawnRectangle(style).Operations, ElementsAreArray(LinearGrid("228.562", {{"1.0", "6,153"},
+                                                                                        {"0.8", "6,199.8"},
+                                                                                        {"0.6", "6,246.6"},
+                                                                                        {"0.4", "6,293.4"},
+                                                                                        {"0.2", "6,340.2"},
+                                                                                        {"0.0", "6,387"}})));
 }
 
-float DashedHeight(const GridOptions& options) {
-  const RectangularGrid grid = MakeRectangularGrid(PlotGeometry{}, options);
+float DashedHeight(const PlotStyle& style) {
+  const RectangularGrid grid = MakeRectangularGrid(PlotGeometry{}, style);
   for (const LevelLine& line : grid.LevelLines) {
     if (line.Dashed) return static_cast<float>(grid.Area.Bottom) - line.Y;
   }
@@ -109,26 +108,25 @@ float DashedHeight(const GridOptions& options) {
 }
 
 TEST(RectangularGrid, the_3_dB_level_is_dashed_at_the_height_of_its_scale) {
-  GridOptions options = Grid();
-  EXPECT_NEAR(DashedHeight(options), 165.66, 0.005);
-  options.ShowLogScale = false;
-  EXPECT_NEAR(DashedHeight(options), 219.96, 0.0001);
-  options.chkPlotInDB = false;
-  EXPECT_NEAR(DashedHeight(options), 165.438, 0.0001);
+  PlotStyle style = kGrid;
+  EXPECT_NEAR(DashedHeight(style), 165.66, 0.005);
+  style.Scale = PlotScale::Db50;
+  EXPECT_NEAR(DashedHeight(style), 219.96, 0.0001);
+  style.Scale = PlotScale::Linear;
+  EXPECT_NEAR(DashedHeight(style), 165.438, 0.0001);
 }
 
 TEST(RectangularGrid, the_180_degree_line_lies_in_the_middle) {
-  const RectangularGrid grid = MakeRectangularGrid(PlotGeometry{}, Grid());
+  const RectangularGrid grid = MakeRectangularGrid(PlotGeometry{}, kGrid);
   ASSERT_EQ(grid.AngleLines.size(), 35U);
   EXPECT_EQ(grid.AngleLines[17].X, grid.Area.Left + 234);
   EXPECT_EQ(grid.AngleLines[17].PenWidth, 2);
 }
 
 TEST(RectangularGrid, an_overlay_neither_clears_nor_refills) {
-  GridOptions options = Grid();
-  options.Overlay = true;
-  const List expected = DrawnRectangle(Grid()).Operations;
-  EXPECT_THAT(DrawnRectangle(options).Operations, ElementsAreArray(expected.begin() + 2, expected.end()));
+  const List expected = DrawnRectangle().Operations;
+  EXPECT_THAT(DrawnRectangle(kGrid, GridOver::Kept).Operations,
+              ElementsAreArray(expected.begin() + 2, expected.end()));
 }
 
 TEST(RectangularGrid, leaves_the_plotter_in_linear_mode_with_the_pen_up) {
@@ -136,8 +134,8 @@ TEST(RectangularGrid, leaves_the_plotter_in_linear_mode_with_the_pen_up) {
   Plotter plotter(surface, PlotGeometry{});
   plotter.Pen().PenDown = true;
   plotter.Pen().RotationOffset = 12;
-  DrawRectangularGrid(plotter, Grid());
-  EXPECT_TRUE(plotter.Pen().LinearMode);
+  DrawRectangularGrid(plotter, kGrid, kColours);
+  EXPECT_TRUE(plotter.Pen().Rectangular);
   EXPECT_FALSE(plotter.Pen().PenDown);
   EXPECT_EQ(plotter.Pen().TraceColour, (Colour{1, 2, 3}));
   EXPECT_EQ(plotter.Pen().RotationOffset, 12.0F);
@@ -145,24 +143,24 @@ TEST(RectangularGrid, leaves_the_plotter_in_linear_mode_with_the_pen_up) {
 }
 
 TEST(RectangularGrid, deliberate_a_font_size_of_8_25_comes_back_as_8) {
-  EXPECT_EQ(DrawnRectangle(Grid()).FontSize(), 8.0F);
+  EXPECT_EQ(DrawnRectangle().FontSize(), 8.0F);
 }
 
 TEST(RectangularGrid, without_Arial_the_font_stays_and_the_drawing_goes_on) {
   RecordingSurface surface;
   surface.MissingFonts = {"Arial"};
   Plotter plotter(surface, PlotGeometry{});
-  DrawRectangularGrid(plotter, Grid());
+  DrawRectangularGrid(plotter, kGrid, kColours);
   EXPECT_EQ(surface.Only("text").size(), 9U);
   EXPECT_EQ(surface.FontName(), "Sans");
 }
 
 TEST(RectangularGrid, a_scale_factor_of_0_is_a_division_by_zero_on_the_logarithmic_scale_only) {
-  GridOptions options = Grid();
-  options.Slider1 = 0;
-  EXPECT_THROW(DrawnRectangle(options), RunTimeError);
-  options.ShowLogScale = false;
-  EXPECT_NO_THROW(DrawnRectangle(options));
+  PlotStyle style = kGrid;
+  style.ScaleSetting = 0;
+  EXPECT_THROW(DrawnRectangle(style), RunTimeError);
+  style.Scale = PlotScale::Db50;
+  EXPECT_NO_THROW(DrawnRectangle(style));
 }
 
 }  // namespace

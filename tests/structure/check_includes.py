@@ -20,7 +20,7 @@ PURE = {
 }
 PROGRAMS = ("bench", "cli", "collect", "meter", "rotator")
 # The drawing layer sees what a plot is, not how it is computed.
-RESULT_TYPES = {"processing/PlotResult.h"}
+RESULT_TYPES = {"processing/PlotResult.h", "processing/PlotStyle.h"}
 # The one room that assembles the others' toolkit parts, and the companion that renders and reads settings.
 OTHER_QT = {"app": set(PURE) - {"app", *PROGRAMS}, "cli": {"render", "settings"},
             "collect": {"acquisition", "settings"}}

@@ -69,6 +69,7 @@ class AppFixture {
               .Printer = &Printer},
              PlotGeometry{}};
   Globals& Shared = Form.Shared();
+  PatternSession& Pattern = Form.Pattern();
 
   std::function<float()> Heard = [] { return 300.F; };  ///< level of the next block
   bool Silent = false;                                  ///< the source delivers nothing
@@ -137,6 +138,20 @@ class AppFixture {
     LoadRecord(FileRecord(at));
     Forget();
   }
+  /// The same of a beam that was changed before it was saved.
+  void HoldChanged(const std::function<void(ReadingsRecord&)>& change, int at = 0) {
+    ReadingsRecord record = FileRecord(at);
+    change(record);
+    LoadRecord(record);
+    Forget();
+  }
+  /// A second beam lies over a first one.
+  void HoldPair() {
+    HoldBeam();
+    PutFile("/patterns/second.lbg", FileRecord(90));
+    Overlay("/patterns/second.lbg");
+  }
+  const ReadingsRecord& Record() const { return Pattern.Record(); }
   static ReadingsRecord FileRecord(int at = 0) {
     ReadingsRecord record = BeamRecord(360, at);
     record.ReadingsPlotted = 360;

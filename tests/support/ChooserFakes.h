@@ -110,12 +110,13 @@ class NoEnd final : public ProgramEnd {
 struct ChooserWorld {
   std::vector<std::string> Log;
   Globals Shared;
+  PatternSession Pattern;
   FewControls Window;
   FewDialogs Dialogs;
   NoSystemText System;
   DiskFiles Files;
   NoEnd End;
-  AppParts Parts{Shared, Window, Dialogs, System, Files, End};
+  AppParts Parts{Shared, Pattern, Window, Dialogs, System, Files, End};
 };
 
 class LoggedSound final : public SoundCapture {

@@ -26,7 +26,7 @@ void EditorCommands::chkEditor_Click() {
 void EditorCommands::Form_Unload() { parts_.View.SetChecked(Control::chkEditor, false); }
 
 void EditorCommands::cmdGetDataFromPlot_Click() {
-  grid_.GetFromPlot(parts_.Shared.Record.Readings);
+  grid_.GetFromPlot(parts_.Pattern.Record().Readings);
   View().ShowCells();
   View().ShowStatus("");
 }
@@ -70,16 +70,15 @@ void EditorCommands::cmdUpdate_Click() {
 
 void EditorCommands::Update() {
   int row = 0;
+  ReadingArray readings = parts_.Pattern.Record().Readings;
   try {
-    UpdateReadings(grid_, parts_.Shared.Record, row);
+    readings = grid_.Numbers(readings, row);
   } catch (const RunTimeError& error) {
     View().SelectRow(row);
     View().ShowStatus("Row " + std::to_string(row) + " is no number: the plot stays as it is");
     return parts_.Dialogs.ShowText(RunTimeErrorText(error, "cmdUpdate_Click", kForm));
   }
-  parts_.Shared.HalfLoaded = false;
-  plot_.EndOverlay();
-  plot_.ReDraw();
+  display_.Run([&](PatternSession& pattern) { return pattern.Update(readings); });
 }
 
 void EditorCommands::Command1_Click() {

@@ -5,7 +5,7 @@
 
 #include "app/parts/AppParts.h"
 #include "app/parts/EditorView.h"
-#include "app/plot/PlotCommands.h"
+#include "app/plot/PatternDisplay.h"
 #include "data/editor/EditorGrid.h"
 
 namespace lobegraph {
@@ -13,7 +13,7 @@ namespace lobegraph {
 /// The readings editor: fills its grid from the plot, from a file or by hand, and gives it back to the plot.
 class EditorCommands {
  public:
-  EditorCommands(const AppParts& parts, PlotCommands& plot) : parts_(parts), plot_(plot) {}
+  EditorCommands(const AppParts& parts, PatternDisplay& display) : parts_(parts), display_(display) {}
 
   /// Ticked: shows the editor, its grid empty. Cleared: unloads it.
   void chkEditor_Click();
@@ -45,7 +45,7 @@ class EditorCommands {
   EditorView& View() const { return *parts_.frmEditLbg; }
 
   AppParts parts_;
-  PlotCommands& plot_;
+  PatternDisplay& display_;
   EditorGrid grid_;
 };
 

@@ -1,17 +1,14 @@
 #pragma once
 
 #include "app/parts/AppParts.h"
-#include "app/plot/PlotBoard.h"
-#include "app/plot/PlotCommands.h"
-#include "data/formats/PatternFile.h"
+#include "app/plot/PatternDisplay.h"
 
 namespace lobegraph {
 
 /// Loading, overlaying and saving patterns, and the description that goes with them.
 class FileCommands {
  public:
-  FileCommands(const AppParts& parts, PlotBoard& board, PlotCommands& plot)
-      : parts_(parts), board_(board), plot_(plot) {}
+  FileCommands(const AppParts& parts, PatternDisplay& display) : parts_(parts), display_(display) {}
 
   /// Asks for a file and loads it. Without one, or with one that cannot be read at all, everything stays as
   /// it is; a damaged one leaves the fields read before the damage, undrawn.
@@ -30,15 +27,14 @@ class FileCommands {
   void txtDescription_Accept();
 
  private:
-  void Load(const std::string& path);
-  void ReadInto(const std::string& path, const std::string& bytes);
-  void ShowLoaded(const LoadOutcome& outcome);
+  using LoadCommand = Outcome (PatternSession::*)(const std::string& path, const PatternReader& read);
+  void Ask(LoadCommand command);
+  void Load(const std::string& path, LoadCommand command);
   void Save(const std::string& path);
   bool MayReplace(const std::string& path);
 
   AppParts parts_;
-  PlotBoard& board_;
-  PlotCommands& plot_;
+  PatternDisplay& display_;
 };
 
 }  // namespace lobegraph

@@ -63,15 +63,15 @@ class Form1 {
   /// without handler.
   void Click(Control control);
 
-  PlotCommands& Plot() { return plot_; }
+  PatternDisplay& Display() { return display_; }
   FileCommands& File() { return file_; }
-  TransformCommands& Transform() { return transform_; }
   EditorCommands& Editor() { return editor_; }
   AnalysisCommands& Analysis() { return analysis_; }
   RunCommands& Run() { return run_; }
   ShellCommands& Shell() { return shell_; }
   SettingsCommands& Settings() { return settings_; }
   Globals& Shared() { return globals_; }
+  PatternSession& Pattern() { return pattern_; }
   const AppParts& Parts() const { return parts_; }
 
  private:
@@ -81,8 +81,10 @@ class Form1 {
 
   const std::shared_ptr<Globals> shared_;
   Globals& globals_;
+  PatternSession pattern_;
   AppParts parts_;
   PlotBoard board_;
+  PatternDisplay display_;
   PlotCommands plot_;
   FileCommands file_;
   TransformCommands transform_;

@@ -58,7 +58,9 @@ void ShellCommands::ReadAndApplySettings() {
   view.SetWindowBackground(Colour::FromStored(settings.PlotBackground));
   parts_.Shared.Thresholds = SoundThresholds::FromPeak(settings.PeakInputLevel);
   view.SetMaximum(Control::Slider2, settings.Slider2Maximum());
-  parts_.Shared.Record.ScaleSetting = static_cast<float>(view.Value(Control::Slider1));
+  parts_.Pattern.SetStyle({.Rectangular = settings.LinearMode,
+                           .Scale = ScaleOf(true, settings.ShowLogScale),
+                           .ScaleSetting = view.Value(Control::Slider1)});
   view.SetEnabled(Control::cmdCollectData, true);
   Slider2_Change();
 }
@@ -90,6 +92,8 @@ void ShellCommands::SaveOwnSettings() {
   settings.AutoStart = view.Checked(Control::chkAutoStart) ? 1 : 0;
   settings.AutoStop = view.Checked(Control::chkAutoStop) ? 1 : 0;
   settings.Trigger = view.Checked(Control::chkTrigger) ? 1 : 0;
+  settings.LinearMode = parts_.Pattern.Style().Rectangular;
+  settings.ShowLogScale = parts_.Pattern.Style().Logarithmic();
   SaveMainWindowSettings(store_, settings);
 }
 
@@ -100,7 +104,7 @@ void ShellCommands::cmdExit_Click() {
 
 void ShellCommands::Form_Activate() {
   const Globals& shared = parts_.Shared;
-  if (!shared.Loading && !shared.Run.Running()) plot_.RedrawAll();
+  if (!shared.Loading && !shared.Run.Running() && !display_.Showing()) display_.Redraw();
 }
 
 void ShellCommands::cmdGrow_Click() {

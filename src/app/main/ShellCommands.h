@@ -4,7 +4,7 @@
 #include "acquisition/sound/SoundCapture.h"
 #include "acquisition/sound/frmDX_Record.h"
 #include "app/parts/AppParts.h"
-#include "app/plot/PlotCommands.h"
+#include "app/plot/PatternDisplay.h"
 #include "settings/SettingsStore.h"
 
 namespace lobegraph {
@@ -12,9 +12,14 @@ namespace lobegraph {
 /// Start-up, shutdown and the window's own handlers.
 class ShellCommands {
  public:
-  ShellCommands(const AppParts& parts, PlotCommands& plot, SettingsStore& store, InputDevices& devices,
+  ShellCommands(const AppParts& parts, PatternDisplay& display, SettingsStore& store, InputDevices& devices,
                 frmDX_Record& capture, SoundCapture& sound)
-      : parts_(parts), plot_(plot), store_(store), devices_(devices), capture_(capture), sound_(sound) {}
+      : parts_(parts),
+        display_(display),
+        store_(store),
+        devices_(devices),
+        capture_(capture),
+        sound_(sound) {}
 
   /// Brings the window into a working state: identity, call sign, settings, colours, input device. A fault is
   /// shown once and ends the program.
@@ -41,7 +46,7 @@ class ShellCommands {
   void SaveOwnSettings();
 
   AppParts parts_;
-  PlotCommands& plot_;
+  PatternDisplay& display_;
   SettingsStore& store_;
   InputDevices& devices_;
   frmDX_Record& capture_;

@@ -9,12 +9,14 @@
 #include "app/parts/SystemText.h"
 #include "app/parts/UserDialogs.h"
 #include "data/base/FileAccess.h"
+#include "processing/session/PatternSession.h"
 
 namespace lobegraph {
 
 /// What the handlers of the main window work with; all of it outlives them.
 struct AppParts {
   Globals& Shared;
+  PatternSession& Pattern;
   ControlView& View;
   UserDialogs& Dialogs;
   SystemText& System;

@@ -61,22 +61,16 @@ void AnalysisCommands::Step(AnalysisSide side, int units) {
 
 bool AnalysisCommands::Acts() const {
   const Globals& shared = parts_.Shared;
-  return !shared.Run.Running() && shared.Settings.LinearMode && shared.AnalysisShown;
-}
-
-AnalysisScale AnalysisCommands::Scale() const {
-  return {.ShowLogScale = parts_.Shared.Settings.ShowLogScale,
-          .chkPlotInDB = parts_.View.Checked(Control::chkPlotInDB),
-          .S = static_cast<float>(parts_.View.Value(Control::Slider1))};
+  return !shared.Run.Running() && parts_.Pattern.Style().Rectangular && shared.AnalysisShown;
 }
 
 void AnalysisCommands::ShowLevel(Control box, float height) {
-  const AnalysisScale scale = Scale();
-  const auto level = lines_.LevelAt(height, scale);
+  const PlotStyle& style = parts_.Pattern.Style();
+  const auto level = lines_.LevelAt(height, style);
   if (!level) return;
   parts_.View.SetText(box, *level);
-  parts_.View.SetText(Control::lblLeftButtonValue, LineCaption(AnalysisSide::Upper, scale));
-  parts_.View.SetText(Control::lblRightButtonValue, LineCaption(AnalysisSide::Lower, scale));
+  parts_.View.SetText(Control::lblLeftButtonValue, LineCaption(AnalysisSide::Upper, style));
+  parts_.View.SetText(Control::lblRightButtonValue, LineCaption(AnalysisSide::Lower, style));
 }
 
 }  // namespace lobegraph

@@ -28,7 +28,6 @@ class AnalysisCommands {
 
  private:
   bool Acts() const;
-  AnalysisScale Scale() const;
   void ShowLevel(Control box, float height);
   void Clear(AnalysisSide side, Control box);
 

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "app/parts/AppParts.h"
-#include "processing/PreparePlot.h"
+#include "processing/session/Outcome.h"
 #include "render/AnalysisLines.h"
-#include "render/GridOptions.h"
+#include "render/PlotColours.h"
 #include "render/Plotter.h"
 
 namespace lobegraph {
@@ -14,29 +14,25 @@ class PlotBoard {
   PlotBoard(const AppParts& parts, DrawingSurface& surface, const PlotGeometry& geometry)
       : parts_(parts), plotter_(surface, geometry), lines_(geometry) {}
 
-  /// The empty plot of the chosen form with the labels on it. While a second pattern is coming nothing is
-  /// cleared. A fault of the circular grid ends the program, one of the rectangular drawing does not.
-  void DrawCircularGrid();
+  /// The empty plot with the labels on it. A fault of the circular grid ends the program, one of the
+  /// rectangular drawing does not.
+  void DrawGrid(const show::Grid& grid);
+  /// A pattern over what is drawn.
+  void DrawPattern(const show::Trace& trace);
 
-  /// A pattern over what is drawn. @param overlay in the overlay's colours
-  void DrawPattern(const ReadingsRecord& record, const PlotResult& plot, bool overlay, bool show3dB);
-
-  /// A live trace starts anew in PlotUserColour, turned as the record says, or by the given degrees.
-  void StartLiveTrace();
+  /// A live trace starts anew in PlotUserColour. @param rotationOffset degrees
   void StartLiveTrace(float rotationOffset);
   void UsePlotUserColour();
   void PlotPoint(float positionDeg, float radius);
 
-  /// Scales and sizes of the moment for a plot of the record.
-  PlotOptions Options() const;
   /// What lies above the picture; forgotten whenever the surface is cleared.
   AnalysisLines& Lines() { return lines_; }
   const PlotGeometry& Geometry() const { return plotter_.Geometry(); }
 
  private:
-  void ShowLabels();
-  void ShowAnalysisControls();
-  GridOptions Grid() const;
+  void ShowLabels(const show::Grid& grid);
+  void ShowAnalysisControls(bool rectangular);
+  PlotColours Colours() const;
 
   AppParts parts_;
   Plotter plotter_;

@@ -1,23 +1,14 @@
 #pragma once
 
-#include "app/parts/AppParts.h"
-#include "app/plot/PlotBoard.h"
-#include "processing/session/PatternCommands.h"
+#include "app/plot/PatternDisplay.h"
 
 namespace lobegraph {
 
-/// ReDraw and the commands that change how the readings are shown. None of them draws while a collection
-/// runs.
-class PlotCommands : public PatternFront {
+/// The commands that change how the pattern is shown, and what is read off it. None of them draws while a
+/// collection runs.
+class PlotCommands {
  public:
-  PlotCommands(const AppParts& parts, PlotBoard& board) : parts_(parts), board_(board) {}
-
-  /// The plot of the record as boxes, check boxes and sliders now say: grid (unless a second pattern is drawn
-  /// over the first), checks with their messages, trace, -3 dB points and figures. A fault is shown; the
-  /// program lives on.
-  PlotResult ReDraw() override;
-  /// The whole picture again as it is: an empty grid, or the pattern beneath and the one over it.
-  void RedrawAll();
+  PlotCommands(const AppParts& parts, PatternDisplay& display) : parts_(parts), display_(display) {}
 
   /// Enter in the box of rotation or trims.
   void txtRotate_Enter();
@@ -31,28 +22,9 @@ class PlotCommands : public PatternFront {
   void cboElements_Change();
   void cmdIntegrate_Click();
 
-  /// Trims, rotation, count, file name and figures of the former pattern go, from the record and from the
-  /// window.
-  void ClearPlotFields();
-  /// The record's words and plot fields into their controls.
-  void ShowRecord();
-  void ShowPolarization();
-  /// A command that draws anew ends an overlay.
-  void EndOverlay();
-  void ShowFigures(const std::string& txtAngle, const std::string& txtGain);
-
  private:
-  PlotTexts Boxes() const override;
-  void SetBox(PlotBox box, const std::string& text) override;
-  PlotOptions Options() const override { return board_.Options(); }
-  void ShowMessage(const std::string& text) override { parts_.Dialogs.ShowText(text); }
-  void ShowPlotFields() override;
-  void ShowPlot(const PlotResult& plot) override;
-  void DrawBeneath(ReadingsRecord beneath);
-  bool MayDraw() const { return !parts_.Shared.Run.IsCollecting; }
-
   AppParts parts_;
-  PlotBoard& board_;
+  PatternDisplay& display_;
 };
 
 }  // namespace lobegraph

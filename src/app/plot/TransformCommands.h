@@ -1,16 +1,13 @@
 #pragma once
 
-#include "app/parts/AppParts.h"
-#include "app/plot/PlotBoard.h"
-#include "app/plot/PlotCommands.h"
+#include "app/plot/PatternDisplay.h"
 
 namespace lobegraph {
 
 /// The commands that change the readings. Each ends with a redraw; the originals stay in the saved copy.
 class TransformCommands {
  public:
-  TransformCommands(const AppParts& parts, PlotBoard& board, PlotCommands& plot)
-      : parts_(parts), board_(board), plot_(plot) {}
+  TransformCommands(const AppParts& parts, PatternDisplay& display) : parts_(parts), display_(display) {}
 
   void cmdSmooth_Click();
   void cmdReverse_Click();
@@ -20,11 +17,11 @@ class TransformCommands {
   void cmdOriginalData_Click();
 
  private:
-  void ShowOriginal();
+  /// A pattern that ends with its beam at the top is worth keeping.
+  void RunToTop(const PatternDisplay::Command& command);
 
   AppParts parts_;
-  PlotBoard& board_;
-  PlotCommands& plot_;
+  PatternDisplay& display_;
 };
 
 }  // namespace lobegraph

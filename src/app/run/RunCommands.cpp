@@ -29,7 +29,7 @@ void RunCommands::Timer1_Timer() {
 
 void RunCommands::AfterRun(const RunReport& report) {
   if (!report.Ran || parts_.Shared.Run.CloseRequested) return;
-  copy_.Finish(parts_.Shared.Record);
+  copy_.Finish(parts_.Pattern.Record());
   parts_.View.SetText(Control::lblHint, AfterRunHint(report, copy_.Failure()));
 }
 

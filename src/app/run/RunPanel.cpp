@@ -4,7 +4,6 @@
 
 #include "acquisition/meters/LevelSource.h"
 #include "app/run/RunHints.h"
-#include "processing/PlotRange.h"
 
 namespace lobegraph {
 
@@ -39,9 +38,7 @@ void RunPanel::Show(const RunEvent& event) {
 }
 
 void RunPanel::On(const run_event::TurnBegins&) {
-  plot_.EndOverlay();
-  parts_.Shared.Record.CollectedBy = parts_.Shared.UserName;
-  parts_.Shared.Record.CollectedDate = DateTimeText();
+  parts_.Pattern.BeginCollection(parts_.Shared.UserName, DateTimeText());
   DrawEmptyGrid();
   Lock();
   board_.UsePlotUserColour();
@@ -64,10 +61,8 @@ void RunPanel::Lock() {
 }
 
 void RunPanel::On(const run_event::SourceRuns&) {
-  Globals& shared = parts_.Shared;
-  shared.Record.Rotate = RotationFor(shared.Record, shared.Settings.LinearMode);
-  board_.StartLiveTrace();
-  if (!SourceOf(shared.Settings.Input).IsMeter())
+  board_.StartLiveTrace(parts_.Pattern.TurnForRun());
+  if (!SourceOf(parts_.Shared.Settings.Input).IsMeter())
     parts_.View.SetText(Control::lblSource, sound_.SoundSourceName());
 }
 
@@ -77,8 +72,8 @@ void RunPanel::On(const run_event::ManualTrigger& trigger) {
 
 void RunPanel::On(const run_event::ReadingStored& reading) {
   ShowLevel(reading.Level);
-  parts_.Shared.HalfLoaded = false;
-  copy_.Store(parts_.Shared.Record, reading.Index);
+  parts_.Pattern.ReadingStored();
+  copy_.Store(parts_.Pattern.Record(), reading.Index);
   parts_.View.SetText(Control::lblHint,
                       ProgressHint(reading.Index + 1, Controls().Triggered, rotationSeconds_));
 }
@@ -93,6 +88,7 @@ void RunPanel::On(const run_event::TurnEnds& turn) {
   parts_.View.SetText(Control::txtReadingNumber, count);
   parts_.View.SetText(Control::txtReadingsPlotted, count);
   parts_.View.SetText(Control::txtTrimEnd, std::to_string(turn.LowReadings));
+  parts_.Pattern.EndRun();
 }
 
 void RunPanel::On(const run_event::TurnUnlocked&) {
@@ -104,13 +100,11 @@ void RunPanel::On(const run_event::TurnUnlocked&) {
 
 void RunPanel::On(const run_event::TurnAbandoned&) {
   parts_.View.SetText(Control::lblHint, hintBefore_);
-  parts_.Shared.DescriptionLoaded = descriptionWasLoaded_;
-  plot_.ShowRecord();
-  plot_.RedrawAll();
+  display_.Run(&PatternSession::AbandonRun);
 }
 
 void RunPanel::On(const run_event::SweepBegins&) {
-  plot_.EndOverlay();
+  parts_.Pattern.BeginSweep();
   ClearPlotFields();
   BeginHint(CalibrateHint(!SourceOf(parts_.Shared.Settings.Input).IsMeter()));
   Enable(LockedInSweep(), false);
@@ -125,6 +119,7 @@ void RunPanel::On(const run_event::SweepPoint& point) {
 }
 
 void RunPanel::On(const run_event::SweepEnds&) {
+  parts_.Pattern.EndRun();
   Enable(LockedInSweep(), true);
   parts_.View.SetText(Control::lblHint, kCalibratedHint);
   PaintCalibrate(StatusColour::LightYellow, false);
@@ -149,13 +144,10 @@ void RunPanel::PaintCalibrate(StatusColour background, bool bold) {
   parts_.View.SetBold(Control::chkCalibrate, bold);
 }
 
-void RunPanel::ClearPlotFields() {
-  descriptionWasLoaded_ = parts_.Shared.DescriptionLoaded;
-  plot_.ClearPlotFields();
-}
+void RunPanel::ClearPlotFields() { display_.Run(&PatternSession::ClearForRun); }
 
 void RunPanel::DrawEmptyGrid() {
-  board_.DrawCircularGrid();
+  board_.DrawGrid(parts_.Pattern.Grid());
   board_.StartLiveTrace(0.F);
 }
 

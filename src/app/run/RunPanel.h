@@ -7,8 +7,8 @@
 #include "acquisition/run/RunEvents.h"
 #include "acquisition/sound/SoundCapture.h"
 #include "app/parts/AppParts.h"
+#include "app/plot/PatternDisplay.h"
 #include "app/plot/PlotBoard.h"
-#include "app/plot/PlotCommands.h"
 #include "app/run/SafetyCopy.h"
 
 namespace lobegraph {
@@ -16,8 +16,9 @@ namespace lobegraph {
 /// The main window during a run: what its controls hold, and what it makes of what the run tells.
 class RunPanel {
  public:
-  RunPanel(const AppParts& parts, PlotBoard& board, PlotCommands& plot, SafetyCopy& copy, SoundCapture& sound)
-      : parts_(parts), board_(board), plot_(plot), copy_(copy), sound_(sound) {}
+  RunPanel(const AppParts& parts, PlotBoard& board, PatternDisplay& display, SafetyCopy& copy,
+           SoundCapture& sound)
+      : parts_(parts), board_(board), display_(display), copy_(copy), sound_(sound) {}
 
   RunControls Controls() const;
   void Show(const RunEvent& event);
@@ -53,10 +54,9 @@ class RunPanel {
 
   AppParts parts_;
   PlotBoard& board_;
-  PlotCommands& plot_;
+  PatternDisplay& display_;
   SafetyCopy& copy_;
   SoundCapture& sound_;
-  bool descriptionWasLoaded_ = false;
   std::string hintBefore_;
   int rotationSeconds_ = 0;
   std::optional<StatusColour> levelShade_;

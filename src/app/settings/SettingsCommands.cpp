@@ -19,7 +19,7 @@ void SettingsCommands::Guard(std::string_view procedure, Action&& action) {
 bool SettingsCommands::MayOpen(SettingsWay way) const {
   const Globals& shared = parts_.Shared;
   if (shared.Run.Running() || shared.Loading || dialog_) return false;
-  return way == SettingsWay::Keyboard || !(shared.AnalysisShown && shared.Settings.LinearMode);
+  return way == SettingsWay::Keyboard || !(shared.AnalysisShown && parts_.Pattern.Style().Rectangular);
 }
 
 void SettingsCommands::Form_Load() {
@@ -67,7 +67,7 @@ void SettingsCommands::cmdCancel_Click() {
 
 void SettingsCommands::Closed() {
   dialog_.reset();
-  plot_.RedrawAll();
+  display_.Redraw();
 }
 
 void SettingsCommands::ApplyInputLevelsAndRotationTime() {
@@ -80,7 +80,7 @@ void SettingsCommands::ApplyInputLevelsAndRotationTime() {
 
 void SettingsCommands::DrawOnNewBackground() {
   ShowBackground();
-  plot_.RedrawAll();
+  display_.Redraw();
 }
 
 void SettingsCommands::ShowBackground() {

@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "app/parts/AppParts.h"
-#include "app/plot/PlotCommands.h"
+#include "app/plot/PatternDisplay.h"
 #include "settings/SettingsDialog.h"
 
 namespace lobegraph {
@@ -16,8 +16,8 @@ enum class SettingsWay { Keyboard, Mouse };
 /// The settings dialog's handlers, and what they do to the main window.
 class SettingsCommands {
  public:
-  SettingsCommands(const AppParts& parts, PlotCommands& plot, SettingsStore& store)
-      : parts_(parts), plot_(plot), store_(store) {}
+  SettingsCommands(const AppParts& parts, PatternDisplay& display, SettingsStore& store)
+      : parts_(parts), display_(display), store_(store) {}
 
   /// Not while a run is on; and the mouse belongs to the analysis lines while they are shown on the
   /// rectangular drawing.
@@ -51,7 +51,7 @@ class SettingsCommands {
   void Guard(std::string_view procedure, Action&& action);
 
   AppParts parts_;
-  PlotCommands& plot_;
+  PatternDisplay& display_;
   SettingsStore& store_;
   std::unique_ptr<SettingsDialog> dialog_;
 };

@@ -2,6 +2,7 @@
 
 #include <charconv>
 #include <cmath>
+#include <limits>
 #include <system_error>
 
 #include "data/base/RunTimeError.h"
@@ -89,6 +90,14 @@ ScannedNumber ScanNumber(std::string_view text) {
 }
 
 double LeadingNumber(std::string_view text) { return ScanNumber(text).Value; }
+
+double TypedNumber(std::string_view text) {
+  try {
+    return LeadingNumber(text);
+  } catch (const RunTimeError&) {
+    return std::numeric_limits<double>::infinity();
+  }
+}
 
 double WholeNumberText(std::string_view text) {
   const ScannedNumber number = ScanNumber(text);

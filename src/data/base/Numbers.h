@@ -21,6 +21,9 @@ ScannedNumber ScanNumber(std::string_view text);
 /// @throws RunTimeError 6 (Overflow) for a number beyond the range of a double.
 double LeadingNumber(std::string_view text);
 
+/// The same without a fault: infinite for a number beyond the range of a double, which no place has room for.
+double TypedNumber(std::string_view text);
+
 /// The value of a text that is a number from end to end (blanks around it allowed).
 /// @throws RunTimeError 13 (Type mismatch) for any other text, 6 (Overflow) as above.
 double WholeNumberText(std::string_view text);

@@ -150,14 +150,6 @@ ReadingArray EditorGrid::Numbers(const ReadingArray& former, int& failedRow) con
   return readings;
 }
 
-void UpdateReadings(const EditorGrid& grid, ReadingsRecord& record, int& failedRow) {
-  record.Readings = grid.Numbers(record.Readings, failedRow);
-  int last = EditorGrid::kRows - 1;
-  while (last >= 0 && record.Readings(last) == 0.F) --last;
-  record.NumReadings = static_cast<std::int16_t>(last);
-  record.ReadingCount = last + 1;
-}
-
 std::string ShownValue(const std::string& value) {
   try {
     std::string text = FixedText(WholeNumberText(value), 2);

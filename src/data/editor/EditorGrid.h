@@ -50,8 +50,8 @@ class EditorGrid {
 
   /// The first row with an empty value, which keeps the plot from being updated.
   std::optional<int> EmptyRow() const;
-  /// All values as singles. @throws RunTimeError 13 for a value that is no number, 6 for one that does not
-  /// fit; failedRow is then its row.
+  /// All values as singles; reading 360 as it was. @throws RunTimeError 13 for a value that is no number, 6
+  /// for one that does not fit; failedRow is then its row.
   ReadingArray Numbers(const ReadingArray& former, int& failedRow) const;
 
  private:
@@ -70,12 +70,6 @@ class EditorGrid {
 
   std::array<Row, kRows> rows_;
 };
-
-/// The values become the record's readings: all of them or, on an error, none. The last index becomes that of
-/// the last reading that is not 0 (-1 when all are), and the count goes with it, so that the set can be
-/// saved. Deliberate: reading 360 is neither changed nor looked at. @throws RunTimeError as
-/// EditorGrid::Numbers.
-void UpdateReadings(const EditorGrid& grid, ReadingsRecord& record, int& failedRow);
 
 /// "###.##": at most two decimals, no zero before the point, no point without decimals; "0" for nothing.
 std::string ShownValue(const std::string& value);

@@ -11,11 +11,11 @@
 #include "data/formats/PlanetFile.h"
 #include "data/formats/RadioMobileFile.h"
 #include "data/formats/SplatFile.h"
+#include "data/record/ScaleSetting.h"
 
 namespace lobegraph {
 namespace {
 
-constexpr float kUsualScale = 35.F;
 constexpr std::string_view kAllButReadings =
     "description, operator, date, elements, polarization, trims and rotation";
 constexpr std::string_view kAllButDirections =
@@ -145,7 +145,7 @@ LoadOutcome ReadPattern(FileAccess& files, const std::string& path, const LoadRu
   const std::string bytes = files.Read(path);
   const PatternFormat& format = FormatToRead(path, bytes, rules.Columns);
   if (&format == kFormats) return format.ReadRecord(bytes, rules, record);
-  if (!rules.Overlay) record.ScaleSetting = kUsualScale;
+  if (!rules.Overlay) record.ScaleSetting = scale_setting::kUsual;
   const LoadOutcome outcome = format.ReadRecord != nullptr ? format.ReadRecord(bytes, rules, record)
                                                            : ReadTableOf(format, bytes, record);
   record.Description = QuotableText(record.Description);

@@ -61,8 +61,14 @@ struct ReadingsRecord {
   std::string FilePath;
   std::string FileName;  ///< what follows the last separator of FilePath
 
-  bool Held() const { return ReadingCount > 0.0; }
+  bool HasReadings() const { return ReadingCount > 0.0; }
+  /// Index of the last reading that the end trim leaves.
+  int LastPlotted() const { return NumReadings - TrimEnd; }
 
+  /// Takes up readings from outside. The last index becomes that of the last one that is not 0 (-1 when all
+  /// are), and the count goes with it, so that the set can be saved. Deliberate: reading 360 is not looked
+  /// at.
+  void TakeUp(const ReadingArray& readings);
   /// Takes the copy that the original-data command returns to.
   void SaveReadings();
   /// Puts that copy back. The count is the caller's to restore: a failed de-spike keeps the present one.

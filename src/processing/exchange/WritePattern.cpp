@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "data/base/Numbers.h"
+#include "data/base/RunTimeError.h"
 #include "processing/Figures.h"
 #include "processing/PreparePlot.h"
 
@@ -20,22 +20,22 @@ struct Settled {
 /// The plot settles peak, trims and step.
 Settled Settle(const ReadingsRecord& record) {
   Settled settled{record, {}};
-  const PlotTexts boxes{SingleText(record.Rotate), std::to_string(record.TrimFront),
-                        std::to_string(record.TrimEnd)};
+  const PatternRules rules{.AnyLength = true};
   try {
-    settled.Plot = BeginPlot(settled.Record, boxes, {.chkCalibrate = true});
-    if (settled.Plot.FieldsShown) CompletePlot(settled.Record, {.chkCalibrate = true}, settled.Plot);
+    settled.Plot = BeginPlot(settled.Record, PlacementOf(record), {}, rules);
+    if (settled.Plot.FieldsSettled) CompletePlot(settled.Record, {}, rules, settled.Plot);
   } catch (const RunTimeError&) {
     settled.Plot.PlotDone = false;
   }
-  if (!settled.Plot.FieldsShown) throw RunTimeError(fault::kTypeMismatch, "no range of readings to convert");
+  if (!settled.Plot.FieldsSettled)
+    throw RunTimeError(fault::kTypeMismatch, "no range of readings to convert");
   return settled;
 }
 
 /// Each plotted reading with its bearing.
 std::vector<LevelRow> RowsOf(const Settled& settled) {
   const ReadingsRecord& record = settled.Record;
-  const int last = record.NumReadings - record.TrimEnd;
+  const int last = record.LastPlotted();
   float strongest = 0.F;
   for (int i = record.TrimFront; i <= last; ++i) strongest = std::max(strongest, record.Readings(i));
   if (strongest <= 0.F) throw RunTimeError(fault::kTypeMismatch, "no level above 0");
@@ -70,7 +70,7 @@ PatternTable TableOf(const Settled& settled) {
   table.CollectedBy = record.CollectedBy;
   table.CollectedDate = record.CollectedDate;
   table.Horizontal = record.PolarizationHorizontal;
-  table.GainDbi = settled.Plot.GainEstimate;
+  table.GainDbi = settled.Plot.Figures.GainDbi;
   table.BeamwidthDeg = figures.Hpbw;
   table.FrontToBackDb = figures.FrontToBack;
   return table;

@@ -135,8 +135,8 @@ TEST_F(EditorCommandsTest, update_plots_the_values_and_they_can_be_saved) {
   Import(text);
   Forget();
   Commands().cmdUpdate_Click();
-  EXPECT_EQ(Shared.Record.NumReadings, 359);
-  EXPECT_EQ(Shared.Record.ReadingCount, 360.0);
+  EXPECT_EQ(Record().NumReadings, 359);
+  EXPECT_EQ(Record().ReadingCount, 360.0);
   EXPECT_EQ(Text(Control::txtReadingsPlotted), "360");
   EXPECT_GT(Surface.Count("line", kTraceColour), 300);
   EXPECT_THAT(Dialogs.Messages, IsEmpty());
@@ -145,21 +145,19 @@ TEST_F(EditorCommandsTest, update_plots_the_values_and_they_can_be_saved) {
 }
 
 TEST_F(EditorCommandsTest, an_update_ends_an_overlay) {
-  HoldBeam();
-  PutFile("/patterns/second.lbg", FileRecord(90));
-  Overlay("/patterns/second.lbg");
-  ASSERT_TRUE(Shared.Beneath);
+  HoldPair();
+  ASSERT_TRUE(Pattern.Beneath());
   Commands().cmdGetDataFromPlot_Click();
   Commands().cmdUpdate_Click();
-  EXPECT_FALSE(Shared.Beneath);
+  EXPECT_FALSE(Pattern.Beneath());
 }
 
 TEST_F(EditorCommandsTest, update_with_an_empty_value_opens_no_box_and_changes_nothing) {
   HoldBeam();
-  const ReadingArray before = Shared.Record.Readings;
+  const ReadingArray before = Record().Readings;
   Commands().EditValue(5, "");
   Commands().cmdUpdate_Click();
-  EXPECT_EQ(Shared.Record.Readings, before);
+  EXPECT_EQ(Record().Readings, before);
   EXPECT_THAT(Dialogs.Messages, IsEmpty());
   EXPECT_EQ(Grids(), 0);
   EXPECT_EQ(Editor.Status, "Row 5 is empty: the plot stays as it is");
@@ -167,10 +165,10 @@ TEST_F(EditorCommandsTest, update_with_an_empty_value_opens_no_box_and_changes_n
 
 TEST_F(EditorCommandsTest, a_value_that_is_no_number_is_an_error_that_names_and_selects_its_row) {
   HoldBeam();
-  const ReadingArray before = Shared.Record.Readings;
+  const ReadingArray before = Record().Readings;
   Commands().EditValue(12, "abc");
   Commands().cmdUpdate_Click();
-  EXPECT_EQ(Shared.Record.Readings, before);
+  EXPECT_EQ(Record().Readings, before);
   EXPECT_THAT(Dialogs.Texts(),
               ElementsAre(MatchesRegex("Error 13 .Type mismatch. in line [0-9]+ of procedure cmdUpdate_Click "
                                        "of Form frmEditLbg")));
@@ -194,11 +192,11 @@ TEST_F(EditorCommandsTest, a_run_switches_update_and_import_off_and_on_again) {
     if (seen || ReadingsDone() < 5) return;
     seen = true;
     EXPECT_FALSE(Editor.UpdateAllowed);
-    const std::int16_t last = Shared.Record.NumReadings;
+    const std::int16_t last = Record().NumReadings;
     Commands().cmdUpdate_Click();
     Editor.CsvFile = "/home/ham/none";
     Commands().cmdGetDataFromFile_Click();
-    EXPECT_EQ(Shared.Record.NumReadings, last);
+    EXPECT_EQ(Record().NumReadings, last);
     EXPECT_EQ(Value(3), "3");
     Tick(Control::chkEditor, false);
     Tick(Control::chkEditor, true);

@@ -91,8 +91,7 @@ TEST_P(DamagedFileTest, IsReportedOnceShownSavedAndNotDrawn) {
   EXPECT_EQ(Surface.Count("line", kTraceColour), 0) << "half a set is not drawn";
   EXPECT_EQ(Grids(), 1);
   EXPECT_EQ(Text(txtFileName), "damaged.lbg");
-  EXPECT_EQ(Shared.Record.SavedReadings, Shared.Record.Readings);
-  EXPECT_FALSE(Shared.Loading);
+  EXPECT_EQ(Record().SavedReadings, Record().Readings);
 }
 
 TEST_P(DamagedFileTest, IsNotDrawnOnActivationEither) {
@@ -110,9 +109,9 @@ INSTANTIATE_TEST_SUITE_P(Faults, DamagedFileTest, testing::Range(0, 6));
 TEST_F(DamagedFilesTest, ADamagedFileShowsTheFieldsBeforeTheDamage) {
   Files.Held["/patterns/damaged.lbg"] = CutBefore(kDescription + 1);
   Load("/patterns/damaged.lbg");
-  EXPECT_EQ(Shared.Record.ReadingCount, 359.0);
+  EXPECT_EQ(Record().ReadingCount, 359.0);
   EXPECT_EQ(Text(txtDescription), "Three elements");
-  EXPECT_TRUE(Shared.DescriptionLoaded);
+  EXPECT_TRUE(Pattern.DescriptionLoaded());
 }
 
 TEST_F(DamagedFilesTest, ADamagedFileKeepsNothingOfTheFormerPlot) {
@@ -122,12 +121,12 @@ TEST_F(DamagedFilesTest, ADamagedFileKeepsNothingOfTheFormerPlot) {
   Files.Held["/patterns/damaged.lbg"] = CutBefore(200);
   Load("/patterns/damaged.lbg");
   EXPECT_FALSE(View.Of(chk180).Checked);
-  EXPECT_FALSE(Shared.Record.Plot180);
+  EXPECT_FALSE(Record().Plot180);
   for (const Control box : {txtRotate, txtTrimFront, txtTrimEnd})
     EXPECT_EQ(Text(box), "0") << RowOf(box).Name;
   EXPECT_EQ(Text(txtAngle), "Angle");
   EXPECT_EQ(Text(txtGain), "Gain");
-  EXPECT_EQ(Shared.BeamwidthDeg, 0.F);
+  EXPECT_EQ(Pattern.BeamwidthDeg(), 0.F);
 }
 
 TEST_F(DamagedFilesTest, WithoutADescriptionTheCaptionSaysSo) {
@@ -135,8 +134,8 @@ TEST_F(DamagedFilesTest, WithoutADescriptionTheCaptionSaysSo) {
   Files.Held["/patterns/damaged.lbg"] = CutBefore(kDescription);
   Load("/patterns/damaged.lbg");
   EXPECT_EQ(Text(lblFileDescription), "no description");
-  EXPECT_EQ(Shared.Record.Description, "no description");
-  EXPECT_FALSE(Shared.DescriptionLoaded);
+  EXPECT_EQ(Record().Description, "no description");
+  EXPECT_FALSE(Pattern.DescriptionLoaded());
 }
 
 TEST_F(DamagedFilesTest, AfterADamagedFileAGoodOneIsDrawnAgain) {

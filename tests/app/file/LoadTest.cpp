@@ -20,13 +20,13 @@ TEST_F(LoadTest, FillsRecordAndWindow) {
   file.TrimEnd = 5;
   file.PolarizationHorizontal = false;
   LoadRecord(file, "/patterns/yagi.lbg");
-  EXPECT_EQ(Shared.Record.ReadingCount, 359.0) << "the file's first field, as it stands";
+  EXPECT_EQ(Record().ReadingCount, 359.0) << "the file's first field, as it stands";
   EXPECT_EQ(Text(txtRotate), "12.5");
   EXPECT_EQ(Text(txtTrimFront), "3");
   EXPECT_EQ(Text(txtTrimEnd), "5");
   EXPECT_EQ(Text(txtReadingsPlotted), "352");
   EXPECT_EQ(Text(txtFileName), "yagi.lbg");
-  EXPECT_EQ(Shared.Record.FilePath, "/patterns/yagi.lbg");
+  EXPECT_EQ(Record().FilePath, "/patterns/yagi.lbg");
   EXPECT_EQ(Text(txtDescription), "Three elements");
   EXPECT_EQ(Text(lblFileDescription), "Three elements");
   EXPECT_EQ(View.Of(Slider1).Value, 40);
@@ -34,8 +34,7 @@ TEST_F(LoadTest, FillsRecordAndWindow) {
   EXPECT_EQ(Text(cmdPolarization), "Vertic&al");
   EXPECT_EQ(Text(lblCollectedBy), "K1AB");
   EXPECT_EQ(Text(lblCollectedDate), "12:00 01/02/2020");
-  EXPECT_TRUE(Shared.DescriptionLoaded);
-  EXPECT_FALSE(Shared.Loading);
+  EXPECT_TRUE(Pattern.DescriptionLoaded());
   EXPECT_THAT(Dialogs.Texts(), IsEmpty());
 }
 
@@ -47,19 +46,21 @@ TEST_F(LoadTest, DrawsTheEmptyGridThenThePattern) {
 
 TEST_F(LoadTest, TakesTheSavedCopy) {
   LoadRecord(FileRecord(90));
-  EXPECT_EQ(Shared.Record.SavedReadings, Shared.Record.Readings);
-  EXPECT_EQ(Shared.Record.SavedNumReadings, 359);
+  EXPECT_EQ(Record().SavedReadings, Record().Readings);
+  EXPECT_EQ(Record().SavedNumReadings, 359);
 }
 
 TEST_F(LoadTest, ClearsWhatTheFormerPatternLeft) {
-  HoldBeam();
-  Shared.Record.Readings(360) = 7.F;
+  HoldChanged([](ReadingsRecord& record) {
+    record.NumReadings = 360;
+    record.Readings(360) = 7.F;
+  });
   ReadingsRecord small = FileRecord();
   small.NumReadings = 99;
   LoadRecord(small, "/patterns/small.lbg");
-  EXPECT_EQ(Shared.Record.Readings(100), 0.F);
-  EXPECT_EQ(Shared.Record.Readings(359), 0.F);
-  EXPECT_EQ(Shared.Record.Readings(360), 7.F) << "kept on purpose";
+  EXPECT_EQ(Record().Readings(100), 0.F);
+  EXPECT_EQ(Record().Readings(359), 0.F);
+  EXPECT_EQ(Record().Readings(360), 7.F) << "kept on purpose";
 }
 
 TEST_F(LoadTest, TheSliderGetsTheRoundedScaleWithinItsRange) {
@@ -68,7 +69,7 @@ TEST_F(LoadTest, TheSliderGetsTheRoundedScaleWithinItsRange) {
     file.ScaleSetting = scale;
     LoadRecord(file);
     EXPECT_EQ(View.Of(Slider1).Value, shown) << scale;
-    EXPECT_EQ(Shared.Record.ScaleSetting, static_cast<float>(shown)) << "the scale always mirrors the slider";
+    EXPECT_EQ(Record().ScaleSetting, static_cast<float>(shown)) << "the scale always mirrors the slider";
   }
 }
 
@@ -112,13 +113,12 @@ TEST_F(LoadTest, ACancelledOrEmptyDialogLeavesEverything) {
   }
 }
 
-TEST_F(LoadTest, ACancelledOverlayLeavesNoOverlayFlag) {
+TEST_F(LoadTest, ACancelledOverlayLeavesEverything) {
   HoldBeam();
   const std::string before = Everything();
   Dialogs.FileToOpen.reset();
   Press(cmdOverlay);
   EXPECT_EQ(Everything(), before);
-  EXPECT_FALSE(Shared.Overlay);
 }
 
 TEST_F(LoadTest, APeakAboveTheInputLevelWarnsAndGoesOn) {
@@ -173,7 +173,7 @@ TEST_F(LoadTest, AWholeTurnAfterA180DegreeSetUnticksTheBox) {
   Tick(chk180, true);
   LoadRecord(FileRecord());
   EXPECT_FALSE(View.Of(chk180).Checked);
-  EXPECT_FALSE(Shared.Record.Plot180);
+  EXPECT_FALSE(Record().Plot180);
 }
 
 TEST_F(LoadTest, AnOverlayKeepsTheScale) {
@@ -184,7 +184,7 @@ TEST_F(LoadTest, AnOverlayKeepsTheScale) {
   PutFile("/patterns/second.lbg", second);
   Overlay("/patterns/second.lbg");
   EXPECT_EQ(View.Of(Slider1).Value, 60);
-  EXPECT_EQ(Shared.Record.ScaleSetting, 60.F);
+  EXPECT_EQ(Record().ScaleSetting, 60.F);
 }
 
 TEST_F(LoadTest, ALoadEndsAnOverlay) {
@@ -192,7 +192,7 @@ TEST_F(LoadTest, ALoadEndsAnOverlay) {
   PutFile("/patterns/second.lbg", FileRecord());
   Overlay("/patterns/second.lbg");
   LoadRecord(FileRecord());
-  EXPECT_FALSE(Shared.Beneath);
+  EXPECT_FALSE(Pattern.Beneath());
 }
 
 }  // namespace

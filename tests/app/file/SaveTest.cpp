@@ -22,7 +22,7 @@ TEST_F(SaveTest, WithNothingHeldSaysSo) {
   EXPECT_THAT(Dialogs.Texts(), ElementsAre("LBG003 No data to save"));
   EXPECT_THAT(Dialogs.Folders, IsEmpty()) << "no file is asked for";
   EXPECT_THAT(Files.Held, IsEmpty());
-  EXPECT_EQ(Shared.Record.Description, "");
+  EXPECT_EQ(Record().Description, "");
 }
 
 TEST_F(SaveTest, AFileOfANegativeCountLeavesNothingToSave) {
@@ -39,10 +39,10 @@ TEST_F(SaveTest, WritesThePatternThatCanBeLoadedAgain) {
   SaveAs("/patterns/new.lbg");
   EXPECT_THAT(Dialogs.Texts(), IsEmpty());
   EXPECT_THAT(Dialogs.Questions, IsEmpty());
-  EXPECT_EQ(Files.Held["/patterns/new.lbg"], WritePatternText(Shared.Record, "V2.1.0"));
+  EXPECT_EQ(Files.Held["/patterns/new.lbg"], WritePatternText(Record(), "V2.1.0"));
   EXPECT_EQ(Text(txtFileName), "new.lbg");
-  EXPECT_EQ(Shared.Record.FilePath, "/patterns/new.lbg");
-  EXPECT_EQ(Shared.Record.FileName, "new.lbg");
+  EXPECT_EQ(Record().FilePath, "/patterns/new.lbg");
+  EXPECT_EQ(Record().FileName, "new.lbg");
 }
 
 TEST_F(SaveTest, ATypedDescriptionIsSavedAndShown) {
@@ -106,16 +106,15 @@ TEST_F(SaveTest, AnExistingFileIsReplacedOnYes) {
 }
 
 TEST_F(SaveTest, AnExistingFileStaysOnNo) {
-  HoldBeam();
-  Shared.Record.NumReadings = 360;
+  HoldChanged([](ReadingsRecord& record) { record.NumReadings = 360; });
   Files.Held["/p/old.lbg"] = "old";
   Dialogs.Yes = false;
   SaveAs("/p/old.lbg");
   EXPECT_EQ(Files.Held["/p/old.lbg"], "old");
   EXPECT_THAT(Only("write "), IsEmpty());
   EXPECT_EQ(Text(txtFileName), "beam.lbg");
-  EXPECT_EQ(Shared.Record.FilePath, "/patterns/beam.lbg");
-  EXPECT_EQ(Shared.Record.NumReadings, 360);
+  EXPECT_EQ(Record().FilePath, "/patterns/beam.lbg");
+  EXPECT_EQ(Record().NumReadings, 360);
 }
 
 TEST_F(SaveTest, OnlyTheExactNameAsks) {
@@ -134,17 +133,18 @@ TEST_F(SaveTest, AFullDiskKeepsTheOldNameAndSaysSo) {
               testing::MatchesRegex(
                   "Error 61 \\(Disk full\\) in line [0-9]+ of procedure cmdSaveData_Click of Form Form1"));
   EXPECT_EQ(Text(txtFileName), "beam.lbg");
-  EXPECT_EQ(Shared.Record.FileName, "beam.lbg");
-  EXPECT_EQ(Shared.Record.FilePath, "/patterns/beam.lbg");
+  EXPECT_EQ(Record().FileName, "beam.lbg");
+  EXPECT_EQ(Record().FilePath, "/patterns/beam.lbg");
   EXPECT_EQ(Shared.WorkingFolder, "/patterns/");
 }
 
 TEST_F(SaveTest, ASetOf361ReadingsIsCappedInTheFileAndInMemory) {
-  HoldBeam();
-  Shared.Record.NumReadings = 360;
-  Shared.Record.Readings(360) = 5.F;
+  HoldChanged([](ReadingsRecord& record) {
+    record.NumReadings = 360;
+    record.Readings(360) = 5.F;
+  });
   SaveAs("/p/new.lbg");
-  EXPECT_EQ(Shared.Record.NumReadings, 359);
+  EXPECT_EQ(Record().NumReadings, 359);
   EXPECT_THAT(Files.Held["/p/new.lbg"], testing::StartsWith("359\r\n"));
 }
 
@@ -159,14 +159,14 @@ TEST_F(SaveTest, QuotesNeverGetIntoTheDescription) {
   Type(txtDescription, "a \"quoted\" word");
   Form.File().txtDescription_Change();
   EXPECT_EQ(Text(txtDescription), "a quoted word");
-  EXPECT_EQ(Shared.Record.Description, "a quoted word");
+  EXPECT_EQ(Record().Description, "a quoted word");
 }
 
 TEST_F(SaveTest, ADescriptionWithoutQuotesIsNotWrittenBackWhichWouldMoveTheCursor) {
   Type(txtDescription, "<b>R&D</b>");
   Form.File().txtDescription_Change();
   EXPECT_THAT(Log, IsEmpty());
-  EXPECT_EQ(Shared.Record.Description, "<b>R&D</b>");
+  EXPECT_EQ(Record().Description, "<b>R&D</b>");
 }
 
 TEST_F(SaveTest, EnterInTheDescriptionUpdatesTheCaptionOnly) {

@@ -25,8 +25,9 @@ TEST_F(ShutdownTest, UnloadsInItsOrder) {
   View.Of(Slider2).Value = 77;
   View.Of(chkAutoStart).Checked = true;
   View.Of(chkTrigger).Checked = true;
-  Shared.Settings.LinearMode = true;
-  Shared.Settings.ShowLogScale = false;
+  Press(cmdLinear);
+  Press(cmdLogLin);
+  Forget();
   OpenModule();
   Inputs.MSComm1.IsOpen = Inputs.MSCommTrigger.IsOpen = true;
   EXPECT_TRUE(Form.Shell().Form_Unload());

@@ -87,7 +87,7 @@ TEST_F(StartUpTest, NameAndCaptionComeBeforeTheSettings) {
 TEST_F(StartUpTest, AnEmptyStoreGivesTheDefaultWindow) {
   Load();
   EXPECT_EQ(View.Of(Slider1).Value, 35);
-  EXPECT_EQ(Shared.Record.ScaleSetting, 35.F);
+  EXPECT_EQ(Record().ScaleSetting, 35.F);
   EXPECT_EQ(View.Of(Slider2).Value, 60);
   EXPECT_EQ(View.Of(Slider2).Maximum, 120);
   EXPECT_EQ(Text(lblRotationTime), "60");

@@ -14,11 +14,6 @@ using testing::IsEmpty;
 class RedrawTest : public testing::Test, protected AppFixture {
  protected:
   RedrawTest() { Start(); }
-  void HoldPair() {
-    HoldBeam(0);
-    PutFile("/patterns/second.lbg", FileRecord(90));
-    Overlay("/patterns/second.lbg");
-  }
   bool AnalysisVisible() const {
     return std::all_of(AnalysisControls().begin(), AnalysisControls().end(),
                        [this](Control control) { return View.Of(control).Visible; });
@@ -56,31 +51,6 @@ TEST_F(RedrawTest, ActivationIsIgnoredDuringCollectionSweepAndLoad) {
   EXPECT_EQ(Grids(), 1);
 }
 
-TEST_F(RedrawTest, AnActivationBehindTheWarningOfALoadDrawsNothing) {
-  ReadingsRecord strong = FileRecord();
-  strong.Readings(0) = 2000.F;
-  long gridsWhileOpen = 0;
-  long gridsBefore = 0;
-  Dialogs.WhileOpen = [&] {
-    gridsBefore = Grids();
-    Activate();
-    gridsWhileOpen = Grids();
-  };
-  LoadRecord(strong);
-  EXPECT_EQ(Dialogs.Messages.size(), 1U);
-  EXPECT_EQ(gridsWhileOpen, gridsBefore);
-  EXPECT_FALSE(Shared.Loading);
-}
-
-TEST_F(RedrawTest, AnOverlayIsDrawnInItsOwnColoursOverThePlotThatIsShown) {
-  HoldPair();
-  EXPECT_EQ(Grids(), 0) << "nothing is cleared";
-  EXPECT_EQ(Surface.Count("line", kOverlayTraceColour), 360);
-  EXPECT_EQ(Surface.Count("line", kUserOverlayColour), 2);
-  EXPECT_EQ(Surface.Count("line", kTraceColour), 0) << "what lies beneath is still there";
-  EXPECT_FALSE(Shared.Overlay);
-}
-
 TEST_F(RedrawTest, AnOverlayDrawsNoSecondGridOverThePlotThatIsShown) {
   HoldPair();
   EXPECT_THAT(Surface.Only("circle"), IsEmpty()) << "its blank middle would wipe the first trace away";
@@ -97,67 +67,7 @@ TEST_F(RedrawTest, ActivationDrawsBothPatternsTheOneBeneathFirst) {
   EXPECT_EQ(Surface.Count("line", kUserOverlayColour), 2);
   EXPECT_LT(Surface.FirstIn(kTraceColour), Surface.FirstIn(kOverlayTraceColour));
   EXPECT_LT(Surface.FirstIn(kUserColour), Surface.FirstIn(kOverlayTraceColour));
-  EXPECT_FALSE(Shared.Overlay);
-}
-
-TEST_F(RedrawTest, ThePairSurvivesEveryFurtherActivation) {
-  HoldPair();
-  for (int time = 0; time < 3; ++time) {
-    Forget();
-    Activate();
-    EXPECT_EQ(Surface.Count("line", kTraceColour), 360);
-    EXPECT_EQ(Surface.Count("line", kOverlayTraceColour), 360);
-  }
   EXPECT_EQ(Text(txtFileName), "second.lbg") << "the boxes speak of the upper one";
-}
-
-TEST_F(RedrawTest, TheScaleSliderRescalesBothPatterns) {
-  HoldPair();
-  Forget();
-  Slide(Slider1, 60);
-  EXPECT_EQ(Surface.Count("line", kTraceColour), 360);
-  EXPECT_EQ(Surface.Count("line", kOverlayTraceColour), 360);
-}
-
-TEST_F(RedrawTest, ThePatternBeneathKeepsItsOwnTrimsAndRotation) {
-  HoldBeam();
-  Enter(txtTrimEnd, "100");
-  Enter(txtRotate, "90");
-  PutFile("/patterns/second.lbg", FileRecord(90));
-  Overlay("/patterns/second.lbg");
-  Forget();
-  Activate();
-  EXPECT_EQ(Surface.Count("line", kTraceColour), 260);
-  EXPECT_EQ(Surface.Count("line", kOverlayTraceColour), 360);
-  EXPECT_EQ(Text(txtTrimEnd), "0");
-}
-
-TEST_F(RedrawTest, ATransformEndsThePair) {
-  HoldPair();
-  Forget();
-  Press(cmdSmooth);
-  EXPECT_EQ(Surface.Count("line", kTraceColour), 360);
-  EXPECT_EQ(Surface.Count("line", kOverlayTraceColour), 0);
-  Forget();
-  Activate();
-  EXPECT_EQ(Surface.Count("line", kOverlayTraceColour), 0);
-}
-
-TEST_F(RedrawTest, AnOverlayOverNothingIsDrawnAlone) {
-  PutFile("/patterns/second.lbg", FileRecord());
-  Overlay("/patterns/second.lbg");
-  Forget();
-  Activate();
-  EXPECT_EQ(Surface.Count("line", kTraceColour), 360);
-  EXPECT_EQ(Surface.Count("line", kOverlayTraceColour), 0);
-}
-
-TEST_F(RedrawTest, AThirdPatternLiesOverTheSecond) {
-  HoldPair();
-  PutFile("/patterns/third.lbg", FileRecord(180));
-  Overlay("/patterns/third.lbg");
-  ASSERT_TRUE(Shared.Beneath);
-  EXPECT_EQ(Shared.Beneath->FileName, "second.lbg");
 }
 
 TEST_F(RedrawTest, EveryGridRefreshesTheLabels) {
@@ -212,32 +122,12 @@ TEST_F(RedrawTest, AFaultOfTheCircularGridIsShownAndEndsTheProgramOnPurpose) {
 }
 
 TEST_F(RedrawTest, AFaultOfTheRectangularGridIsShownAndTheProgramLives) {
-  Shared.Settings.LinearMode = true;
+  Press(cmdLinear);
   Surface.Fails = true;
   Activate();
   ASSERT_EQ(Dialogs.Messages.size(), 1U);
   EXPECT_THAT(Dialogs.Messages[0].Text, testing::EndsWith(" of procedure DrawRectangularGrid of Form Form1"));
   EXPECT_EQ(End.AtOnce, 0);
-}
-
-TEST_F(RedrawTest, NothingIsRedrawnInsideACollection) {
-  HoldBeam();
-  Shared.Run.IsCollecting = true;
-  for (const Control control :
-       {txtRotate, txtTrimFront, txtTrimEnd, chk180, chkShow3dB, Slider1, cboElements}) {
-    Press(control);
-    EXPECT_THAT(Surface.Operations, IsEmpty()) << RowOf(control).Name;
-  }
-  EXPECT_FALSE(Form.Plot().ReDraw().PlotDone);
-  EXPECT_THAT(Surface.Operations, IsEmpty());
-  EXPECT_THAT(Dialogs.Texts(), IsEmpty());
-}
-
-TEST_F(RedrawTest, TheSliderDoesNotRedrawInsideASweep) {
-  Shared.Run.IsSweeping = true;
-  Slide(Slider1, 50);
-  EXPECT_THAT(Surface.Operations, IsEmpty());
-  EXPECT_EQ(Shared.Record.ScaleSetting, 50.F) << "and yet it mirrors";
 }
 
 }  // namespace

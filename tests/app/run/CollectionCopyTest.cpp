@@ -49,7 +49,7 @@ TEST_F(CollectionCopyTest, TheEndOfATurnIsWrittenAsTheRecordHasIt) {
 TEST_F(CollectionCopyTest, TroubleWithTheDiskDoesNotEndTheTurnAndIsTold) {
   std::ofstream(State.File("turns")) << "a file in the folder's place";
   Collect();
-  EXPECT_EQ(Shared.Record.NumReadings, 359);
+  EXPECT_EQ(Record().NumReadings, 359);
   EXPECT_THAT(Dialogs.Texts(), IsEmpty());
   EXPECT_EQ(Text(lblHint), "Save File now: the safety copy failed (Path not found).");
 }

@@ -22,11 +22,11 @@ TEST_F(CollectionEndTest, AHaltedRunKeepsWhatItTookAndNoTailOfTheFormerSet) {
   HoldBeam();
   HaltAfter(100);
   Collect();
-  EXPECT_EQ(Shared.Record.NumReadings, 99);
-  EXPECT_EQ(Shared.Record.ReadingCount, 100.0);
+  EXPECT_EQ(Record().NumReadings, 99);
+  EXPECT_EQ(Record().ReadingCount, 100.0);
   EXPECT_EQ(Text(txtReadingNumber), "100");
   EXPECT_EQ(Text(txtReadingsPlotted), "100");
-  EXPECT_EQ(Shared.Record.Readings(100), 0.F);
+  EXPECT_EQ(Record().Readings(100), 0.F);
   EXPECT_EQ(Text(lblHint), "100 readings. Rescale turns the beam up; then Save File.");
 }
 
@@ -44,7 +44,7 @@ TEST_F(CollectionEndTest, AHaltThatTakesEffectOnTheLastReadingDropsItOnPurpose) 
     }
   };
   Collect();
-  EXPECT_EQ(Shared.Record.NumReadings, 358);
+  EXPECT_EQ(Record().NumReadings, 358);
   EXPECT_EQ(Text(txtReadingNumber), "359");
 }
 
@@ -55,7 +55,7 @@ TEST_F(CollectionEndTest, HaltedAtOnceNothingIsHeld) {
     if (Shared.Run.IsCollecting && View.Of(cmdHaltInput).Enabled) Press(cmdHaltInput);
   };
   Collect();
-  EXPECT_EQ(Shared.Record.NumReadings, -1);
+  EXPECT_EQ(Record().NumReadings, -1);
   EXPECT_EQ(Text(txtReadingNumber), "0");
   EXPECT_EQ(Text(txtReadingsPlotted), "0");
   EXPECT_EQ(Text(lblHint), "No reading was taken.");
@@ -72,9 +72,9 @@ TEST_F(CollectionEndTest, AutoStopOffersTheSilentReadingsForTrimming) {
   View.Of(chkAutoStop).Checked = true;
   Heard = [this] { return ReadingsDone() < 70 ? 300.F : 5.F; };
   Collect();
-  EXPECT_EQ(Shared.Record.NumReadings, 74);
+  EXPECT_EQ(Record().NumReadings, 74);
   EXPECT_EQ(Text(txtTrimEnd), "5");
-  EXPECT_EQ(Shared.Record.TrimEnd, 5);
+  EXPECT_EQ(Record().TrimEnd, 5);
 }
 
 TEST_F(CollectionEndTest, ATurnInWhichNothingWasHeardSaysSo) {
@@ -93,7 +93,7 @@ TEST_F(CollectionEndTest, WithoutASoundServerRecordAndBoxesAreAsTheyWere) {
   HoldBeam(90);
   Enter(txtRotate, "30");
   Enter(txtTrimEnd, "4");
-  const std::string pattern = WritePatternText(Shared.Record, "");
+  const std::string pattern = WritePatternText(Record(), "");
   std::vector<std::string> boxes;
   const auto all = {txtRotate,   txtTrimFront,       txtTrimEnd,     txtReadingsPlotted,
                     txtFileName, txtDescription,     txtAngle,       txtGain,
@@ -102,12 +102,12 @@ TEST_F(CollectionEndTest, WithoutASoundServerRecordAndBoxesAreAsTheyWere) {
   Forget();
   Sound.firstError = "No sound server answers.";
   Collect();
-  EXPECT_EQ(WritePatternText(Shared.Record, ""), pattern);
-  EXPECT_EQ(Shared.Record.ReadingCount, 359.0);
+  EXPECT_EQ(WritePatternText(Record(), ""), pattern);
+  EXPECT_EQ(Record().ReadingCount, 359.0);
   std::size_t next = 0;
   for (const Control box : all) EXPECT_EQ(Text(box), boxes[next++]) << RowOf(box).Name;
-  EXPECT_TRUE(Shared.DescriptionLoaded);
-  EXPECT_GT(Shared.BeamwidthDeg, 0.F);
+  EXPECT_TRUE(Pattern.DescriptionLoaded());
+  EXPECT_GT(Pattern.BeamwidthDeg(), 0.F);
   EXPECT_EQ(Surface.Count("line", kTraceColour), 356) << "and the plot is there again";
   ASSERT_THAT(Dialogs.Messages, SizeIs(1));
   EXPECT_EQ(Dialogs.Messages[0], (UserMessage{"No sound server answers.", "DirectSound Error", true}));
@@ -122,7 +122,7 @@ TEST_F(CollectionEndTest, AnAbandonedFirstStartLeavesTheEmptyWindow) {
   Sound.openError = "The source is gone.";
   const std::string hint = Text(lblHint);
   Collect();
-  EXPECT_EQ(Shared.Record.ReadingCount, 0.0);
+  EXPECT_EQ(Record().ReadingCount, 0.0);
   EXPECT_EQ(Surface.Count("line", kTraceColour), 0);
   EXPECT_EQ(Text(lblHint), hint);
   EXPECT_EQ(View.Of(Slider1).Value, 35);
@@ -142,7 +142,7 @@ TEST_F(CollectionEndTest, ASourceFromWhichNothingComesIsGivenUp) {
 TEST_F(CollectionEndTest, AServerThatDiesInTheMiddleKeepsTheReadingsAndSpeaksAfterTheUnlock) {
   At(50, [this] { Sound.Fail("The sound server has gone."); });
   Collect();
-  EXPECT_EQ(Shared.Record.ReadingCount, 50.0);
+  EXPECT_EQ(Record().ReadingCount, 50.0);
   ASSERT_THAT(Dialogs.Messages, SizeIs(1));
   EXPECT_EQ(Dialogs.Messages[0].Text, "The sound server has gone.");
   EXPECT_LT(PlaceOf("cmdRescaleData focus"), PlaceOf("message The sound server has gone."));
@@ -163,8 +163,8 @@ TEST_F(CollectionEndTest, AnExternalMetersTurnKeepsTheMetersNameBesideTheLevel) 
   Type(lblSource, "External meter program");
   Store.Put("Reading", "-6", "GaugeBridge");
   Collect();
-  EXPECT_EQ(Shared.Record.NumReadings, 359);
-  EXPECT_NEAR(Shared.Record.Readings(359), 501.19F, .01F);
+  EXPECT_EQ(Record().NumReadings, 359);
+  EXPECT_NEAR(Record().Readings(359), 501.19F, .01F);
   EXPECT_EQ(Text(lblSource), "External meter program");
   EXPECT_EQ(Sound.calls, "");
 }
@@ -186,7 +186,7 @@ TEST_F(CollectionEndTest, ReadingsKeptAfterAFaultAreDrawnEvenThoughADamagedFileC
   Time.NowMs = std::numeric_limits<std::int32_t>::max() - 20'000;
   Collect();
   ASSERT_THAT(Dialogs.Messages, SizeIs(1));
-  EXPECT_GT(Shared.Record.ReadingCount, 100.0);
+  EXPECT_GT(Record().ReadingCount, 100.0);
   Forget();
   Activate();
   EXPECT_GT(Surface.Count("line", kTraceColour), 100);
@@ -219,8 +219,8 @@ TEST_F(CollectionEndTest, AWindowThatIsClosedInTheMiddleEndsTheTurnAndWritesNoMo
   });
   Collect();
   EXPECT_FALSE(Shared.Run.IsCollecting);
-  EXPECT_EQ(Shared.Record.Readings(30), 0.F);
-  EXPECT_EQ(Shared.Record.ReadingCount, 0.0);
+  EXPECT_EQ(Record().Readings(30), 0.F);
+  EXPECT_EQ(Record().ReadingCount, 0.0);
   EXPECT_EQ(Text(lblHint), hint);
   EXPECT_THAT(Only("cmd"), IsEmpty()) << "nothing is unlocked for a second turn";
   EXPECT_EQ(OnDisk(TurnFile()).NumReadings, 29) << "and yet nothing measured is lost";

@@ -20,7 +20,7 @@ class CollectionTest : public CollectionFixture {};
 TEST_F(CollectionTest, AWholeTurnIsTaken360Readings) {
   Heard = [this] { return 100.F + static_cast<float>(ReadingsDone()); };
   Collect();
-  const ReadingsRecord& record = Shared.Record;
+  const ReadingsRecord& record = Record();
   EXPECT_EQ(record.NumReadings, 359);
   EXPECT_EQ(record.ReadingCount, 360.0);
   for (int i = 0; i < 360; ++i) EXPECT_NEAR(record.Readings(i), 100.F + static_cast<float>(i), .05F) << i;
@@ -36,8 +36,8 @@ TEST_F(CollectionTest, AWholeTurnIsTaken360Readings) {
 
 TEST_F(CollectionTest, ALevelThatStaysIsStoredExactly) {
   Collect();
-  EXPECT_EQ(Shared.Record.Readings(0), 300.F);
-  EXPECT_EQ(Shared.Record.Readings(359), 300.F);
+  EXPECT_EQ(Record().Readings(0), 300.F);
+  EXPECT_EQ(Record().Readings(359), 300.F);
 }
 
 TEST_F(CollectionTest, ATurnLastsItsRotationTime) {
@@ -91,8 +91,8 @@ TEST_F(CollectionTest, WhoAndWhenAreRecordedOfThisTurn) {
   Press(lblOperator);
   System.Now = "11:11 22/11/2026";
   Collect();
-  EXPECT_EQ(Shared.Record.CollectedBy, "DL0XY");
-  EXPECT_EQ(Shared.Record.CollectedDate, "11:11 22/11/2026");
+  EXPECT_EQ(Record().CollectedBy, "DL0XY");
+  EXPECT_EQ(Record().CollectedDate, "11:11 22/11/2026");
   EXPECT_EQ(Text(lblDateTime), "11:11 22/11/2026");
   EXPECT_EQ(Text(lblCollectedBy), "DL0XY");
 }
@@ -191,7 +191,7 @@ TEST_F(CollectionTest, WhatTheUserDoesMeanwhileDrawsNothingAndOpensNothing) {
   EXPECT_THAT(Dialogs.Prompts, IsEmpty());
   EXPECT_THAT(Dialogs.Texts(), IsEmpty());
   EXPECT_EQ(Grids(), 1);
-  EXPECT_EQ(Shared.Record.NumReadings, 359);
+  EXPECT_EQ(Record().NumReadings, 359);
 }
 
 TEST_F(CollectionTest, TheLevelIsShownInTheSystemsFormWithItsColour) {
@@ -223,8 +223,8 @@ TEST_F(CollectionTest, AutoStartWaitsForALevelAboveItsThreshold) {
   int waited = 0;
   Heard = [&] { return ++waited < 50 ? 7.F : 300.F; };
   Collect();
-  EXPECT_EQ(Shared.Record.Readings(0), 300.F);
-  EXPECT_EQ(Shared.Record.NumReadings, 359);
+  EXPECT_EQ(Record().Readings(0), 300.F);
+  EXPECT_EQ(Record().NumReadings, 359);
 }
 
 TEST_F(CollectionTest, ALevelLeftFromTheLastCaptureDoesNotStart) {
@@ -233,7 +233,7 @@ TEST_F(CollectionTest, ALevelLeftFromTheLastCaptureDoesNotStart) {
   int blocks = 0;
   Heard = [&] { return ++blocks < 10 ? 5.F : 300.F; };
   Collect();
-  EXPECT_EQ(Shared.Record.Readings(0), 300.F);
+  EXPECT_EQ(Record().Readings(0), 300.F);
 }
 
 TEST_F(CollectionTest, TheManualTriggerStandsReadyWhileTriggered) {
@@ -247,17 +247,14 @@ TEST_F(CollectionTest, TheManualTriggerStandsReadyWhileTriggered) {
   };
   Collect();
   EXPECT_TRUE(shown);
-  EXPECT_EQ(Shared.Record.NumReadings, 359);
+  EXPECT_EQ(Record().NumReadings, 359);
   EXPECT_FALSE(View.Of(cmdTrigger).Visible);
 }
 
 TEST_F(CollectionTest, ARunEndsAnOverlay) {
-  HoldBeam();
-  PutFile("/patterns/second.lbg", FileRecord());
-  Overlay("/patterns/second.lbg");
+  HoldPair();
   Collect();
-  EXPECT_FALSE(Shared.Beneath);
-  EXPECT_FALSE(Shared.Overlay);
+  EXPECT_FALSE(Pattern.Beneath());
 }
 
 TEST_F(CollectionTest, TheFieldsOfTheFormerPatternAreCleared) {
@@ -278,7 +275,7 @@ TEST_F(CollectionTest, ATypedDescriptionGoesWithTheNewPattern) {
   Type(txtDescription, "North field");
   Form.File().txtDescription_Change();
   Collect();
-  EXPECT_EQ(Shared.Record.Description, "North field");
+  EXPECT_EQ(Record().Description, "North field");
   EXPECT_EQ(Text(txtDescription), "North field");
 }
 

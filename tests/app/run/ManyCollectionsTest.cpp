@@ -24,7 +24,7 @@ class ManyCollectionsTest : public CollectionFixture {
       Type(txtReadingNumber, "");
       HaltAfter(kReadings);
       Collect();
-      ASSERT_EQ(Shared.Record.NumReadings, kReadings - 1) << i;
+      ASSERT_EQ(Record().NumReadings, kReadings - 1) << i;
       Forget();
       Sound.calls.clear();
       Pump.Yields = 0;

@@ -106,13 +106,13 @@ TEST_F(SweepTest, UnlockingLeavesLogLinAloneWhileThePlotIsNotInDb) {
 
 TEST_F(SweepTest, DrawsLivePointsAndStoresNothing) {
   HoldBeam();
-  const ReadingArray before = Shared.Record.Readings;
+  const ReadingArray before = Record().Readings;
   At(100, nullptr);
   Sweep();
   EXPECT_GT(Surface.Count("line", kUserColour), 20);
   EXPECT_EQ(Surface.Count("dot", kUserColour), 1);
-  EXPECT_EQ(Shared.Record.Readings, before);
-  EXPECT_EQ(Shared.Record.ReadingCount, 359.0) << "the pattern held is still held";
+  EXPECT_EQ(Record().Readings, before);
+  EXPECT_EQ(Record().ReadingCount, 359.0) << "the pattern held is still held";
   Forget();
   Activate();
   EXPECT_EQ(Surface.Count("line", kTraceColour), 360);
@@ -148,18 +148,17 @@ TEST_F(SweepTest, ActivationDrawsNothingIntoIt) {
 }
 
 TEST_F(SweepTest, EndsAnOverlay) {
-  HoldBeam();
-  Shared.Beneath = Shared.Record;
+  HoldPair();
   At(10, nullptr);
   Sweep();
-  EXPECT_FALSE(Shared.Beneath);
+  EXPECT_FALSE(Pattern.Beneath());
 }
 
 TEST_F(SweepTest, CollectDataEndsItAndTakesATurn) {
   At(50, [this] { Press(cmdCollectData); });
   Sweep();
   EXPECT_FALSE(View.Of(chkCalibrate).Checked);
-  EXPECT_EQ(Shared.Record.NumReadings, 359);
+  EXPECT_EQ(Record().NumReadings, 359);
   EXPECT_EQ(Text(lblHint), "360 readings. Rescale turns the beam up; then Save File.");
   EXPECT_EQ(View.Focus, cmdRescaleData);
 }

@@ -59,7 +59,7 @@ TEST_F(SettingsCommandsTest, NeverOpensTwice) {
 TEST_F(SettingsCommandsTest, TheMouseBelongsToTheAnalysisLinesWhileTheyAreShown) {
   Shared.AnalysisShown = true;
   EXPECT_TRUE(settings_.MayOpen(SettingsWay::Mouse)) << "the circular plot shows no lines";
-  Shared.Settings.LinearMode = true;
+  Press(cmdLinear);
   EXPECT_FALSE(settings_.MayOpen(SettingsWay::Mouse));
   EXPECT_TRUE(settings_.MayOpen(SettingsWay::Keyboard));
   Shared.AnalysisShown = false;

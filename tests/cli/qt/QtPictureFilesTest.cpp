@@ -2,21 +2,19 @@
 
 #include <gmock/gmock.h>
 
+#include "cli/ColoursFile.h"
 #include "cli/MemoryFiles.h"
+#include "processing/PreparePlot.h"
 
 namespace lobegraph {
 namespace {
 
-PicturePattern PatternOf(const ReadingsRecord& record, const SessionOptions& options = {}) {
-  MemoryFiles files;
-  files.Content["beam.lbg"] = StoredText(record);
-  PatternSession session(options);
-  session.Run(files, "beam.lbg");
-  return {session, record.Description};
+PicturePattern PatternOf(ReadingsRecord record, const PlotStyle& style = {}) {
+  return {PreparePlot(record, PlacementOf(record), style, {}), record.Description};
 }
 
-Picture BeamPicture(const SessionOptions& options = {}) {
-  return {{PatternOf(StoredBeam(), options)}, DefaultColours(), ""};
+Picture BeamPicture(const PlotStyle& style = {}) {
+  return {style, {PatternOf(StoredBeam(), style)}, DefaultColours(), ""};
 }
 
 QImage Decoded(const std::string& png) {
@@ -36,8 +34,8 @@ TEST(QtPictureFiles, AKeptGridGivesTheSamePictureAsAFreshOne) {
   QtPictureFiles kept;
   for (const auto scale :
        {PlotScale::Logarithmic, PlotScale::Logarithmic, PlotScale::Linear, PlotScale::Db50}) {
-    for (const bool linearMode : {false, true, true}) {
-      const Picture picture = BeamPicture({.Scale = scale, .LinearMode = linearMode});
+    for (const bool rectangular : {false, true, true}) {
+      const Picture picture = BeamPicture({.Rectangular = rectangular, .Scale = scale});
       EXPECT_EQ(kept.Draw(picture, 0, 0), QtPictureFiles().Draw(picture, 0, 0));
     }
   }
@@ -51,9 +49,7 @@ TEST(QtPictureFiles, ColoursAndScaleOfTheNextPictureCount) {
   EXPECT_EQ(kept.Draw(other, 0, 0), QtPictureFiles().Draw(other, 0, 0));
   other.Colours.PlotGridColour = {90, 2, 3};
   EXPECT_EQ(kept.Draw(other, 0, 0), QtPictureFiles().Draw(other, 0, 0));
-  ReadingsRecord wide = StoredBeam();
-  wide.ScaleSetting = 80.F;
-  other.Patterns = {PatternOf(wide)};
+  other.Style.ScaleSetting = 80;
   EXPECT_EQ(kept.Draw(other, 0, 0), QtPictureFiles().Draw(other, 0, 0));
 }
 

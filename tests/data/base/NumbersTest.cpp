@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <clocale>
+#include <cmath>
 
 #include "data/base/Rounding.h"
 #include "support/FaultOf.h"
@@ -36,6 +37,12 @@ TEST(NumbersTest, ANumberBeyondTheRangeOfADoubleIsAnOverflow) {
   EXPECT_EQ(FaultOf([] { LeadingNumber("1e999"); }), 6);
   EXPECT_EQ(FaultOf([] { LeadingNumber("-" + std::string(400, '9')); }), 6);
   EXPECT_EQ(LeadingNumber("0." + std::string(400, '0') + "1"), 0.0);
+}
+
+TEST(TypedNumberTest, ANumberBeyondADoubleIsInfiniteAndNoFault) {
+  EXPECT_EQ(TypedNumber(" 33 degrees"), 33.0);
+  EXPECT_EQ(TypedNumber("x"), 0.0);
+  EXPECT_TRUE(std::isinf(TypedNumber("1e999")));
 }
 
 TEST(NumbersTest, TheScanSaysWhereTheNumberStands) {

@@ -65,11 +65,11 @@ TEST(ReadingsRecordTest, TheSavedCopyBringsBackAll361ReadingsAndKnowsItsCount) {
 
 TEST(ReadingsRecordTest, ReadingsAreHeldWhenTheCountIsAbove0) {
   ReadingsRecord record;
-  EXPECT_FALSE(record.Held());
+  EXPECT_FALSE(record.HasReadings());
   record.ReadingCount = 1;
-  EXPECT_TRUE(record.Held());
+  EXPECT_TRUE(record.HasReadings());
   record.ReadingCount = -1;
-  EXPECT_FALSE(record.Held());
+  EXPECT_FALSE(record.HasReadings());
 }
 
 }  // namespace

@@ -165,7 +165,7 @@ TEST(EditorGrid, update_takes_360_readings_and_the_index_of_the_last_that_is_not
   record.Readings(100) = 4.F;
   record.Readings(360) = 3.F;
   int failed = 0;
-  UpdateReadings(grid, record, failed);
+  record.TakeUp(grid.Numbers(record.Readings, failed));
   EXPECT_EQ(record.NumReadings, 35);
   EXPECT_EQ(record.ReadingCount, 36.0);
   EXPECT_EQ(record.Readings(35), 36.5F);
@@ -176,7 +176,7 @@ TEST(EditorGrid, deliberate_update_never_looks_at_reading_360) {
   ReadingsRecord record;
   record.Readings(360) = 3.F;
   int failed = 0;
-  UpdateReadings(EditorGrid(), record, failed);
+  record.TakeUp(EditorGrid().Numbers(record.Readings, failed));
   EXPECT_EQ(record.NumReadings, -1);
   EXPECT_EQ(record.ReadingCount, 0.0);
   EXPECT_EQ(record.Readings(360), 3.F);
@@ -198,7 +198,7 @@ TEST_P(EditorGridFailure, update_changes_nothing_and_names_the_row) {
   const EditorGrid grid = Holding({"1", "2", GetParam().Text, "4"});
   int failed = 0;
   try {
-    UpdateReadings(grid, record, failed);
+    record.TakeUp(grid.Numbers(record.Readings, failed));
     FAIL() << "no error";
   } catch (const RunTimeError& error) {
     EXPECT_EQ(error.Number(), GetParam().Number);

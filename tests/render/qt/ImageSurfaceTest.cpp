@@ -184,7 +184,7 @@ TEST(ImageSurface, nothing_is_touched_until_something_is_drawn) {
 TEST(ImageSurface, a_live_reading_touches_its_own_rectangle_only) {
   ImageSurface surface(QSize(758, 560), 1.0, kGrey);
   Plotter plotter(surface, PlotGeometry{});
-  DrawCircularGrid(plotter, GridOptions{});
+  DrawCircularGrid(plotter, {}, {});
   StartTrace(plotter, kBlue, 0);
   DrawTracePoint(plotter, 90, 200);
   EXPECT_EQ(surface.TakeTouched(), QRect(0, 0, 758, 560));
@@ -217,7 +217,7 @@ TEST(ImageSurface, what_is_drawn_differs_from_the_picture_before_in_the_touched_
 TEST(ImageSurface, the_circle_of_a_plot_lies_where_the_mouse_finds_it) {
   ImageSurface surface(QSize(758, 560), 1.0, kGrey);
   Plotter plotter(surface, PlotGeometry{});
-  DrawCircularGrid(plotter, GridOptions{});
+  DrawCircularGrid(plotter, {}, {});
   const QImage& picture = surface.Picture();
   EXPECT_LT(qGray(picture.pixel(250, 516)), 60) << "the rim at 180 degrees";
   EXPECT_EQ(FromQt(picture.pixelColor(250, 60)), kBlack) << "the line to 0 degrees";

@@ -225,7 +225,7 @@ void MainWindow::DrawForRatio(qreal ratio) {
   ratioPending_ = form_.Shared().Run.Running();
   if (ratioPending_) return;
   surface_.Resize(QSize(kPlotWidth, kSurfaceHeight), ratio);
-  form_.Plot().RedrawAll();
+  form_.Display().Redraw();
 }
 
 bool MainWindow::event(QEvent* event) {

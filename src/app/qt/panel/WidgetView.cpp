@@ -11,6 +11,7 @@
 #include "app/qt/panel/ControlWidgets.h"
 #include "app/qt/panel/WindowLayout.h"
 #include "app/qt/parts/FontFace.h"
+#include "data/record/ScaleSetting.h"
 #include "render/qt/QtColour.h"
 
 namespace lobegraph {
@@ -60,7 +61,7 @@ void WidgetView::MakeControls() {
   for (const Control label : {Control::lblCollectTitle, Control::lblCollectedBy, Control::lblCollectedDate})
     As<QLabel>(Widget(label)).setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   As<QLabel>(Widget(Control::lblTrim)).setAlignment(Qt::AlignCenter);
-  As<QSlider>(Widget(Control::Slider1)).setRange(10, 100);
+  As<QSlider>(Widget(Control::Slider1)).setRange(scale_setting::kLeast, scale_setting::kMost);
   As<QSlider>(Widget(Control::Slider2)).setRange(1, kSlowestTurn);
   for (const Control box : {Control::chkPlotInDB, Control::chkShow3dB}) SetChecked(box, true);
   for (const Control box : {Control::txtTrimFront, Control::txtTrimEnd, Control::txtRotate})

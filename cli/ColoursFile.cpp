@@ -1,4 +1,4 @@
-#include "cli/PlotColours.h"
+#include "cli/ColoursFile.h"
 
 #include <charconv>
 #include <string>
@@ -24,8 +24,6 @@ constexpr ColourRow kRows[] = {
     {"PlotLineOverlayColour", &PlotColours::PlotLineOverlayColour, RowOf("PlotLineOverlayColour").Default},
     {"PlotUserColour", &PlotColours::PlotUserColour, RowOf("PlotUserColour").Default},
     {"PlotUserOverlayColour", &PlotColours::PlotUserOverlayColour, RowOf("PlotUserOverlayColour").Default}};
-
-constexpr Colour kFurther[] = {{0, 114, 178}, {213, 94, 0}, {204, 121, 167}, {0, 158, 115}, {86, 180, 233}};
 
 Colour HexColour(std::string_view digits) {
   unsigned value = 0;
@@ -61,17 +59,6 @@ PlotColours ReadColours(std::string_view text) {
   PlotColours colours;
   for (const ColourRow& row : kRows) colours.*row.Member = Read(whole, row);
   return colours;
-}
-
-Colour TraceColourOf(const PlotColours& colours, std::size_t pattern) {
-  if (pattern == 0) return colours.PlotLineColour;
-  if (pattern == 1) return colours.PlotLineOverlayColour;
-  return kFurther[(pattern - 2) % std::size(kFurther)];
-}
-
-Colour MarkColourOf(const PlotColours& colours, std::size_t pattern) {
-  if (pattern == 0) return colours.PlotUserColour;
-  return pattern == 1 ? colours.PlotUserOverlayColour : TraceColourOf(colours, pattern);
 }
 
 }  // namespace lobegraph

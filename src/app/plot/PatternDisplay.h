@@ -1,0 +1,48 @@
+#pragma once
+
+#include <functional>
+
+#include "app/parts/AppParts.h"
+#include "app/plot/PlotBoard.h"
+#include "processing/session/PatternSession.h"
+
+namespace lobegraph {
+
+/// The pattern in the main window: runs its commands with what boxes and settings say at that moment, and
+/// shows what came of them, step by step.
+class PatternDisplay {
+ public:
+  using Command = std::function<Outcome(PatternSession&)>;
+
+  PatternDisplay(const AppParts& parts, PlotBoard& board) : parts_(parts), board_(board) {}
+
+  /// @return the pattern was drawn whole
+  bool Run(const Command& command);
+  /// The whole picture again as it is.
+  void Redraw() { Run(&PatternSession::Redraw); }
+  /// Shows the steps in their order; a message stays until the user closes it.
+  void Show(const Outcome& outcome);
+  /// A message of an outcome may be open: its further steps are still to come.
+  bool Showing() const { return showing_ > 0; }
+
+ private:
+  void TakeInput();
+  void Do(const show::Grid& grid) { board_.DrawGrid(grid); }
+  void Do(const show::Trace& trace) { board_.DrawPattern(trace); }
+  void Do(const show::PlotFields& fields);
+  void Do(const show::Details& details);
+  void Do(const show::Cleared& cleared);
+  void Do(const show::PlacementNumber& number);
+  void Do(const show::HalfTurn& half) { parts_.View.SetChecked(Control::chk180, half.Plot180); }
+  void Do(const show::Polarization& polarization);
+  void Do(const show::Figures& figures);
+  void Do(const show::IntegratedGain& gain);
+  void Do(const show::Message& message) { parts_.Dialogs.ShowText(message.Text); }
+  void Do(const show::Fault& fault) { ReportFault(parts_.Dialogs, fault.Error, fault.Procedure); }
+
+  AppParts parts_;
+  PlotBoard& board_;
+  int showing_ = 0;
+};
+
+}  // namespace lobegraph

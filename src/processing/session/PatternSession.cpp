@@ -1,0 +1,121 @@
+#include "processing/session/PatternSession.h"
+
+#include "processing/Directivity.h"
+
+namespace lobegraph {
+
+void PatternSession::SetStyle(const PlotStyle& style) {
+  style_ = style;
+  state_.Record.ScaleSetting = static_cast<float>(style.ScaleSetting);
+}
+
+std::optional<double> PatternSession::IntegratedGain() const {
+  ReadingsRecord record = state_.Record;
+  try {
+    if (!CheckRange(record, typed_, rules_.AnyLength).Passed) return std::nullopt;
+    return lobegraph::IntegratedGain(record);
+  } catch (const RunTimeError&) {
+    return std::nullopt;
+  }
+}
+
+show::Grid PatternSession::Grid() const {
+  return {style_, state_.Record.CollectedBy, state_.Record.CollectedDate};
+}
+
+bool PatternSession::Guarded(Outcome& outcome, const char* procedure, const Action& action) {
+  try {
+    action();
+    return true;
+  } catch (const RunTimeError& error) {
+    lastFault_ = error;
+    outcome.Add(show::Fault{error, procedure});
+    return false;
+  }
+}
+
+/// The pattern on its grid, or over what is drawn: checks with their messages, trace, -3 dB points, figures.
+void PatternSession::Draw(Outcome& outcome, bool over) {
+  plot_ = {};
+  lastFault_.reset();
+  if (!MayDraw()) return;
+  if (!over) outcome.Add(Grid());
+  Guarded(outcome, "ReDraw", [&] { PlotRecord(outcome, over); });
+  outcome.Plotted = plot_.PlotDone;
+}
+
+void PatternSession::PlotRecord(Outcome& outcome, bool over) {
+  ReadingsRecord& record = state_.Record;
+  plot_ = BeginPlot(record, typed_, style_, rules_);
+  ShowRefusal(outcome, plot_.Message, plot_.Refused);
+  if (!plot_.FieldsSettled) return;
+  ShowPlotFields(outcome);
+  CompletePlot(record, style_, rules_, plot_);
+  outcome.Add(show::Trace{plot_, over, style_.Minus3dBMarks});
+  beamwidthDeg_ = plot_.BeamwidthDeg;
+  ShowFigures(outcome, plot_.Figures);
+}
+
+void PatternSession::DrawAll(Outcome& outcome) {
+  if (!MayDraw()) return;
+  if (state_.Beneath)
+    DrawBeneath(outcome);
+  else if (!Drawable())
+    outcome.Add(Grid());
+  if (Drawable()) Draw(outcome, state_.Beneath.has_value());
+}
+
+void PatternSession::DrawBeneath(Outcome& outcome) {
+  outcome.Add(Grid());
+  ReadingsRecord beneath = *state_.Beneath;
+  try {
+    const PlotResult plot = PreparePlot(beneath, PlacementOf(beneath), style_, rules_);
+    outcome.Add(show::Trace{plot, false, style_.Minus3dBMarks});
+  } catch (const RunTimeError&) {
+    // It was shown with its message when it was drawn first; the pattern over it is what the user works on.
+  }
+}
+
+void PatternSession::ShowPlotFields(Outcome& outcome) {
+  const ReadingsRecord& record = state_.Record;
+  typed_ = PlacementOf(record);
+  outcome.Add(show::PlotFields{record.Rotate, record.TrimFront, record.TrimEnd, record.ReadingsPlotted,
+                               record.FileName, record.Description});
+}
+
+void PatternSession::ShowRecord(Outcome& outcome) {
+  ReadingsRecord& record = state_.Record;
+  ShowPlotFields(outcome);
+  style_.ScaleSetting = NearestScaleSetting(record.ScaleSetting);
+  record.ScaleSetting = static_cast<float>(style_.ScaleSetting);
+  outcome.Add(show::Details{record.Elements, record.Plot180, style_.ScaleSetting, record.CollectedBy,
+                            record.CollectedDate, record.PolarizationHorizontal});
+}
+
+/// The record has been cleared: what it said goes from the window as well.
+void PatternSession::ShowCleared(Outcome& outcome) {
+  typed_ = {};
+  outcome.Add(show::Cleared{state_.DescriptionLoaded});
+  state_.DescriptionLoaded = false;
+  beamwidthDeg_ = 0.F;
+  ShowFigures(outcome, {});
+}
+
+void PatternSession::ShowNumber(Outcome& outcome, PlacementPart part, double value) {
+  double Placement::*const parts[] = {&Placement::Rotate, &Placement::TrimFront, &Placement::TrimEnd};
+  typed_.*parts[static_cast<std::size_t>(part)] = value;
+  outcome.Add(show::PlacementNumber{part, value});
+}
+
+void PatternSession::ShowRefusal(Outcome& outcome, const std::optional<std::string>& message,
+                                 const std::optional<PlacementPart>& part) {
+  if (message) outcome.Add(show::Message{*message});
+  if (part) ShowNumber(outcome, *part, 0);
+}
+
+void PatternSession::ShowFigures(Outcome& outcome, const BeamFigures& figures) {
+  figures_ = figures;
+  outcome.Add(show::Figures{figures, state_.Record.Elements, state_.Record.PolarizationHorizontal});
+}
+
+}  // namespace lobegraph

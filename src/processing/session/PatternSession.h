@@ -1,0 +1,145 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "data/formats/LoadOutcome.h"
+#include "processing/PreparePlot.h"
+#include "processing/session/Outcome.h"
+#include "processing/session/PatternState.h"
+
+namespace lobegraph {
+
+/// What is on that uses the plot for itself.
+enum class RunKind { None, Sweep, Collection };
+
+/// Reads a file into the record that the load has prepared. @return Error for a damaged one: the record holds
+/// the fields before the damage @throws RunTimeError for one that cannot be read at all
+using PatternReader = std::function<LoadOutcome(const LoadRules&, ReadingsRecord&)>;
+
+/// Owns one pattern, with what lies beneath it and how it is shown. Each command is one call, and the outcome
+/// says what is to be shown of it, in order. Faults are steps of the outcome; no command throws RunTimeError.
+class PatternSession {
+ public:
+  PatternSession() { SetStyle({}); }
+
+  const ReadingsRecord& Record() const { return state_.Record; }
+  const std::optional<ReadingsRecord>& Beneath() const { return state_.Beneath; }
+  const PlotStyle& Style() const { return style_; }
+  /// What is typed, or was last shown, of rotation and trims.
+  const Placement& Typed() const { return typed_; }
+  /// The last redraw.
+  const PlotResult& Plot() const { return plot_; }
+  /// Between the -3 dB points of the plot shown; 0: none.
+  float BeamwidthDeg() const { return beamwidthDeg_; }
+  /// What is shown of the beam; a refused plot leaves the former figures.
+  const BeamFigures& Figures() const { return figures_; }
+  /// The fault that a command met, until the pattern is drawn again.
+  const std::optional<RunTimeError>& LastFault() const { return lastFault_; }
+  /// Readings are there, and none is missing.
+  bool Drawable() const { return state_.Record.HasReadings() && !state_.HalfLoaded; }
+  bool DescriptionLoaded() const { return state_.DescriptionLoaded; }
+  /// The empty plot that goes with the pattern.
+  show::Grid Grid() const;
+  /// The gain by integration of what is plotted, dBi; none where it is refused, fails or is not defined.
+  std::optional<double> IntegratedGain() const;
+
+  // What surrounds the pattern. Nothing is drawn by these.
+  void SetStyle(const PlotStyle& style);
+  void SetRules(const PatternRules& rules) { rules_ = rules; }
+  /// Rotation and trims as typed. They count from the next command on that draws.
+  void Type(const Placement& placement) { typed_ = placement; }
+  /// @param text without double quotes and line ends
+  void Describe(const std::string& text) { state_.Record.Description = text; }
+
+  // Files.
+  /// In place of the pattern, or over it in the scale that is set.
+  Outcome Load(const std::string& path, const PatternReader& read);
+  Outcome Overlay(const std::string& path, const PatternReader& read);
+  /// The record as a file holds it: at most 360 readings, which the pattern then has as well.
+  const ReadingsRecord& CapForFile();
+  void SavedAs(const std::string& path);
+
+  // Drawing.
+  /// The whole picture again as it is: an empty grid, or the pattern beneath and the one over it.
+  Outcome Redraw();
+  /// Draws the pattern as it is now typed to lie.
+  Outcome Place();
+  Outcome ToggleForm();
+  Outcome ToggleLogarithmic();
+  Outcome PlotInDb(bool inDb);
+  Outcome CoverHalfTurn(bool plot180);
+  Outcome ShowMarks(bool marks);
+  Outcome SetScale(int scaleSetting);
+
+  // Figures.
+  Outcome TogglePolarization();
+  Outcome ChooseElements(const std::string& elements);
+  Outcome Integrate();
+
+  // Readings.
+  Outcome Smooth();
+  Outcome Reverse();
+  Outcome DeSpike();
+  /// Turns the beam between the -3 dB points to the top.
+  Outcome Orient();
+  /// The readings as they came, without marks and figures.
+  Outcome Original();
+  /// Readings 0 to 359 from outside; the last one that is not 0 ends the set.
+  Outcome Update(const ReadingArray& readings);
+
+  // Runs. While one is on, commands change what they say, but draw nothing into its live trace.
+  /// The overlay ends; the pattern to come is collected by this operator at this time.
+  void BeginCollection(const std::string& collectedBy, const std::string& collectedDate);
+  /// The overlay ends; nothing is stored.
+  void BeginSweep();
+  /// Trims, rotation, count, name and figures of the former pattern go.
+  Outcome ClearForRun();
+  void EndRun() { run_ = RunKind::None; }
+  /// A collection took nothing: the pattern is again what it was when it began.
+  Outcome AbandonRun();
+  /// The record is turned as a live trace has it. @return degrees added to every angle of the trace
+  float TurnForRun();
+  /// What a collection fills.
+  ReadingsRecord& RunRecord() { return state_.Record; }
+  /// The first reading of a collection is there: what a damaged file left is gone.
+  void ReadingStored() { state_.HalfLoaded = false; }
+
+ private:
+  using Action = std::function<void()>;
+  bool Guarded(Outcome& outcome, const char* procedure, const Action& action);
+  void LoadInto(Outcome& outcome, const std::string& path, const PatternReader& read, bool over);
+  void TakeUp(Outcome& outcome, const LoadOutcome& loaded, bool over);
+  void EndOverlay() { state_.Beneath.reset(); }
+  void BeginRun(RunKind kind);
+  bool MayDraw() const { return run_ != RunKind::Collection; }
+  void Draw(Outcome& outcome, bool over = false);
+  void DrawAll(Outcome& outcome);
+  void DrawBeneath(Outcome& outcome);
+  void PlotRecord(Outcome& outcome, bool over);
+  void TurnToTop(Outcome& outcome);
+  void PlotOriginals(Outcome& outcome);
+
+  void ShowPlotFields(Outcome& outcome);
+  void ShowRecord(Outcome& outcome);
+  void ShowCleared(Outcome& outcome);
+  void ShowNumber(Outcome& outcome, PlacementPart part, double value);
+  void ShowFiguresAnew(Outcome& outcome);
+  void ShowRefusal(Outcome& outcome, const std::optional<std::string>& message,
+                   const std::optional<PlacementPart>& part);
+  void ShowFigures(Outcome& outcome, const BeamFigures& figures);
+
+  PatternState state_;
+  PlotStyle style_;
+  PatternRules rules_;
+  Placement typed_;
+  PlotResult plot_;
+  float beamwidthDeg_ = 0.F;
+  BeamFigures figures_;
+  std::optional<RunTimeError> lastFault_;
+  RunKind run_ = RunKind::None;
+  PatternState beforeRun_;  ///< the pattern that an abandoned run brings back
+};
+
+}  // namespace lobegraph

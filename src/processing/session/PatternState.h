@@ -1,0 +1,20 @@
+#pragma once
+
+#include <optional>
+
+#include "data/record/ReadingsRecord.h"
+
+namespace lobegraph {
+
+/// A pattern as one command finds it and leaves it to the next.
+struct PatternState {
+  ReadingsRecord Record;
+  /// The pattern beneath an overlay, drawn first so that the pair survives everything that draws again.
+  std::optional<ReadingsRecord> Beneath;
+  /// A damaged file left a part of its readings: shown in numbers and texts, never drawn by itself.
+  bool HalfLoaded = false;
+  /// The description came from a file, so a new pattern clears it.
+  bool DescriptionLoaded = false;
+};
+
+}  // namespace lobegraph

@@ -1,0 +1,43 @@
+// A run borrows the plot, and a collection the record.
+#include "processing/Transforms.h"
+#include "processing/session/PatternSession.h"
+
+namespace lobegraph {
+
+void PatternSession::BeginRun(RunKind kind) {
+  EndOverlay();
+  beforeRun_ = state_;
+  run_ = kind;
+}
+
+void PatternSession::BeginCollection(const std::string& collectedBy, const std::string& collectedDate) {
+  BeginRun(RunKind::Collection);
+  state_.Record.CollectedBy = collectedBy;
+  state_.Record.CollectedDate = collectedDate;
+}
+
+void PatternSession::BeginSweep() { BeginRun(RunKind::Sweep); }
+
+float PatternSession::TurnForRun() {
+  ReadingsRecord& record = state_.Record;
+  record.Rotate = RotationFor(record, style_.Rectangular);
+  return RotationOffsetOf(style_.Rectangular, record.Plot180, record.Rotate);
+}
+
+Outcome PatternSession::ClearForRun() {
+  Outcome outcome;
+  ClearPlotFields(state_.Record, state_.DescriptionLoaded);
+  ShowCleared(outcome);
+  return outcome;
+}
+
+Outcome PatternSession::AbandonRun() {
+  run_ = RunKind::None;
+  state_ = beforeRun_;
+  Outcome outcome;
+  ShowRecord(outcome);
+  DrawAll(outcome);
+  return outcome;
+}
+
+}  // namespace lobegraph
