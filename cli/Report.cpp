@@ -5,11 +5,10 @@
 #include <nlohmann/json.hpp>
 #include <optional>
 
-#include "cli/SvgSurface.h"
 #include "data/base/FileAccess.h"
 #include "processing/Beamwidth.h"
 #include "processing/Figures.h"
-#include "render/Plotter.h"
+#include "render/PlotMapping.h"
 
 namespace lobegraph {
 namespace {
@@ -102,15 +101,14 @@ void AddReadings(Json& report, const ReadingsRecord& record) {
 }
 
 void AddTrace(Json& report, const PatternSession& session) {
-  SvgSurface surface(1, 1, {});  // asked where points lie, never drawn on
-  Plotter plotter(surface, {.X = 0.F, .Y = 0.F});
-  plotter.Pen().RotationOffset = session.Plot().RotationOffset;
+  PlotMapping mapping({.X = 0.F, .Y = 0.F});
+  mapping.RotationOffset = session.Plot().RotationOffset;
   Json trace = Json::array();
   Json points = Json::array();
   for (const TracePoint& point : session.Plot().Trace) {
     trace.push_back({Number(point.AngleDeg), Number(point.Radius)});
     float angleDeg = point.AngleDeg;
-    const SurfacePoint drawn = plotter.PointAt(angleDeg, point.Radius).value_or(SurfacePoint{});
+    const SurfacePoint drawn = mapping.PointAt(angleDeg, point.Radius).value_or(SurfacePoint{});
     points.push_back({Number(drawn.X), Number(drawn.Y)});
   }
   report["Trace"] = std::move(trace);

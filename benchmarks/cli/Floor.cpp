@@ -5,7 +5,8 @@
 
 #include "cli/ColoursFile.h"
 #include "cli/OpenPattern.h"
-#include "cli/qt/QtPictureFiles.h"
+#include "cli/qt/Toolkit.h"
+#include "render/qt/picture/QtPictureFiles.h"
 
 namespace {
 
@@ -27,7 +28,8 @@ double ReadAll(const std::vector<std::string>& paths) {
 /// The smallest that any picture can cost: its finished pixels compressed.
 double EncodeAll(const std::vector<std::string>& paths) {
   DiskFiles files;
-  QtPictureFiles pictures;
+  Toolkit toolkit;
+  QtPictureFiles pictures([&toolkit] { toolkit.Start(); });
   PngEncoder encoder;
   double seconds = 0.0;
   for (const std::string& path : paths) {

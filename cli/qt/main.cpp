@@ -8,7 +8,8 @@
 #include "cli/PortsCommand.h"
 #include "cli/RenderCommand.h"
 #include "cli/ReportCommand.h"
-#include "cli/qt/QtPictureFiles.h"
+#include "cli/qt/Toolkit.h"
+#include "render/qt/picture/QtPictureFiles.h"
 #include "settings/FileSettingsStore.h"
 
 namespace {
@@ -23,7 +24,8 @@ int Run(int argc, char** argv) {
   const CommandParts parts{files, std::cout, std::cerr, isatty(STDERR_FILENO) == 1};
   if (commandLine.Report) return RunReport(*commandLine.Report, parts);
   if (commandLine.Render) {
-    QtPictureFiles pictures;
+    Toolkit toolkit;
+    QtPictureFiles pictures([&toolkit] { toolkit.Start(); });
     return RunRender(*commandLine.Render, parts, pictures);
   }
   if (commandLine.Convert) return RunConvert(*commandLine.Convert, parts, "V" LOBEGRAPH_VERSION);

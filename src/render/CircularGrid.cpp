@@ -131,10 +131,11 @@ void DrawCircularGrid(Plotter& plotter, const PlotStyle& style, const PlotColour
   const Colour colour = colours.PlotGridColour;
   if (over == GridOver::Cleared) surface.Clear();
   PlotPen& pen = plotter.Pen();
-  pen.Rectangular = false;
+  PlotMapping& mapping = plotter.Mapping();
+  mapping.Rectangular = false;
   pen.TraceColour = colour;
-  const float savedRotation = pen.RotationOffset;
-  pen.RotationOffset = 0.0F;
+  const float savedRotation = mapping.RotationOffset;
+  mapping.RotationOffset = 0.0F;
   LabelFont font(surface);
   const CircularGrid grid = MakeCircularGrid(plotter.Geometry(), style);
   DrawRadials(plotter, colour);
@@ -143,7 +144,7 @@ void DrawCircularGrid(Plotter& plotter, const PlotStyle& style, const PlotColour
   DrawGridLabels(surface, grid.Labels, colour);
   font.Restore();
   pen.TraceColour = colours.PlotUserColour;
-  pen.RotationOffset = savedRotation;
+  mapping.RotationOffset = savedRotation;
   surface.SetPenWidth(2);
 }
 

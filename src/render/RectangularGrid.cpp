@@ -129,7 +129,7 @@ void DrawRectangularGrid(Plotter& plotter, const PlotStyle& style, const PlotCol
   DrawingSurface& surface = plotter.Surface();
   const Colour colour = colours.PlotGridColour;
   if (over == GridOver::Cleared) surface.Clear();
-  plotter.Pen().Rectangular = true;
+  plotter.Mapping().Rectangular = true;
   plotter.Pen().PenDown = false;
   plotter.Pen().TraceColour = colour;
   const RectangularGrid grid = MakeRectangularGrid(plotter.Geometry(), style);

@@ -6,12 +6,12 @@ namespace lobegraph {
 namespace {
 
 SurfacePoint FootOf(const Plotter& plotter, SurfacePoint point) {
-  if (!plotter.Pen().Rectangular) return plotter.Geometry().Centre();
+  if (!plotter.Mapping().Rectangular) return plotter.Geometry().Centre();
   return {point.X, static_cast<float>(MakePlotArea(plotter.Geometry()).Bottom)};
 }
 
 void DrawMinus3dBMark(Plotter& plotter, TracePoint mark, Colour colour) {
-  const std::optional<SurfacePoint> point = plotter.PointAt(mark.AngleDeg, mark.Radius);
+  const std::optional<SurfacePoint> point = plotter.Mapping().PointAt(mark.AngleDeg, mark.Radius);
   if (point) plotter.Surface().Line(FootOf(plotter, *point), *point, colour);
 }
 
@@ -27,7 +27,7 @@ void DrawTrace(Plotter& plotter, const PlotResult& result, const TraceInk& ink, 
 void StartTrace(Plotter& plotter, Colour traceColour, float rotationOffset) {
   PlotPen& pen = plotter.Pen();
   pen.TraceColour = traceColour;
-  pen.RotationOffset = rotationOffset;
+  plotter.Mapping().RotationOffset = rotationOffset;
   pen.PenDown = false;
   plotter.Surface().SetPenWidth(2);
 }

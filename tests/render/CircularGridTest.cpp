@@ -145,21 +145,21 @@ TEST(CircularGrid, an_overlay_does_not_clear_and_draws_the_grid_again) {
 TEST(CircularGrid, is_never_rotated_and_keeps_the_rotation_offset) {
   RecordingSurface surface;
   Plotter plotter(surface, PlotGeometry{});
-  plotter.Pen().RotationOffset = 33.5F;
+  plotter.Mapping().RotationOffset = 33.5F;
   DrawCircularGrid(plotter, kGrid, kColours);
-  EXPECT_EQ(plotter.Pen().RotationOffset, 33.5F);
+  EXPECT_EQ(plotter.Mapping().RotationOffset, 33.5F);
   EXPECT_EQ(surface.Operations, DrawnCircle().Operations);
 }
 
 TEST(CircularGrid, leaves_the_pen_ready_for_a_trace) {
   RecordingSurface surface;
   Plotter plotter(surface, PlotGeometry{});
-  plotter.Pen().Rectangular = true;
+  plotter.Mapping().Rectangular = true;
   plotter.Pen().PenDown = true;
   DrawCircularGrid(plotter, kGrid, kColours);
   EXPECT_EQ(plotter.Pen().TraceColour, (Colour{0, 0, 128}));
   EXPECT_EQ(surface.PenWidth(), 2);
-  EXPECT_FALSE(plotter.Pen().Rectangular);
+  EXPECT_FALSE(plotter.Mapping().Rectangular);
   EXPECT_FALSE(plotter.Pen().PenDown);
 }
 

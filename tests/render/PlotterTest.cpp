@@ -75,7 +75,7 @@ TEST(PlotPoint, is_computed_in_singles) {
 
 TEST(PlotPoint, the_rotation_offset_is_added_before_the_rounding) {
   Plot plot;
-  plot.plotter.Pen().RotationOffset = 270.25F;
+  plot.plotter.Mapping().RotationOffset = 270.25F;
   EXPECT_EQ(plot.Drawn(0.25F), 270);
   EXPECT_EQ(plot.Drawn(90.0F), 0);
 }
@@ -84,7 +84,7 @@ TEST(PlotPoint, a_negative_angle_leaves_the_point_where_it_was) {
   Plot plot;
   const SurfacePoint before = plot.At(10, 100);
   plot.Surface.Operations.clear();
-  plot.plotter.Pen().RotationOffset = -45;
+  plot.plotter.Mapping().RotationOffset = -45;
   float angleDeg = 5;
   EXPECT_EQ(plot.plotter.PlotPoint(angleDeg, 50), before);
   EXPECT_EQ(angleDeg, -40);
@@ -94,7 +94,7 @@ TEST(PlotPoint, a_negative_angle_leaves_the_point_where_it_was) {
 
 TEST(PlotPoint, a_whole_turn_backwards_is_0_degrees) {
   Plot plot;
-  plot.plotter.Pen().RotationOffset = -360;
+  plot.plotter.Mapping().RotationOffset = -360;
   EXPECT_EQ(plot.At(0, 100), (SurfacePoint{250.5F, 183}));
 }
 
@@ -118,7 +118,7 @@ TEST(PlotPoint, an_angle_beyond_whole_numbers_is_an_overflow) {
 }
 
 struct RectangularPlot : Plot {
-  RectangularPlot() { plotter.Pen().Rectangular = true; }
+  RectangularPlot() { plotter.Mapping().Rectangular = true; }
   /// What is drawn from one place to the next.
   std::string Between(float angleDeg, float radius, float nextAngleDeg, float nextRadius) {
     At(angleDeg, radius);
@@ -179,11 +179,11 @@ TEST(RotationOffset, a_180_degree_set_lies_across_the_upper_half_and_in_the_midd
 TEST(PointAt, tells_the_point_and_draws_nothing) {
   Plot plot;
   float angleDeg = 450;
-  EXPECT_EQ(plot.plotter.PointAt(angleDeg, 100), plot.At(90, 100));
+  EXPECT_EQ(plot.plotter.Mapping().PointAt(angleDeg, 100), plot.At(90, 100));
   EXPECT_EQ(angleDeg, 90);
   EXPECT_EQ(plot.Surface.Operations.size(), 1U);
   angleDeg = -10;
-  EXPECT_FALSE(plot.plotter.PointAt(angleDeg, 100));
+  EXPECT_FALSE(plot.plotter.Mapping().PointAt(angleDeg, 100));
 }
 
 }  // namespace

@@ -133,12 +133,12 @@ TEST(RectangularGrid, leaves_the_plotter_in_linear_mode_with_the_pen_up) {
   RecordingSurface surface;
   Plotter plotter(surface, PlotGeometry{});
   plotter.Pen().PenDown = true;
-  plotter.Pen().RotationOffset = 12;
+  plotter.Mapping().RotationOffset = 12;
   DrawRectangularGrid(plotter, kGrid, kColours);
-  EXPECT_TRUE(plotter.Pen().Rectangular);
+  EXPECT_TRUE(plotter.Mapping().Rectangular);
   EXPECT_FALSE(plotter.Pen().PenDown);
   EXPECT_EQ(plotter.Pen().TraceColour, (Colour{1, 2, 3}));
-  EXPECT_EQ(plotter.Pen().RotationOffset, 12.0F);
+  EXPECT_EQ(plotter.Mapping().RotationOffset, 12.0F);
   EXPECT_EQ(surface.PenWidth(), 2);
 }
 

@@ -24,7 +24,7 @@ constexpr TraceInk kInk{.Line = {128, 0, 0}, .Marks = {0, 0, 128}};
 std::vector<std::string> Drawn(const PlotResult& result, bool rectangular = false, bool marks = true) {
   RecordingSurface surface;
   Plotter plotter(surface, PlotGeometry{});
-  plotter.Pen().Rectangular = rectangular;
+  plotter.Mapping().Rectangular = rectangular;
   plotter.Pen().PenDown = true;
   DrawTrace(plotter, result, kInk, marks);
   return surface.Operations;

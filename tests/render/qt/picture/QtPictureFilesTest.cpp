@@ -1,10 +1,9 @@
-#include "cli/qt/QtPictureFiles.h"
+#include "render/qt/picture/QtPictureFiles.h"
 
 #include <gmock/gmock.h>
 
-#include "cli/ColoursFile.h"
-#include "cli/MemoryFiles.h"
 #include "processing/PreparePlot.h"
+#include "support/TestRecord.h"
 
 namespace lobegraph {
 namespace {
@@ -13,8 +12,16 @@ PicturePattern PatternOf(ReadingsRecord record, const PlotStyle& style = {}) {
   return {PreparePlot(record, PlacementOf(record), style, {}), record.Description};
 }
 
+constexpr PlotColours kColours{.PlotBackground = {224, 224, 224},
+                               .PlotLineColour = {128, 0, 0},
+                               .PlotLineOverlayColour = {0, 128, 0},
+                               .PlotUserColour = {0, 0, 128},
+                               .PlotUserOverlayColour = {255, 255, 0}};
+
 Picture BeamPicture(const PlotStyle& style = {}) {
-  return {style, {PatternOf(StoredBeam(), style)}, DefaultColours(), ""};
+  ReadingsRecord beam = BeamRecord(360, 40);
+  beam.Description = "test beam";
+  return {style, {PatternOf(beam, style)}, kColours, ""};
 }
 
 QImage Decoded(const std::string& png) {

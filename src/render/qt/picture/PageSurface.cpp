@@ -1,4 +1,4 @@
-#include "cli/qt/PageSurface.h"
+#include "render/qt/picture/PageSurface.h"
 
 #include <QFontMetricsF>
 

@@ -1,4 +1,4 @@
-#include "cli/qt/QtPictureFiles.h"
+#include "render/qt/picture/QtPictureFiles.h"
 
 #include <QBuffer>
 #include <QMarginsF>
@@ -6,10 +6,9 @@
 #include <QPainter>
 #include <QPdfWriter>
 #include <algorithm>
-#include <iostream>
 
-#include "cli/qt/PageSurface.h"
 #include "render/qt/QtColour.h"
+#include "render/qt/picture/PageSurface.h"
 
 namespace lobegraph {
 namespace {
@@ -18,11 +17,6 @@ constexpr int kDotsPerMetre = 3780;
 constexpr double kPointsPerUnit = 72.0 / 96.0;
 
 QSize UnitsOf(const Picture& picture) { return {kPictureWidth, PictureHeightOf(picture.Patterns.size())}; }
-
-/// The toolkit's remarks about a desktop that is not there are no business of whoever reads standard error.
-void OnlyFatal(QtMsgType type, const QMessageLogContext&, const QString& text) {
-  if (type == QtFatalMsg) std::cerr << "lobegraph-cli: " << text.toStdString() << '\n';
-}
 
 /// The drawing in the middle of a picture of other proportions.
 QImage Centred(const QImage& drawing, QSize size, Colour background) {
@@ -36,16 +30,6 @@ QImage Centred(const QImage& drawing, QSize size, Colour background) {
 }
 
 }  // namespace
-
-void QtPictureFiles::StartToolkit() {
-  if (QGuiApplication::instance() != nullptr) return;
-  static int argc = 1;
-  static char name[] = "lobegraph-cli";
-  static char* argv[] = {name, nullptr};
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  qInstallMessageHandler(OnlyFatal);
-  application_ = std::make_unique<QGuiApplication>(argc, argv);
-}
 
 void QtPictureFiles::LayGrid(const Picture& picture, QSize units, double ratio) {
   const Colour lines = picture.Colours.PlotGridColour;
@@ -61,7 +45,7 @@ void QtPictureFiles::LayGrid(const Picture& picture, QSize units, double ratio) 
 }
 
 QImage QtPictureFiles::Draw(const Picture& picture, int width, int height) {
-  StartToolkit();
+  startToolkit_();
   const QSize units = UnitsOf(picture);
   const QSize size = width > 0 ? QSize(width, height) : units;
   const double ratio = std::min(1.0 * size.width() / units.width(), 1.0 * size.height() / units.height());
@@ -82,7 +66,7 @@ std::string QtPictureFiles::Png(const Picture& picture, int width, int height) {
 }
 
 std::string QtPictureFiles::Pdf(const Picture& picture) {
-  StartToolkit();
+  startToolkit_();
   const QSize units = UnitsOf(picture);
   QBuffer file;
   file.open(QIODevice::WriteOnly);

@@ -1,4 +1,4 @@
-#include "cli/TextWidth.h"
+#include "render/picture/TextWidth.h"
 
 #include <algorithm>
 

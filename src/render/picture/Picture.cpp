@@ -1,9 +1,9 @@
-#include "cli/Picture.h"
+#include "render/picture/Picture.h"
 
-#include "cli/SvgSurface.h"
-#include "cli/TextWidth.h"
 #include "render/CircularGrid.h"
 #include "render/Trace.h"
+#include "render/picture/SvgSurface.h"
+#include "render/picture/TextWidth.h"
 
 namespace lobegraph {
 namespace {
@@ -70,7 +70,7 @@ void DrawGrid(DrawingSurface& surface, const Picture& picture) {
 
 void DrawPatterns(DrawingSurface& surface, const Picture& picture, const GroupMark& group) {
   Plotter plotter(surface, PlotGeometry{});
-  plotter.Pen().Rectangular = picture.Style.Rectangular;
+  plotter.Mapping().Rectangular = picture.Style.Rectangular;
   for (std::size_t index = 0; index < picture.Patterns.size(); ++index)
     DrawPattern(plotter, picture, index, group);
   if (picture.Patterns.size() > 1) {

@@ -1,6 +1,6 @@
-#include <utf8.h>
+#include "render/picture/XmlText.h"
 
-#include "cli/SvgSurface.h"
+#include <utf8.h>
 
 namespace lobegraph {
 namespace {

@@ -1,4 +1,4 @@
-#include "cli/PngFile.h"
+#include "render/picture/PngFile.h"
 
 #include <libdeflate.h>
 

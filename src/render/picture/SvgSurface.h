@@ -42,8 +42,4 @@ class SvgSurface : public StatefulSurface {
   std::string elements_;
 };
 
-/// A text as it stands between tags or in an attribute; characters that a document may not hold (controls,
-/// broken UTF-8) become the replacement character.
-std::string XmlText(std::string_view text);
-
 }  // namespace lobegraph

@@ -1,8 +1,9 @@
-#include "cli/SvgSurface.h"
+#include "render/picture/SvgSurface.h"
 
 #include <gmock/gmock.h>
 
-#include "cli/TextWidth.h"
+#include "render/picture/TextWidth.h"
+#include "render/picture/XmlText.h"
 
 namespace lobegraph {
 namespace {

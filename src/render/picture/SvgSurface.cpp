@@ -1,9 +1,10 @@
-#include "cli/SvgSurface.h"
+#include "render/picture/SvgSurface.h"
 
 #include <charconv>
 #include <cmath>
 
-#include "cli/TextWidth.h"
+#include "render/picture/TextWidth.h"
+#include "render/picture/XmlText.h"
 
 namespace lobegraph {
 namespace {

@@ -1,12 +1,13 @@
 #pragma once
 
-#include <QGuiApplication>
 #include <QImage>
+#include <functional>
 #include <memory>
 #include <optional>
+#include <utility>
 
-#include "cli/PngFile.h"
-#include "cli/RenderCommand.h"
+#include "render/picture/PictureFiles.h"
+#include "render/picture/PngFile.h"
 #include "render/qt/ImageSurface.h"
 
 namespace lobegraph {
@@ -14,6 +15,10 @@ namespace lobegraph {
 /// Draws with the toolkit, without a screen. Grids are kept, because a thousand pictures mostly share one.
 class QtPictureFiles : public PictureFiles {
  public:
+  /// @param startToolkit called before anything is drawn: fonts need an application
+  explicit QtPictureFiles(std::function<void()> startToolkit = [] {})
+      : startToolkit_(std::move(startToolkit)) {}
+
   std::string Png(const Picture& picture, int width, int height) override;
   std::string Pdf(const Picture& picture) override;
 
@@ -30,10 +35,9 @@ class QtPictureFiles : public PictureFiles {
     double Ratio = 1.0;
     QImage Pixels;
   };
-  void StartToolkit();
   void LayGrid(const Picture& picture, QSize units, double ratio);
 
-  std::unique_ptr<QGuiApplication> application_;
+  std::function<void()> startToolkit_;
   std::unique_ptr<ImageSurface> surface_;
   std::optional<KeptGrid> kept_;
   PngEncoder encoder_;
