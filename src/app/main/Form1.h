@@ -65,6 +65,7 @@ class Form1 {
 
   PatternDisplay& Display() { return display_; }
   FileCommands& File() { return file_; }
+  TransformCommands& Transform() { return transform_; }
   EditorCommands& Editor() { return editor_; }
   AnalysisCommands& Analysis() { return analysis_; }
   RunCommands& Run() { return run_; }

@@ -20,14 +20,14 @@ Control BoxOf(PlacementPart part) {
 
 }  // namespace
 
-bool PatternDisplay::Run(const Command& command) {
+Outcome PatternDisplay::Run(const Command& command) {
   TakeInput();
-  const Outcome outcome = command(parts_.Pattern);
+  Outcome outcome = command(parts_.Pattern);
   const PlotStyle& style = parts_.Pattern.Style();
   parts_.Shared.Settings.LinearMode = style.Rectangular;
   parts_.Shared.Settings.ShowLogScale = style.Logarithmic();
   Show(outcome);
-  return outcome.Plotted;
+  return outcome;
 }
 
 void PatternDisplay::TakeInput() {

@@ -16,8 +16,8 @@ class PatternDisplay {
 
   PatternDisplay(const AppParts& parts, PlotBoard& board) : parts_(parts), board_(board) {}
 
-  /// @return the pattern was drawn whole
-  bool Run(const Command& command);
+  /// @return what was shown
+  Outcome Run(const Command& command);
   /// The whole picture again as it is.
   void Redraw() { Run(&PatternSession::Redraw); }
   /// Shows the steps in their order; a message stays until the user closes it.

@@ -12,8 +12,16 @@ void TransformCommands::cmdRescaleData_Click() { RunToTop(&PatternSession::Orien
 
 void TransformCommands::cmdOriginalData_Click() { display_.Run(&PatternSession::Original); }
 
+void TransformCommands::Undo() { Step(&PatternSession::Undo, "Taken back. Ctrl+Shift+Z does it again."); }
+
+void TransformCommands::Redo() { Step(&PatternSession::Redo, "Done again. Ctrl+Z takes it back."); }
+
+void TransformCommands::Step(const PatternDisplay::Command& command, const char* hint) {
+  if (!display_.Run(command).Steps.empty()) parts_.View.SetText(Control::lblHint, hint);
+}
+
 void TransformCommands::RunToTop(const PatternDisplay::Command& command) {
-  if (display_.Run(command)) parts_.View.SetText(Control::lblHint, "Save File keeps the pattern.");
+  if (display_.Run(command).Plotted) parts_.View.SetText(Control::lblHint, "Save File keeps the pattern.");
 }
 
 }  // namespace lobegraph

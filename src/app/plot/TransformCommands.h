@@ -16,9 +16,15 @@ class TransformCommands {
   void cmdRescaleData_Click();
   void cmdOriginalData_Click();
 
+  /// Ctrl+Z: the last change of the pattern is taken back, whatever made it. During a run nothing happens.
+  void Undo();
+  /// Ctrl+Shift+Z, Ctrl+Y: it is taken again.
+  void Redo();
+
  private:
   /// A pattern that ends with its beam at the top is worth keeping.
   void RunToTop(const PatternDisplay::Command& command);
+  void Step(const PatternDisplay::Command& command, const char* hint);
 
   AppParts parts_;
   PatternDisplay& display_;

@@ -61,6 +61,7 @@ struct ReadingsRecord {
   std::string FilePath;
   std::string FileName;  ///< what follows the last separator of FilePath
 
+  bool operator==(const ReadingsRecord&) const = default;
   bool HasReadings() const { return ReadingCount > 0.0; }
   /// Index of the last reading that the end trim leaves.
   int LastPlotted() const { return NumReadings - TrimEnd; }

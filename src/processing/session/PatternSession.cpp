@@ -1,5 +1,7 @@
 #include "processing/session/PatternSession.h"
 
+#include <utility>
+
 #include "processing/Directivity.h"
 
 namespace lobegraph {
@@ -21,6 +23,38 @@ std::optional<double> PatternSession::IntegratedGain() const {
 
 show::Grid PatternSession::Grid() const {
   return {style_, state_.Record.CollectedBy, state_.Record.CollectedDate};
+}
+
+Outcome PatternSession::Do(const std::function<void(Outcome&)>& command, Repeated repeated) {
+  const PatternState before = state_;
+  Outcome outcome;
+  command(outcome);
+  if (run_ == RunKind::None && !SamePattern(before, state_)) history_.Note(before, repeated);
+  return outcome;
+}
+
+void PatternSession::Describe(const std::string& text) {
+  Do([&](Outcome&) { state_.Record.Description = text; }, Repeated::Description);
+}
+
+Outcome PatternSession::Undo() {
+  if (run_ != RunKind::None || !history_.CanUndo()) return {};
+  return GoTo(history_.Undo(state_));
+}
+
+Outcome PatternSession::Redo() {
+  if (run_ != RunKind::None || !history_.CanRedo()) return {};
+  return GoTo(history_.Redo(state_));
+}
+
+Outcome PatternSession::GoTo(PatternState state) {
+  state_ = std::move(state);
+  Outcome outcome;
+  ShowRecord(outcome);
+  beamwidthDeg_ = 0.F;
+  ShowFigures(outcome, {});
+  DrawAll(outcome);
+  return outcome;
 }
 
 bool PatternSession::Guarded(Outcome& outcome, const char* procedure, const Action& action) {

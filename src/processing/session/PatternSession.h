@@ -7,7 +7,7 @@
 #include "data/formats/LoadOutcome.h"
 #include "processing/PreparePlot.h"
 #include "processing/session/Outcome.h"
-#include "processing/session/PatternState.h"
+#include "processing/session/PatternHistory.h"
 
 namespace lobegraph {
 
@@ -51,7 +51,7 @@ class PatternSession {
   /// Rotation and trims as typed. They count from the next command on that draws.
   void Type(const Placement& placement) { typed_ = placement; }
   /// @param text without double quotes and line ends
-  void Describe(const std::string& text) { state_.Record.Description = text; }
+  void Describe(const std::string& text);
 
   // Files.
   /// In place of the pattern, or over it in the scale that is set.
@@ -89,6 +89,11 @@ class PatternSession {
   /// Readings 0 to 359 from outside; the last one that is not 0 ends the set.
   Outcome Update(const ReadingArray& readings);
 
+  // Every change of the pattern can be taken back, and taken again until something else changes it. During a
+  // run nothing is.
+  Outcome Undo();
+  Outcome Redo();
+
   // Runs. While one is on, commands change what they say, but draw nothing into its live trace.
   /// The overlay ends; the pattern to come is collected by this operator at this time.
   void BeginCollection(const std::string& collectedBy, const std::string& collectedDate);
@@ -96,7 +101,8 @@ class PatternSession {
   void BeginSweep();
   /// Trims, rotation, count, name and figures of the former pattern go.
   Outcome ClearForRun();
-  void EndRun() { run_ = RunKind::None; }
+  /// What it left can be taken back in one step.
+  void EndRun();
   /// A collection took nothing: the pattern is again what it was when it began.
   Outcome AbandonRun();
   /// The record is turned as a live trace has it. @return degrees added to every angle of the trace
@@ -108,6 +114,9 @@ class PatternSession {
 
  private:
   using Action = std::function<void()>;
+  /// Runs a command; what it changed can be taken back.
+  Outcome Do(const std::function<void(Outcome&)>& command, Repeated repeated = Repeated::No);
+  Outcome GoTo(PatternState state);
   bool Guarded(Outcome& outcome, const char* procedure, const Action& action);
   void LoadInto(Outcome& outcome, const std::string& path, const PatternReader& read, bool over);
   void TakeUp(Outcome& outcome, const LoadOutcome& loaded, bool over);
@@ -126,6 +135,7 @@ class PatternSession {
   void ShowCleared(Outcome& outcome);
   void ShowNumber(Outcome& outcome, PlacementPart part, double value);
   void ShowFiguresAnew(Outcome& outcome);
+  void ShowIntegratedGain(Outcome& outcome);
   void ShowRefusal(Outcome& outcome, const std::optional<std::string>& message,
                    const std::optional<PlacementPart>& part);
   void ShowFigures(Outcome& outcome, const BeamFigures& figures);
@@ -140,6 +150,7 @@ class PatternSession {
   std::optional<RunTimeError> lastFault_;
   RunKind run_ = RunKind::None;
   PatternState beforeRun_;  ///< the pattern that an abandoned run brings back
+  PatternHistory history_;
 };
 
 }  // namespace lobegraph

@@ -15,6 +15,12 @@ struct PatternState {
   bool HalfLoaded = false;
   /// The description came from a file, so a new pattern clears it.
   bool DescriptionLoaded = false;
+
+  bool operator==(const PatternState&) const = default;
 };
+
+/// Whether nothing that a user could miss has changed: what a drawing computes anew does not count, nor where
+/// the pattern was saved.
+bool SamePattern(const PatternState& a, const PatternState& b);
 
 }  // namespace lobegraph

@@ -7,55 +7,53 @@
 namespace lobegraph {
 
 Outcome PatternSession::Redraw() {
-  Outcome outcome;
-  DrawAll(outcome);
-  return outcome;
+  return Do([this](Outcome& outcome) { DrawAll(outcome); });
 }
 
 Outcome PatternSession::Place() {
-  Outcome outcome;
-  if (!MayDraw()) return outcome;
-  EndOverlay();
-  Draw(outcome);
-  return outcome;
+  return Do([this](Outcome& outcome) {
+    if (!MayDraw()) return;
+    EndOverlay();
+    Draw(outcome);
+  });
 }
 
 Outcome PatternSession::ToggleForm() {
-  Outcome outcome;
-  EndOverlay();
-  style_.Rectangular = !style_.Rectangular;
-  if (state_.Record.Plot180) {
-    if (style_.Rectangular) state_.Record.Rotate = 0.F;
-    ShowNumber(outcome, PlacementPart::Rotate, style_.Rectangular ? 0 : 270);
-  }
-  DrawAll(outcome);
-  return outcome;
+  return Do([this](Outcome& outcome) {
+    EndOverlay();
+    style_.Rectangular = !style_.Rectangular;
+    if (state_.Record.Plot180) {
+      if (style_.Rectangular) state_.Record.Rotate = 0.F;
+      ShowNumber(outcome, PlacementPart::Rotate, style_.Rectangular ? 0 : 270);
+    }
+    DrawAll(outcome);
+  });
 }
 
 Outcome PatternSession::ToggleLogarithmic() {
-  Outcome outcome;
-  EndOverlay();
-  style_.Scale = style_.Logarithmic() ? PlotScale::Db50 : PlotScale::Logarithmic;
-  DrawAll(outcome);
-  return outcome;
+  return Do([this](Outcome& outcome) {
+    EndOverlay();
+    style_.Scale = style_.Logarithmic() ? PlotScale::Db50 : PlotScale::Logarithmic;
+    DrawAll(outcome);
+  });
 }
 
 Outcome PatternSession::PlotInDb(bool inDb) {
-  Outcome outcome;
-  EndOverlay();
-  style_.Scale = ScaleOf(inDb, inDb && style_.Logarithmic());
-  DrawAll(outcome);
-  return outcome;
+  return Do([&](Outcome& outcome) {
+    EndOverlay();
+    style_.Scale = ScaleOf(inDb, inDb && style_.Logarithmic());
+    DrawAll(outcome);
+  });
 }
 
 Outcome PatternSession::CoverHalfTurn(bool plot180) {
-  Outcome outcome;
-  state_.Record.Plot180 = plot180;
-  if (!plot180) ShowNumber(outcome, PlacementPart::Rotate, 0);
-  if (!MayDraw()) return outcome;
-  EndOverlay();
-  DrawAll(outcome);
-  return outcome;
+  return Do([&](Outcome& outcome) {
+    state_.Record.Plot180 = plot180;
+    if (!plot180) ShowNumber(outcome, PlacementPart::Rotate, 0);
+    if (!MayDraw()) return;
+    EndOverlay();
+    DrawAll(outcome);
+  });
 }
 
 Outcome PatternSession::ShowMarks(bool marks) {
@@ -64,25 +62,29 @@ Outcome PatternSession::ShowMarks(bool marks) {
 }
 
 Outcome PatternSession::SetScale(int scaleSetting) {
-  style_.ScaleSetting = scaleSetting;
-  state_.Record.ScaleSetting = static_cast<float>(scaleSetting);
-  return run_ == RunKind::None ? Redraw() : Outcome{};
+  return Do(
+      [&](Outcome& outcome) {
+        style_.ScaleSetting = scaleSetting;
+        state_.Record.ScaleSetting = static_cast<float>(scaleSetting);
+        if (run_ == RunKind::None) DrawAll(outcome);
+      },
+      Repeated::Scale);
 }
 
 Outcome PatternSession::TogglePolarization() {
-  ReadingsRecord& record = state_.Record;
-  record.PolarizationHorizontal = !record.PolarizationHorizontal;
-  Outcome outcome;
-  outcome.Add(show::Polarization{record.PolarizationHorizontal});
-  ShowFiguresAnew(outcome);
-  return outcome;
+  return Do([this](Outcome& outcome) {
+    ReadingsRecord& record = state_.Record;
+    record.PolarizationHorizontal = !record.PolarizationHorizontal;
+    outcome.Add(show::Polarization{record.PolarizationHorizontal});
+    ShowFiguresAnew(outcome);
+  });
 }
 
 Outcome PatternSession::ChooseElements(const std::string& elements) {
-  state_.Record.Elements = elements;
-  Outcome outcome;
-  ShowFiguresAnew(outcome);
-  return outcome;
+  return Do([&](Outcome& outcome) {
+    state_.Record.Elements = elements;
+    ShowFiguresAnew(outcome);
+  });
 }
 
 void PatternSession::ShowFiguresAnew(Outcome& outcome) {
@@ -93,16 +95,18 @@ void PatternSession::ShowFiguresAnew(Outcome& outcome) {
 }
 
 Outcome PatternSession::Integrate() {
-  Outcome outcome;
-  Guarded(outcome, "cmdIntegrate_Click", [&] {
-    ReadingsRecord& record = state_.Record;
-    const RangeCheck check = CheckRange(record, typed_, rules_.AnyLength);
-    ShowRefusal(outcome, check.Message, check.Refused);
-    if (!check.Passed) return;
-    const auto gain = lobegraph::IntegratedGain(record);
-    if (gain) outcome.Add(show::IntegratedGain{*gain, record.Elements, record.PolarizationHorizontal});
+  return Do([this](Outcome& outcome) {
+    Guarded(outcome, "cmdIntegrate_Click", [&] { ShowIntegratedGain(outcome); });
   });
-  return outcome;
+}
+
+void PatternSession::ShowIntegratedGain(Outcome& outcome) {
+  ReadingsRecord& record = state_.Record;
+  const RangeCheck check = CheckRange(record, typed_, rules_.AnyLength);
+  ShowRefusal(outcome, check.Message, check.Refused);
+  if (!check.Passed) return;
+  const auto gain = lobegraph::IntegratedGain(record);
+  if (gain) outcome.Add(show::IntegratedGain{*gain, record.Elements, record.PolarizationHorizontal});
 }
 
 }  // namespace lobegraph

@@ -10,40 +10,38 @@ constexpr int kFewestToOrient = 2;
 }  // namespace
 
 Outcome PatternSession::Smooth() {
-  Outcome outcome;
-  EndOverlay();
-  if (Guarded(outcome, "cmdSmooth_Click", [&] { lobegraph::Smooth(state_.Record); })) Draw(outcome);
-  return outcome;
+  return Do([this](Outcome& outcome) {
+    EndOverlay();
+    if (Guarded(outcome, "cmdSmooth_Click", [&] { lobegraph::Smooth(state_.Record); })) Draw(outcome);
+  });
 }
 
 Outcome PatternSession::Reverse() {
-  Outcome outcome;
-  EndOverlay();
-  ReadingsRecord& record = state_.Record;
-  const bool turned = record.Rotate != 0.F;
-  lobegraph::Reverse(record);
-  ShowNumber(outcome, PlacementPart::TrimFront, record.TrimFront);
-  ShowNumber(outcome, PlacementPart::TrimEnd, record.TrimEnd);
-  if (turned) ShowNumber(outcome, PlacementPart::Rotate, record.Rotate);
-  TurnToTop(outcome);
-  return outcome;
+  return Do([this](Outcome& outcome) {
+    EndOverlay();
+    ReadingsRecord& record = state_.Record;
+    const bool turned = record.Rotate != 0.F;
+    lobegraph::Reverse(record);
+    ShowNumber(outcome, PlacementPart::TrimFront, record.TrimFront);
+    ShowNumber(outcome, PlacementPart::TrimEnd, record.TrimEnd);
+    if (turned) ShowNumber(outcome, PlacementPart::Rotate, record.Rotate);
+    TurnToTop(outcome);
+  });
 }
 
 Outcome PatternSession::DeSpike() {
-  Outcome outcome;
-  Guarded(outcome, "cmdDeSpike_Click", [&] {
-    const DeSpikeOutcome done =
-        lobegraph::DeSpike(state_.Record, rules_.SpikeDetectLevel, rules_.PeakInputLevel);
-    if (done.Message) outcome.Add(show::Message{*done.Message});
-    if (done.Done) TurnToTop(outcome);
+  return Do([this](Outcome& outcome) {
+    Guarded(outcome, "cmdDeSpike_Click", [&] {
+      const DeSpikeOutcome done =
+          lobegraph::DeSpike(state_.Record, rules_.SpikeDetectLevel, rules_.PeakInputLevel);
+      if (done.Message) outcome.Add(show::Message{*done.Message});
+      if (done.Done) TurnToTop(outcome);
+    });
   });
-  return outcome;
 }
 
 Outcome PatternSession::Orient() {
-  Outcome outcome;
-  TurnToTop(outcome);
-  return outcome;
+  return Do([this](Outcome& outcome) { TurnToTop(outcome); });
 }
 
 /// Redraw, turn the record (unless it is a 180-degree set) and redraw. In the rectangular drawing it only
@@ -60,11 +58,11 @@ void PatternSession::TurnToTop(Outcome& outcome) {
 }
 
 Outcome PatternSession::Original() {
-  Outcome outcome;
-  if (!state_.Record.HasReadings()) return outcome;
-  EndOverlay();
-  Guarded(outcome, "cmdOriginalData_Click", [&] { PlotOriginals(outcome); });
-  return outcome;
+  return Do([this](Outcome& outcome) {
+    if (!state_.Record.HasReadings()) return;
+    EndOverlay();
+    Guarded(outcome, "cmdOriginalData_Click", [&] { PlotOriginals(outcome); });
+  });
 }
 
 void PatternSession::PlotOriginals(Outcome& outcome) {
@@ -81,12 +79,12 @@ void PatternSession::PlotOriginals(Outcome& outcome) {
 }
 
 Outcome PatternSession::Update(const ReadingArray& readings) {
-  Outcome outcome;
-  state_.Record.TakeUp(readings);
-  state_.HalfLoaded = false;
-  EndOverlay();
-  Draw(outcome);
-  return outcome;
+  return Do([&](Outcome& outcome) {
+    state_.Record.TakeUp(readings);
+    state_.HalfLoaded = false;
+    EndOverlay();
+    Draw(outcome);
+  });
 }
 
 }  // namespace lobegraph

@@ -5,9 +5,14 @@
 namespace lobegraph {
 
 void PatternSession::BeginRun(RunKind kind) {
-  EndOverlay();
   beforeRun_ = state_;
+  EndOverlay();
   run_ = kind;
+}
+
+void PatternSession::EndRun() {
+  run_ = RunKind::None;
+  if (!SamePattern(beforeRun_, state_)) history_.Note(beforeRun_);
 }
 
 void PatternSession::BeginCollection(const std::string& collectedBy, const std::string& collectedDate) {

@@ -130,6 +130,24 @@ TEST_F(PlotCommandsTest, ABeamThatWasTurnedUpIsWorthKeeping) {
   EXPECT_EQ(Text(lblHint), "") << "refused";
 }
 
+TEST_F(PlotCommandsTest, ATransformIsTakenBackAndTheWindowFollows) {
+  Enter(txtRotate, "30");
+  Press(cmdReverse);
+  Forget();
+  Form.Transform().Undo();
+  EXPECT_EQ(Text(txtRotate), "30");
+  EXPECT_TRUE(Drawn());
+  EXPECT_EQ(Text(lblHint), "Taken back. Ctrl+Shift+Z does it again.");
+  Form.Transform().Redo();
+  EXPECT_EQ(Text(txtRotate), "91");
+  EXPECT_EQ(Text(lblHint), "Done again. Ctrl+Z takes it back.");
+}
+
+TEST_F(PlotCommandsTest, WithNothingToTakeBackNothingHappens) {
+  Form.Transform().Redo();
+  EXPECT_THAT(Log, IsEmpty());
+}
+
 TEST_F(PlotCommandsTest, ControlsWithoutAHandlerDoNothing) {
   Form.Click(lblDateTime);
   EXPECT_THAT(Log, IsEmpty());

@@ -18,6 +18,7 @@
 #include "app/qt/input/ChooserDialog.h"
 #include "app/qt/main/DroppedPattern.h"
 #include "app/qt/main/LastWindow.h"
+#include "app/qt/main/UndoKeys.h"
 #include "app/qt/panel/WindowLayout.h"
 #include "app/qt/settings/SettingsOpener.h"
 #include "app/qt/settings/frmSettings.h"
@@ -94,6 +95,9 @@ void MainWindow::Connect() {
   new SettingsOpener(
       *this, plot_, [this] { return !left_ && form_.Settings().MayOpen(SettingsWay::Mouse); },
       [this](SettingsWay way) { Run([this, way] { OpenSettings(way); }); });
+  new UndoKeys(
+      *this, [this] { Run([this] { form_.Transform().Undo(); }); },
+      [this] { Run([this] { form_.Transform().Redo(); }); });
   setAcceptDrops(true);
   // Drawing is not for the middle of a repaint.
   connect(&plot_, &PlotWidget::RatioChanged, this, &MainWindow::DrawForRatio, Qt::QueuedConnection);

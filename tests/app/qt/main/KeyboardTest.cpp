@@ -53,6 +53,34 @@ TEST(KeyboardTest, CursorStaysWhereItWasWhenAPastedQuoteIsDropped) {
   EXPECT_LE(box.cursorPosition(), 6);
 }
 
+TEST(KeyboardTest, CtrlZTakesAChangeOfThePatternBackAndTwoKeysTakeItAgain) {
+  RealWindow window;
+  auto& button = window.Find<QPushButton>("cmdPolarization");
+  button.setFocus();
+  button.click();
+  ASSERT_EQ(button.text(), "Vertic&al");
+  for (const auto& redo :
+       {Qt::ControlModifier | Qt::ShiftModifier, Qt::KeyboardModifiers(Qt::ControlModifier)}) {
+    QTest::keyClick(&button, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(button.text(), "Hori&zontal");
+    QTest::keyClick(&button, redo == Qt::ControlModifier ? Qt::Key_Y : Qt::Key_Z, redo);
+    EXPECT_EQ(button.text(), "Vertic&al");
+  }
+}
+
+TEST(KeyboardTest, InABoxTheUndoKeysAreTheBoxesOwn) {
+  RealWindow window;
+  auto& button = window.Find<QPushButton>("cmdPolarization");
+  button.click();
+  for (const char* name : {"txtDescription", "txtRotate", "txtTrimFront"}) {
+    auto& box = window.Find<QLineEdit>(name);
+    box.setFocus();
+    QTest::keyClick(&box, Qt::Key_Z, Qt::ControlModifier);
+    QTest::keyClick(&box, Qt::Key_Y, Qt::ControlModifier);
+    EXPECT_EQ(button.text(), "Vertic&al") << name;
+  }
+}
+
 TEST(KeyboardTest, EnterInTheDescriptionMovesItToTheCaption) {
   RealWindow window;
   auto& box = window.Find<QLineEdit>("txtDescription");
