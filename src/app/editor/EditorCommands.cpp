@@ -14,27 +14,37 @@ std::string ErrorLine(const RunTimeError& error, const std::string& path) {
 }  // namespace
 
 void EditorCommands::chkEditor_Click() {
-  if (parts_.frmEditLbg == nullptr) return;
-  if (!parts_.View.Checked(Control::chkEditor)) return View().Unload();
-  grid_.Reset();
-  View().ShowCells();
-  View().ShowStatus("");
-  View().AllowUpdate(!parts_.Shared.Run.Running());
-  View().Open();
+  Run("chkEditor_Click", [&] {
+    if (parts_.frmEditLbg == nullptr) return;
+    if (!parts_.View.Checked(Control::chkEditor)) return View().Unload();
+    grid_.Reset();
+    View().ShowCells();
+    View().ShowStatus("");
+    View().AllowUpdate(!parts_.Shared.Run.Running());
+    View().Open();
+  });
 }
 
 void EditorCommands::Form_Unload() { parts_.View.SetChecked(Control::chkEditor, false); }
 
 void EditorCommands::cmdGetDataFromPlot_Click() {
-  grid_.GetFromPlot(parts_.Pattern.Record().Readings);
-  View().ShowCells();
-  View().ShowStatus("");
+  Run("cmdGetDataFromPlot_Click", [&] {
+    grid_.GetFromPlot(parts_.Pattern.Record().Readings);
+    View().ShowCells();
+    View().ShowStatus("");
+  });
 }
 
 void EditorCommands::cmdGetDataFromFile_Click() {
-  if (parts_.Shared.Run.Running()) return;
-  const auto chosen = View().AskCsvFile(parts_.Shared.WorkingFolder);
-  if (chosen && !chosen->empty()) Import(WithEnding(*chosen, ".csv"));
+  Run("cmdGetDataFromFile_Click", [&] {
+    if (parts_.Shared.Run.Running()) return;
+    const auto chosen = View().AskCsvFile(parts_.Shared.WorkingFolder);
+    if (chosen && !chosen->empty()) Import(WithEnding(*chosen, ".csv"));
+  });
+}
+
+void EditorCommands::Run(const char* procedure, const std::function<void()>& handler) {
+  Guarded(parts_.Dialogs, procedure, kForm, handler);
 }
 
 void EditorCommands::Import(const std::string& path) {
@@ -51,21 +61,27 @@ void EditorCommands::Import(const std::string& path) {
 }
 
 void EditorCommands::cmdInsert_Click() {
-  grid_.Insert(View().CurrentRow());
-  View().ShowCells();
+  Run("cmdInsert_Click", [&] {
+    grid_.Insert(View().CurrentRow());
+    View().ShowCells();
+  });
 }
 
 void EditorCommands::cmdDelete_Click() {
-  grid_.Delete(View().CurrentRow());
-  View().ShowCells();
+  Run("cmdDelete_Click", [&] {
+    grid_.Delete(View().CurrentRow());
+    View().ShowCells();
+  });
 }
 
 void EditorCommands::cmdUpdate_Click() {
-  if (parts_.Shared.Run.Running()) return;
-  if (const auto empty = grid_.EmptyRow())
-    return View().ShowStatus("Row " + std::to_string(*empty) + " is empty: the plot stays as it is");
-  View().ShowStatus("");
-  Update();
+  Run("cmdUpdate_Click", [&] {
+    if (parts_.Shared.Run.Running()) return;
+    if (const auto empty = grid_.EmptyRow())
+      return View().ShowStatus("Row " + std::to_string(*empty) + " is empty: the plot stays as it is");
+    View().ShowStatus("");
+    Update();
+  });
 }
 
 void EditorCommands::Update() {
@@ -82,25 +98,33 @@ void EditorCommands::Update() {
 }
 
 void EditorCommands::Command1_Click() {
-  grid_.Reset();
-  View().ShowCells();
-  View().ShowStatus("");
+  Run("Command1_Click", [&] {
+    grid_.Reset();
+    View().ShowCells();
+    View().ShowStatus("");
+  });
 }
 
 void EditorCommands::EditValue(int row, const std::string& text) {
-  grid_.SetValue(row, text);
-  View().ShowCells();
+  Run("grdReadings_AfterEdit", [&] {
+    grid_.SetValue(row, text);
+    View().ShowCells();
+  });
 }
 
 void EditorCommands::Paste(int row, EditorColumn column, std::string_view text) {
-  const int set = grid_.Paste(row, column, text);
-  View().ShowCells();
-  View().ShowStatus(std::to_string(set) + " values pasted");
+  Run("grdReadings_KeyDown", [&] {
+    const int set = grid_.Paste(row, column, text);
+    View().ShowCells();
+    View().ShowStatus(std::to_string(set) + " values pasted");
+  });
 }
 
 void EditorCommands::ClearValues(int firstRow, int lastRow) {
-  grid_.ClearValues(firstRow, lastRow);
-  View().ShowCells();
+  Run("grdReadings_KeyDown", [&] {
+    grid_.ClearValues(firstRow, lastRow);
+    View().ShowCells();
+  });
 }
 
 }  // namespace lobegraph

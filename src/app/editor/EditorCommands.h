@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -40,6 +41,8 @@ class EditorCommands {
   const EditorGrid& Grid() const { return grid_; }
 
  private:
+  /// Runs a handler of the form.
+  void Run(const char* procedure, const std::function<void()>& handler);
   void Import(const std::string& path);
   void Update();
   EditorView& View() const { return *parts_.frmEditLbg; }

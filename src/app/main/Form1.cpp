@@ -1,6 +1,28 @@
 #include "app/main/Form1.h"
 
 namespace lobegraph {
+namespace {
+
+/// The handler's name, as a fault that it lets out names it.
+std::string ProcedureOf(Control control) {
+  const ControlRow& row = RowOf(control);
+  const auto event = [&] {
+    switch (row.Kind) {
+      case ControlKind::TextBox:
+        return "_KeyPress";
+      case ControlKind::Slider:
+      case ControlKind::DropDown:
+        return "_Change";
+      case ControlKind::Label:
+        return "_DblClick";
+      default:
+        return "_Click";
+    }
+  };
+  return std::string(row.Name) + event();
+}
+
+}  // namespace
 
 Form1::Form1(const Platform& platform, const PlotGeometry& geometry)
     : shared_(platform.Shared),
@@ -59,7 +81,7 @@ CollectionParts Form1::RunParts(const Platform& platform) {
 
 void Form1::Click(Control control) {
   const auto handler = handlers_.find(control);
-  if (handler != handlers_.end()) handler->second();
+  if (handler != handlers_.end()) Guarded(parts_.Dialogs, ProcedureOf(control), handler->second);
 }
 
 void Form1::ConnectHandlers() {

@@ -17,17 +17,22 @@ inline void ReportFault(UserMessages& messages, const RunTimeError& error, std::
   messages.Show({.Text = RunTimeErrorText(error, procedure, form)});
 }
 
-/// The edge at which faults end: runs a handler; the program lives on.
+/// The edge at which faults end, whatever is thrown: runs a handler; the program lives on.
 /// @return false after a fault
 template <typename Action>
-bool Guarded(UserMessages& messages, std::string_view procedure, Action&& action) {
+bool Guarded(UserMessages& messages, std::string_view procedure, std::string_view form, Action&& action) {
   try {
     std::forward<Action>(action)();
     return true;
-  } catch (const RunTimeError& error) {
-    ReportFault(messages, error, procedure);
+  } catch (const std::exception& exception) {
+    ReportFault(messages, FaultFrom(exception), procedure, form);
     return false;
   }
+}
+
+template <typename Action>
+bool Guarded(UserMessages& messages, std::string_view procedure, Action&& action) {
+  return Guarded(messages, procedure, "Form1", std::forward<Action>(action));
 }
 
 /// Ends the process at once, saving nothing: what follows a fault while the window is being made or its grid

@@ -7,13 +7,8 @@ constexpr const char* kDialogNotice = "Settings are kept for each user.";
 
 }  // namespace
 
-template <typename Action>
-void SettingsCommands::Guard(std::string_view procedure, Action&& action) {
-  try {
-    action();
-  } catch (const RunTimeError& error) {
-    ReportFault(parts_.Dialogs, error, procedure, "frmSettings");
-  }
+void SettingsCommands::Run(const std::string& procedure, const std::function<void()>& handler) {
+  Guarded(parts_.Dialogs, procedure, "frmSettings", handler);
 }
 
 bool SettingsCommands::MayOpen(SettingsWay way) const {
@@ -28,37 +23,51 @@ void SettingsCommands::Form_Load() {
 }
 
 bool SettingsCommands::Validate(SettingsBox box) {
-  const auto refusal = Dialog().Validate(box);
-  if (refusal) parts_.Dialogs.ShowText(*refusal);
-  return !refusal;
+  bool accepted = false;
+  Run(std::string(RowOf(box).Name) + "_Validate", [&] {
+    const auto refusal = Dialog().Validate(box);
+    if (refusal) parts_.Dialogs.ShowText(*refusal);
+    accepted = !refusal;
+  });
+  return accepted;
 }
 
 void SettingsCommands::ChooseColour(const SettingsColourRow& row, std::optional<Colour> colour) {
   if (!colour) return;
-  Dialog().SetColour(row, colour->Stored());
-  if (row.Member == &SettingsValues::PlotBackground) DrawOnNewBackground();
+  Run(std::string(row.Name) + "_Click", [&] {
+    Dialog().SetColour(row, colour->Stored());
+    if (row.Member == &SettingsValues::PlotBackground) DrawOnNewBackground();
+  });
 }
 
 void SettingsCommands::cmdDefault_Click() {
-  Dialog().SetDefaultColours();
-  DrawOnNewBackground();
+  Run("cmdDefault_Click", [&] {
+    Dialog().SetDefaultColours();
+    DrawOnNewBackground();
+  });
+}
+
+void SettingsCommands::cmdSetDefaultValues_Click(SettingsGroup group) {
+  Run("cmdSetDefaultValues_Click", [&] { Dialog().SetDefaultValues(group); });
 }
 
 void SettingsCommands::cmdTextOnOff_Click() {
-  bool& shown = parts_.Shared.PlotTextShown;
-  shown = !shown;
-  for (const Control control : TextOnPlot()) parts_.View.SetVisible(control, shown);
+  Run("cmdTextOnOff_Click", [&] {
+    bool& shown = parts_.Shared.PlotTextShown;
+    shown = !shown;
+    for (const Control control : TextOnPlot()) parts_.View.SetVisible(control, shown);
+  });
 }
 
 void SettingsCommands::cmdOK_Click() {
-  Guard("cmdOK_Click", [&] {
+  Run("cmdOK_Click", [&] {
     Dialog().Accept();
     ApplyInputLevelsAndRotationTime();
   });
 }
 
 void SettingsCommands::cmdCancel_Click() {
-  Guard("cmdCancel_Click", [&] {
+  Run("cmdCancel_Click", [&] {
     Dialog().Cancel();
     ApplyInputLevelsAndRotationTime();
   });

@@ -1,8 +1,9 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
-#include <string_view>
+#include <string>
 
 #include "app/parts/AppParts.h"
 #include "app/plot/PatternDisplay.h"
@@ -32,7 +33,7 @@ class SettingsCommands {
   /// A colour was chosen; none when the choice was cancelled. A new background is seen at once.
   void ChooseColour(const SettingsColourRow& row, std::optional<Colour> colour);
   void cmdDefault_Click();
-  void cmdSetDefaultValues_Click(SettingsGroup group) { Dialog().SetDefaultValues(group); }
+  void cmdSetDefaultValues_Click(SettingsGroup group);
   /// Hides what is written on the plot, or shows it again. Nothing of it is saved.
   void cmdTextOnOff_Click();
   /// Saves, and puts the values in force.
@@ -47,8 +48,8 @@ class SettingsCommands {
   /// The drawing lies on the background: a new one is seen when it is drawn again.
   void DrawOnNewBackground();
   void ShowBackground();
-  template <typename Action>
-  void Guard(std::string_view procedure, Action&& action);
+  /// Runs a handler of the form.
+  void Run(const std::string& procedure, const std::function<void()>& handler);
 
   AppParts parts_;
   PatternDisplay& display_;

@@ -1,5 +1,6 @@
 #include "data/base/RunTimeError.h"
 
+#include <new>
 #include <utility>
 
 namespace lobegraph {
@@ -11,12 +12,16 @@ std::string_view DescriptionOf(int number) {
       return "Invalid procedure call or argument";
     case fault::kOverflow:
       return "Overflow";
+    case fault::kOutOfMemory:
+      return "Out of memory";
     case fault::kSubscript:
       return "Subscript out of range";
     case fault::kDivisionByZero:
       return "Division by zero";
     case fault::kTypeMismatch:
       return "Type mismatch";
+    case fault::kInternal:
+      return "Internal error";
     case fault::kFileNotFound:
       return "File not found";
     case fault::kDeviceIo:
@@ -47,6 +52,12 @@ RunTimeError::RunTimeError(int number, std::string detail, std::source_location 
 }
 
 std::string RunTimeError::Description() const { return std::string(DescriptionOf(number_)); }
+
+RunTimeError FaultFrom(const std::exception& exception) {
+  if (const auto* fault = dynamic_cast<const RunTimeError*>(&exception)) return *fault;
+  const bool memory = dynamic_cast<const std::bad_alloc*>(&exception) != nullptr;
+  return RunTimeError(memory ? fault::kOutOfMemory : fault::kInternal, exception.what());
+}
 
 std::string RunTimeErrorText(const RunTimeError& error, std::string_view procedure, std::string_view form) {
   return "Error " + std::to_string(error.Number()) + " (" + error.Description() + ") in line " +

@@ -11,9 +11,11 @@ namespace lobegraph {
 namespace fault {
 inline constexpr int kInvalidProcedureCall = 5;
 inline constexpr int kOverflow = 6;
+inline constexpr int kOutOfMemory = 7;
 inline constexpr int kSubscript = 9;
 inline constexpr int kDivisionByZero = 11;
 inline constexpr int kTypeMismatch = 13;
+inline constexpr int kInternal = 51;
 inline constexpr int kFileNotFound = 53;
 inline constexpr int kDeviceIo = 57;
 inline constexpr int kFileExists = 58;
@@ -45,6 +47,9 @@ class RunTimeError : public std::exception {
   unsigned line_;
   std::string what_;
 };
+
+/// Any other exception as a fault: what it says becomes the detail.
+RunTimeError FaultFrom(const std::exception& exception);
 
 /// The run-time error text: "Error 11 (Division by zero) in line 57 of procedure ReDraw of Form Form1".
 std::string RunTimeErrorText(const RunTimeError& error, std::string_view procedure,

@@ -25,16 +25,17 @@ show::Grid PatternSession::Grid() const {
   return {style_, state_.Record.CollectedBy, state_.Record.CollectedDate};
 }
 
-Outcome PatternSession::Do(const std::function<void(Outcome&)>& command, Repeated repeated) {
+Outcome PatternSession::Do(const char* procedure, const Command& command, Repeated repeated) {
   const PatternState before = state_;
   Outcome outcome;
-  command(outcome);
+  Guarded(outcome, procedure, command);
   if (run_ == RunKind::None && !SamePattern(before, state_)) history_.Note(before, repeated);
   return outcome;
 }
 
 void PatternSession::Describe(const std::string& text) {
-  Do([&](Outcome&) { state_.Record.Description = text; }, Repeated::Description);
+  Do(
+      "txtDescription_Change", [&](Outcome&) { state_.Record.Description = text; }, Repeated::Description);
 }
 
 Outcome PatternSession::Undo() {
@@ -57,14 +58,12 @@ Outcome PatternSession::GoTo(PatternState state) {
   return outcome;
 }
 
-bool PatternSession::Guarded(Outcome& outcome, const char* procedure, const Action& action) {
+void PatternSession::Guarded(Outcome& outcome, const char* procedure, const Command& command) {
   try {
-    action();
-    return true;
+    command(outcome);
   } catch (const RunTimeError& error) {
     lastFault_ = error;
     outcome.Add(show::Fault{error, procedure});
-    return false;
   }
 }
 
@@ -74,7 +73,7 @@ void PatternSession::Draw(Outcome& outcome, bool over) {
   lastFault_.reset();
   if (!MayDraw()) return;
   if (!over) outcome.Add(Grid());
-  Guarded(outcome, "ReDraw", [&] { PlotRecord(outcome, over); });
+  Guarded(outcome, "ReDraw", [&](Outcome& steps) { PlotRecord(steps, over); });
   outcome.Plotted = plot_.PlotDone;
 }
 

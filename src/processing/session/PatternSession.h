@@ -113,11 +113,12 @@ class PatternSession {
   void ReadingStored() { state_.HalfLoaded = false; }
 
  private:
-  using Action = std::function<void()>;
-  /// Runs a command; what it changed can be taken back.
-  Outcome Do(const std::function<void(Outcome&)>& command, Repeated repeated = Repeated::No);
+  using Command = std::function<void(Outcome&)>;
+  /// Runs a command. A fault ends it and is told with the procedure's name; what was changed can be taken
+  /// back.
+  Outcome Do(const char* procedure, const Command& command, Repeated repeated = Repeated::No);
   Outcome GoTo(PatternState state);
-  bool Guarded(Outcome& outcome, const char* procedure, const Action& action);
+  void Guarded(Outcome& outcome, const char* procedure, const Command& command);
   void LoadInto(Outcome& outcome, const std::string& path, const PatternReader& read, bool over);
   void TakeUp(Outcome& outcome, const LoadOutcome& loaded, bool over);
   void EndOverlay() { state_.Beneath.reset(); }

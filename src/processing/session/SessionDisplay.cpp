@@ -7,11 +7,11 @@
 namespace lobegraph {
 
 Outcome PatternSession::Redraw() {
-  return Do([this](Outcome& outcome) { DrawAll(outcome); });
+  return Do("ReDraw", [this](Outcome& outcome) { DrawAll(outcome); });
 }
 
 Outcome PatternSession::Place() {
-  return Do([this](Outcome& outcome) {
+  return Do("txtRotate_KeyPress", [this](Outcome& outcome) {
     if (!MayDraw()) return;
     EndOverlay();
     Draw(outcome);
@@ -19,7 +19,7 @@ Outcome PatternSession::Place() {
 }
 
 Outcome PatternSession::ToggleForm() {
-  return Do([this](Outcome& outcome) {
+  return Do("cmdLinear_Click", [this](Outcome& outcome) {
     EndOverlay();
     style_.Rectangular = !style_.Rectangular;
     if (state_.Record.Plot180) {
@@ -31,7 +31,7 @@ Outcome PatternSession::ToggleForm() {
 }
 
 Outcome PatternSession::ToggleLogarithmic() {
-  return Do([this](Outcome& outcome) {
+  return Do("cmdLogLin_Click", [this](Outcome& outcome) {
     EndOverlay();
     style_.Scale = style_.Logarithmic() ? PlotScale::Db50 : PlotScale::Logarithmic;
     DrawAll(outcome);
@@ -39,7 +39,7 @@ Outcome PatternSession::ToggleLogarithmic() {
 }
 
 Outcome PatternSession::PlotInDb(bool inDb) {
-  return Do([&](Outcome& outcome) {
+  return Do("chkPlotInDB_Click", [&](Outcome& outcome) {
     EndOverlay();
     style_.Scale = ScaleOf(inDb, inDb && style_.Logarithmic());
     DrawAll(outcome);
@@ -47,7 +47,7 @@ Outcome PatternSession::PlotInDb(bool inDb) {
 }
 
 Outcome PatternSession::CoverHalfTurn(bool plot180) {
-  return Do([&](Outcome& outcome) {
+  return Do("chk180_Click", [&](Outcome& outcome) {
     state_.Record.Plot180 = plot180;
     if (!plot180) ShowNumber(outcome, PlacementPart::Rotate, 0);
     if (!MayDraw()) return;
@@ -63,6 +63,7 @@ Outcome PatternSession::ShowMarks(bool marks) {
 
 Outcome PatternSession::SetScale(int scaleSetting) {
   return Do(
+      "Slider1_Change",
       [&](Outcome& outcome) {
         style_.ScaleSetting = scaleSetting;
         state_.Record.ScaleSetting = static_cast<float>(scaleSetting);
@@ -72,7 +73,7 @@ Outcome PatternSession::SetScale(int scaleSetting) {
 }
 
 Outcome PatternSession::TogglePolarization() {
-  return Do([this](Outcome& outcome) {
+  return Do("cmdPolarization_Click", [this](Outcome& outcome) {
     ReadingsRecord& record = state_.Record;
     record.PolarizationHorizontal = !record.PolarizationHorizontal;
     outcome.Add(show::Polarization{record.PolarizationHorizontal});
@@ -81,7 +82,7 @@ Outcome PatternSession::TogglePolarization() {
 }
 
 Outcome PatternSession::ChooseElements(const std::string& elements) {
-  return Do([&](Outcome& outcome) {
+  return Do("cboElements_Change", [&](Outcome& outcome) {
     state_.Record.Elements = elements;
     ShowFiguresAnew(outcome);
   });
@@ -89,15 +90,13 @@ Outcome PatternSession::ChooseElements(const std::string& elements) {
 
 void PatternSession::ShowFiguresAnew(Outcome& outcome) {
   const ReadingsRecord& record = state_.Record;
-  Guarded(outcome, "cboElements_Change", [&] {
-    ShowFigures(outcome, BeamFiguresOf(beamwidthDeg_, record.Elements, record.PolarizationHorizontal));
+  Guarded(outcome, "cboElements_Change", [&](Outcome& steps) {
+    ShowFigures(steps, BeamFiguresOf(beamwidthDeg_, record.Elements, record.PolarizationHorizontal));
   });
 }
 
 Outcome PatternSession::Integrate() {
-  return Do([this](Outcome& outcome) {
-    Guarded(outcome, "cmdIntegrate_Click", [&] { ShowIntegratedGain(outcome); });
-  });
+  return Do("cmdIntegrate_Click", [this](Outcome& outcome) { ShowIntegratedGain(outcome); });
 }
 
 void PatternSession::ShowIntegratedGain(Outcome& outcome) {

@@ -12,13 +12,11 @@ constexpr const char* kProcedure = "cmdGetData_Click";
 }  // namespace
 
 Outcome PatternSession::Load(const std::string& path, const PatternReader& read) {
-  return Do(
-      [&](Outcome& outcome) { Guarded(outcome, kProcedure, [&] { LoadInto(outcome, path, read, false); }); });
+  return Do(kProcedure, [&](Outcome& outcome) { LoadInto(outcome, path, read, false); });
 }
 
 Outcome PatternSession::Overlay(const std::string& path, const PatternReader& read) {
-  return Do(
-      [&](Outcome& outcome) { Guarded(outcome, kProcedure, [&] { LoadInto(outcome, path, read, true); }); });
+  return Do(kProcedure, [&](Outcome& outcome) { LoadInto(outcome, path, read, true); });
 }
 
 /// A file that cannot be read at all leaves everything as it is.

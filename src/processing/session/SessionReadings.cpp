@@ -10,14 +10,15 @@ constexpr int kFewestToOrient = 2;
 }  // namespace
 
 Outcome PatternSession::Smooth() {
-  return Do([this](Outcome& outcome) {
+  return Do("cmdSmooth_Click", [this](Outcome& outcome) {
     EndOverlay();
-    if (Guarded(outcome, "cmdSmooth_Click", [&] { lobegraph::Smooth(state_.Record); })) Draw(outcome);
+    lobegraph::Smooth(state_.Record);
+    Draw(outcome);
   });
 }
 
 Outcome PatternSession::Reverse() {
-  return Do([this](Outcome& outcome) {
+  return Do("cmdReverse_Click", [this](Outcome& outcome) {
     EndOverlay();
     ReadingsRecord& record = state_.Record;
     const bool turned = record.Rotate != 0.F;
@@ -30,18 +31,16 @@ Outcome PatternSession::Reverse() {
 }
 
 Outcome PatternSession::DeSpike() {
-  return Do([this](Outcome& outcome) {
-    Guarded(outcome, "cmdDeSpike_Click", [&] {
-      const DeSpikeOutcome done =
-          lobegraph::DeSpike(state_.Record, rules_.SpikeDetectLevel, rules_.PeakInputLevel);
-      if (done.Message) outcome.Add(show::Message{*done.Message});
-      if (done.Done) TurnToTop(outcome);
-    });
+  return Do("cmdDeSpike_Click", [this](Outcome& outcome) {
+    const DeSpikeOutcome done =
+        lobegraph::DeSpike(state_.Record, rules_.SpikeDetectLevel, rules_.PeakInputLevel);
+    if (done.Message) outcome.Add(show::Message{*done.Message});
+    if (done.Done) TurnToTop(outcome);
   });
 }
 
 Outcome PatternSession::Orient() {
-  return Do([this](Outcome& outcome) { TurnToTop(outcome); });
+  return Do("cmdRescaleData_Click", [this](Outcome& outcome) { TurnToTop(outcome); });
 }
 
 /// Redraw, turn the record (unless it is a 180-degree set) and redraw. In the rectangular drawing it only
@@ -58,10 +57,10 @@ void PatternSession::TurnToTop(Outcome& outcome) {
 }
 
 Outcome PatternSession::Original() {
-  return Do([this](Outcome& outcome) {
+  return Do("cmdOriginalData_Click", [this](Outcome& outcome) {
     if (!state_.Record.HasReadings()) return;
     EndOverlay();
-    Guarded(outcome, "cmdOriginalData_Click", [&] { PlotOriginals(outcome); });
+    PlotOriginals(outcome);
   });
 }
 
@@ -79,7 +78,7 @@ void PatternSession::PlotOriginals(Outcome& outcome) {
 }
 
 Outcome PatternSession::Update(const ReadingArray& readings) {
-  return Do([&](Outcome& outcome) {
+  return Do("cmdUpdate_Click", [&](Outcome& outcome) {
     state_.Record.TakeUp(readings);
     state_.HalfLoaded = false;
     EndOverlay();

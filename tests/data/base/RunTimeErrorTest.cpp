@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <new>
+#include <stdexcept>
+
 #include "data/record/ReadingsRecord.h"
 
 namespace lobegraph {
@@ -61,6 +64,15 @@ TEST(ReadingsRecordTest, TheSavedCopyBringsBackAll361ReadingsAndKnowsItsCount) {
   EXPECT_EQ(record.Readings(0), 1.F);
   EXPECT_EQ(record.Readings(360), 2.F);
   EXPECT_EQ(record.SavedNumReadings, 200);
+}
+
+TEST(RunTimeErrorTest, AnyExceptionIsAFaultWithANumber) {
+  EXPECT_EQ(FaultFrom(RunTimeError(fault::kDiskFull)).Number(), 61);
+  EXPECT_EQ(std::string(FaultFrom(std::bad_alloc()).what()).substr(0, 23), "Error 7 (Out of memory)");
+  const RunTimeError odd = FaultFrom(std::out_of_range("map::at"));
+  EXPECT_EQ(odd.Number(), 51);
+  EXPECT_EQ(odd.Description(), "Internal error");
+  EXPECT_EQ(odd.Detail(), "map::at");
 }
 
 TEST(ReadingsRecordTest, ReadingsAreHeldWhenTheCountIsAbove0) {

@@ -42,6 +42,11 @@ TEST_F(SessionReadings, AFaultOfSmoothIsNotDrawn) {
   EXPECT_THAT(Told(Session.Smooth()), ElementsAre("fault 9 of cmdSmooth_Click"));
 }
 
+TEST_F(SessionReadings, AFaultOfReverseIsToldLikeAnyOther) {
+  Session.Load("/p/odd.lbg", Bytes("400\r\n1\r\n"));
+  EXPECT_THAT(Told(Session.Reverse()), ElementsAre("fault 9 of cmdReverse_Click"));
+}
+
 TEST_F(SessionReadings, ReverseShowsTheSwappedTrimsAndOrients) {
   Load(Beam(90));
   Placed({.TrimFront = 3, .TrimEnd = 8});

@@ -36,7 +36,8 @@ MainWindow::MainWindow(const std::string& versionText)
       printer_(*this, dialogs_, WindowPicture(*this, plot_, surface_, drawing_)),
       meters_(*shared_, store_, clock_, dialogs_),
       form_(MakePlatform(versionText), MakePlotGeometry(kSurfaceWidth, kSurfaceHeight, kPanelWidth)),
-      analysis_(form_.Analysis(), view_, plot_, [this](const auto& handler) { Run(handler); }) {
+      analysis_(form_.Analysis(), view_, plot_,
+                [this](const auto& handler) { Run("Form_MouseMove", handler); }) {
   setObjectName("Form1");
   dialogs_.SetOwner(this);
   plot_.setGeometry(0, 0, kPlotWidth, kSurfaceHeight);
@@ -89,15 +90,16 @@ void MainWindow::Connect() {
   auto& description = static_cast<QLineEdit&>(view_.Widget(Control::txtDescription));
   connect(&description, &QLineEdit::textChanged, this, [this] { form_.File().txtDescription_Change(); });
   connect(&description, &QLineEdit::editingFinished, this, [this] { Click(Control::txtDescription); });
-  editor_.Connect(form_.Editor(), [this](const auto& handler) { Run(handler); });
+  editor_.Connect(form_.Editor(), [this](const auto& handler) { Run("frmEditLbg", handler); });
   view_.Widget(Control::lblOperator).setFocusPolicy(Qt::TabFocus);
-  connect(&view_.Timer1(), &QTimer::timeout, this, [this] { Run([this] { form_.Run().Timer1_Timer(); }); });
+  connect(&view_.Timer1(), &QTimer::timeout, this,
+          [this] { Run("Timer1_Timer", [this] { form_.Run().Timer1_Timer(); }); });
   new SettingsOpener(
       *this, plot_, [this] { return !left_ && form_.Settings().MayOpen(SettingsWay::Mouse); },
-      [this](SettingsWay way) { Run([this, way] { OpenSettings(way); }); });
+      [this](SettingsWay way) { Run("frmSettings", [this, way] { OpenSettings(way); }); });
   new UndoKeys(
-      *this, [this] { Run([this] { form_.Transform().Undo(); }); },
-      [this] { Run([this] { form_.Transform().Redo(); }); });
+      *this, [this] { Run("Undo", [this] { form_.Transform().Undo(); }); },
+      [this] { Run("Redo", [this] { form_.Transform().Redo(); }); });
   setAcceptDrops(true);
   // Drawing is not for the middle of a repaint.
   connect(&plot_, &PlotWidget::RatioChanged, this, &MainWindow::DrawForRatio, Qt::QueuedConnection);
@@ -122,10 +124,10 @@ void MainWindow::ConnectControl(const ControlRow& row) {
     connect(box, &QLineEdit::returnPressed, this, [this, id] { Click(id); });
 }
 
-void MainWindow::Run(const std::function<void()>& handler) {
+void MainWindow::Run(std::string_view procedure, const std::function<void()>& handler) {
   if (left_) return;
   ++depth_;
-  handler();
+  Guarded(dialogs_, procedure, handler);
   --depth_;
   if (depth_ > 0 || form_.Shared().Run.Running()) return;
   if (leavePending_) return Leave();
@@ -192,7 +194,8 @@ void MainWindow::dropEvent(QDropEvent* event) {
   if (!path) return;
   event->acceptProposedAction();
   // A message box must not keep the program waiting from which the file was dragged.
-  QTimer::singleShot(0, this, [this, file = *path] { Run([&] { form_.File().LoadDropped(file); }); });
+  QTimer::singleShot(
+      0, this, [this, file = *path] { Run("Form_OLEDragDrop", [&] { form_.File().LoadDropped(file); }); });
 }
 
 void MainWindow::ShowChooser() {
@@ -238,7 +241,8 @@ bool MainWindow::event(QEvent* event) {
   if (event->type() == QEvent::WindowActivate) {
     const bool fromOwnBox = std::exchange(boxesBefore_, dialogs_.Opened()) != dialogs_.Opened();
     if (!fromOwnBox && !dialogs_.IsOpen())
-      QTimer::singleShot(0, this, [this] { Run([this] { form_.Shell().Form_Activate(); }); });
+      QTimer::singleShot(0, this,
+                         [this] { Run("Form_Activate", [this] { form_.Shell().Form_Activate(); }); });
   }
   return QWidget::event(event);
 }

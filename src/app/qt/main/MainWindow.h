@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QWidget>
+#include <string_view>
 
 #include "acquisition/qt/PulseCapture.h"
 #include "acquisition/qt/QtEventPump.h"
@@ -52,10 +53,11 @@ class MainWindow : public QWidget, private ProgramEnd {
   void MakePanel();
   void Connect();
   void ConnectControl(const ControlRow& row);
-  /// Runs a handler; a close that was asked for in the middle of its run happens after it.
-  void Run(const std::function<void()>& handler);
+  /// Runs a handler, which lets nothing out; a close that was asked for in the middle of its run happens
+  /// after it.
+  void Run(std::string_view procedure, const std::function<void()>& handler);
   void Click(Control control) {
-    Run([this, control] { form_.Click(control); });
+    Run(RowOf(control).Name, [this, control] { form_.Click(control); });
   }
   void LeaveWithModuleOpen();
   void ShowChooser();
