@@ -94,6 +94,7 @@ void EditorCommands::Update() {
     View().ShowStatus("Row " + std::to_string(row) + " is no number: the plot stays as it is");
     return parts_.Dialogs.ShowText(RunTimeErrorText(error, "cmdUpdate_Click", kForm));
   }
+  if (LastLevel(readings) < 0) return View().ShowStatus("No row has a level: the plot stays as it is");
   display_.Run([&](PatternSession& pattern) { return pattern.Update(readings); });
 }
 

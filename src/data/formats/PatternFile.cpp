@@ -106,6 +106,7 @@ std::string WritePatternText(const ReadingsRecord& record, std::string_view vers
 
 void CapForFile(ReadingsRecord& record) {
   record.NumReadings = std::min<std::int16_t>(record.NumReadings, kLastWritten);
+  record.SavedNumReadings = std::min<std::int16_t>(record.SavedNumReadings, kLastWritten);
 }
 
 std::string QuotableText(std::string_view text) {

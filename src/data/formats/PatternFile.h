@@ -27,7 +27,7 @@ LoadOutcome LoadPatternFile(FileAccess& files, const std::string& path, const Lo
 /// to be escaped. Writes at most 360 readings: the caller has capped NumReadings (CapForFile).
 std::string WritePatternText(const ReadingsRecord& record, std::string_view versionText);
 
-/// A file holds at most 360 readings; the record keeps the capped value.
+/// A file holds at most 360 readings; the record keeps the capped value, and its saved copy has no more.
 void CapForFile(ReadingsRecord& record);
 
 /// A text that can stand between double quotes on one line: quotes and line breaks dropped.

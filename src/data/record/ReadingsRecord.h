@@ -35,6 +35,9 @@ class ReadingArray {
   std::array<float, kSize> values_{};
 };
 
+/// Index of the last reading that is not 0; -1 when all are. Deliberate: reading 360 is not looked at.
+int LastLevel(const ReadingArray& readings);
+
 /// One antenna pattern: the readings, the state of their plot and the words that describe them. Replaced
 /// wholesale by a load or a collection. Trims and rotation are also what their boxes show.
 struct ReadingsRecord {
@@ -43,6 +46,7 @@ struct ReadingsRecord {
       0;  ///< index of the LAST valid reading, not a count; -1 after a run halted at once
   ReadingArray SavedReadings;
   std::int16_t SavedNumReadings = 0;  ///< NumReadings when SavedReadings was taken
+  bool HasSavedReadings = false;      ///< a copy was taken
   double ReadingCount = 0.0;          ///< above 0: readings are held; 0: there is nothing to save
   std::int16_t ReadingsPlotted = 0;
   std::int16_t TrimFront = 0;  ///< readings dropped at the start
@@ -66,9 +70,8 @@ struct ReadingsRecord {
   /// Index of the last reading that the end trim leaves.
   int LastPlotted() const { return NumReadings - TrimEnd; }
 
-  /// Takes up readings from outside. The last index becomes that of the last one that is not 0 (-1 when all
-  /// are), and the count goes with it, so that the set can be saved. Deliberate: reading 360 is not looked
-  /// at.
+  /// Takes up readings from outside. The last index becomes that of the last level, and the count goes with
+  /// it, so that the set can be saved. The first readings that a record gets this way are their own originals.
   void TakeUp(const ReadingArray& readings);
   /// Takes the copy that the original-data command returns to.
   void SaveReadings();

@@ -58,7 +58,7 @@ void PatternSession::TurnToTop(Outcome& outcome) {
 
 Outcome PatternSession::Original() {
   return Do("cmdOriginalData_Click", [this](Outcome& outcome) {
-    if (!state_.Record.HasReadings()) return;
+    if (!state_.Record.HasSavedReadings) return;
     EndOverlay();
     PlotOriginals(outcome);
   });

@@ -152,6 +152,32 @@ TEST_F(EditorCommandsTest, an_update_ends_an_overlay) {
   EXPECT_FALSE(Pattern.Beneath());
 }
 
+TEST_F(EditorCommandsTest, after_the_first_update_of_a_fresh_window_original_brings_its_readings_back) {
+  std::string text;
+  for (int i = 0; i < 360; ++i) text += std::to_string(100 + i) + "\n";
+  Import(text);
+  Commands().cmdUpdate_Click();
+  Press(Control::cmdSmooth);
+  Press(Control::cmdOriginalData);
+  EXPECT_EQ(Record().NumReadings, 359);
+  EXPECT_EQ(Record().Readings(0), 100.F);
+  SaveAs("/home/ham/new.lbg");
+  EXPECT_NE(Files.Held["/home/ham/new.lbg"].find("\r\n459\r\n"), std::string::npos);
+}
+
+TEST_F(EditorCommandsTest, an_update_without_any_level_is_refused_and_original_still_works) {
+  HoldBeam();
+  const std::string before = WritePatternText(Record(), "");
+  Commands().cmdUpdate_Click();  // the grid is empty
+  EXPECT_EQ(Editor.Status, "No row has a level: the plot stays as it is");
+  EXPECT_EQ(WritePatternText(Record(), ""), before);
+  EXPECT_THAT(Dialogs.Messages, IsEmpty());
+  EXPECT_EQ(Grids(), 0);
+  Press(Control::cmdSmooth);
+  Press(Control::cmdOriginalData);
+  EXPECT_EQ(Record().Readings(0), 900.F);
+}
+
 TEST_F(EditorCommandsTest, update_with_an_empty_value_opens_no_box_and_changes_nothing) {
   HoldBeam();
   const ReadingArray before = Record().Readings;

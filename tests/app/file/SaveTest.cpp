@@ -148,6 +148,19 @@ TEST_F(SaveTest, ASetOf361ReadingsIsCappedInTheFileAndInMemory) {
   EXPECT_THAT(Files.Held["/p/new.lbg"], testing::StartsWith("359\r\n"));
 }
 
+TEST_F(SaveTest, TheCapHoldsForTheOriginalsToo) {
+  HoldChanged([](ReadingsRecord& record) {
+    record.NumReadings = 360;
+    record.Readings(360) = 5.F;
+  });
+  SaveAs("/p/new.lbg");
+  Press(cmdOriginalData);
+  EXPECT_EQ(Record().NumReadings, 359);
+  Forget();
+  Activate();
+  EXPECT_THAT(Dialogs.Texts(), IsEmpty());
+}
+
 TEST_F(SaveTest, TheNextDialogStartsWhereTheFileWent) {
   HoldBeam();
   SaveAs("/p/new.lbg");

@@ -186,8 +186,25 @@ TEST_F(SessionReadings, OriginalDrawsADamagedPatternWhichIsThenDrawnLikeAnyOther
   EXPECT_TRUE(Session.Drawable());
 }
 
-TEST_F(SessionReadings, OriginalDoesNothingWithoutReadings) {
+TEST_F(SessionReadings, OriginalDoesNothingWithoutASavedCopy) {
   EXPECT_THAT(Told(Session.Original()), IsEmpty());
+}
+
+TEST_F(SessionReadings, AFailedDeSpikeAfterAFirstUpdateBringsBackWhatWasUpdated) {
+  ReadingArray readings = Beam().Readings;
+  readings(150) = readings(151) = -1.F;
+  Session.Update(readings);
+  Session.DeSpike();
+  EXPECT_EQ(Session.Record().Readings, readings);
+}
+
+TEST_F(SessionReadings, TheFirstUpdateTakesTheSavedCopyAndLaterOnesLeaveIt) {
+  ReadingArray readings = Beam().Readings;
+  Session.Update(readings);
+  readings(0) = 7.F;
+  Session.Update(readings);
+  Session.Original();
+  EXPECT_EQ(Session.Record().Readings, Beam().Readings);
 }
 
 TEST_F(SessionReadings, CommandsDependOnTheirOrder) {
