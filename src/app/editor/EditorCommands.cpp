@@ -47,10 +47,11 @@ void EditorCommands::Run(const char* procedure, const std::function<void()>& han
   Guarded(parts_.Dialogs, procedure, kForm, handler);
 }
 
+/// The grid is emptied for what was read, never before: a mistyped name leaves the rows alone.
 void EditorCommands::Import(const std::string& path) {
-  grid_.Reset();
   try {
     const CsvReadings readings = ReadCsv(*parts_.Files.Open(path));
+    grid_.Reset();
     grid_.GetFromCsv(readings);
     View().ShowStatus(CsvSummary(readings));
     if (readings.ReadError) throw RunTimeError(fault::kDeviceIo, path);

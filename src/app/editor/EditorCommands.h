@@ -23,7 +23,8 @@ class EditorCommands {
 
   void cmdGetDataFromPlot_Click();
   /// Asks for a CSV file (a name without ".csv" gets it) and fills the grid from its top. Cancelled: nothing
-  /// changes. A file that cannot be read leaves what was read of it, and the status line says why.
+  /// changes, nor with a file that cannot be opened. One that cannot be read to its end leaves what was read
+  /// of it. The status line says why.
   void cmdGetDataFromFile_Click();
   void cmdInsert_Click();
   void cmdDelete_Click();

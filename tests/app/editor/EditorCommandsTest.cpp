@@ -102,6 +102,13 @@ TEST_F(EditorCommandsTest, a_file_that_is_not_there_is_named_without_a_box) {
   EXPECT_THAT(Dialogs.Messages, IsEmpty());
 }
 
+TEST_F(EditorCommandsTest, a_mistyped_name_leaves_the_rows_that_were_edited) {
+  Commands().EditValue(1, "7");
+  Editor.CsvFile = "/home/ham/none";
+  Commands().cmdGetDataFromFile_Click();
+  EXPECT_EQ(Value(1), "7");
+}
+
 TEST_F(EditorCommandsTest, inserts_and_deletes_at_the_current_row) {
   Import("1,2,3");
   Editor.Row = 2;
