@@ -67,11 +67,14 @@ struct ReadingsRecord {
 
   bool operator==(const ReadingsRecord&) const = default;
   bool HasReadings() const { return ReadingCount > 0.0; }
+  /// There is a reading that trims could speak of: not after a turn that was halted at once.
+  bool HasAny() const { return NumReadings >= 0; }
   /// Index of the last reading that the end trim leaves.
   int LastPlotted() const { return NumReadings - TrimEnd; }
 
   /// Takes up readings from outside. The last index becomes that of the last level, and the count goes with
-  /// it, so that the set can be saved. The first readings that a record gets this way are their own originals.
+  /// it, so that the set can be saved. The first readings that a record gets this way are their own
+  /// originals.
   void TakeUp(const ReadingArray& readings);
   /// Takes the copy that the original-data command returns to.
   void SaveReadings();

@@ -79,6 +79,7 @@ void PatternSession::Draw(Outcome& outcome, bool over) {
 
 void PatternSession::PlotRecord(Outcome& outcome, bool over) {
   ReadingsRecord& record = state_.Record;
+  if (!record.HasAny()) return;
   plot_ = BeginPlot(record, typed_, style_, rules_);
   ShowRefusal(outcome, plot_.Message, plot_.Refused);
   if (!plot_.FieldsSettled) return;

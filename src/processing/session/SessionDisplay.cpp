@@ -101,6 +101,7 @@ Outcome PatternSession::Integrate() {
 
 void PatternSession::ShowIntegratedGain(Outcome& outcome) {
   ReadingsRecord& record = state_.Record;
+  if (!record.HasAny()) return;
   const RangeCheck check = CheckRange(record, typed_, rules_.AnyLength);
   ShowRefusal(outcome, check.Message, check.Refused);
   if (!check.Passed) return;

@@ -12,7 +12,7 @@ constexpr int kFewestToOrient = 2;
 Outcome PatternSession::Smooth() {
   return Do("cmdSmooth_Click", [this](Outcome& outcome) {
     EndOverlay();
-    lobegraph::Smooth(state_.Record);
+    if (state_.Record.HasReadings()) lobegraph::Smooth(state_.Record);
     Draw(outcome);
   });
 }

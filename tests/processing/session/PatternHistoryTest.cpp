@@ -115,6 +115,14 @@ TEST_F(PatternHistoryTest, WhatChangedNothingIsNoStep) {
   EXPECT_EQ(Session.Record().Rotate, 0.F);
 }
 
+TEST_F(PatternHistoryTest, WithNothingHeldNoCommandIsAStep) {
+  Session.Smooth();
+  Session.Reverse();
+  Session.DeSpike();
+  Session.Original();
+  EXPECT_THAT(Told(Session.Undo()), IsEmpty());
+}
+
 TEST_F(PatternHistoryTest, ANewChangeEndsWhatCouldBeTakenAgain) {
   Load(Beam());
   Session.Smooth();

@@ -94,6 +94,16 @@ TEST_F(SessionDisplay, AReadingOfZeroIsAFaultBehindItsFieldsWhichSmoothingMends)
   EXPECT_TRUE(Session.Plot().PlotDone);
 }
 
+TEST_F(SessionDisplay, WithoutAnyReadingNothingIsSaidOfTrims) {
+  Session.BeginCollection("DL0XY", "now");
+  Session.RunRecord().NumReadings = -1;  // halted at once
+  Session.EndRun();
+  EXPECT_THAT(Placed({.Rotate = 400, .TrimFront = 3}), ElementsAre("grid"));
+  EXPECT_THAT(Told(Session.Smooth()), ElementsAre("grid"));
+  EXPECT_THAT(Told(Session.DeSpike()), IsEmpty());
+  EXPECT_THAT(Told(Session.Integrate()), IsEmpty());
+}
+
 TEST_F(SessionDisplay, TheFormTogglesAndTurnsA180DegreeSet) {
   Load(Beam());
   EXPECT_THAT(Told(Session.ToggleForm()), ElementsAre("grid", "fields 0 0 0", "trace", HasSubstr("figures")));
