@@ -7,6 +7,11 @@ namespace {
 
 constexpr const char* kEnding = ".lbg";
 
+const char* LoadedHint(const PatternSession& pattern) {
+  return pattern.Drawable() ? "Circ / Rect and Lin / Log show it in another way."
+                            : "Damaged: the editor can show what was read.";
+}
+
 std::string FolderOf(const std::string& path) {
   return path.substr(0, path.size() - FileNameOf(path).size());
 }
@@ -36,7 +41,7 @@ void FileCommands::Load(const std::string& path, LoadCommand command) {
   display_.Run([&](PatternSession& pattern) { return (pattern.*command)(path, reader); });
   if (!read) return;
   parts_.Shared.WorkingFolder = FolderOf(path);
-  parts_.View.SetText(Control::lblHint, "Circ / Rect and Lin / Log show it in another way.");
+  parts_.View.SetText(Control::lblHint, LoadedHint(parts_.Pattern));
 }
 
 void FileCommands::cmdSaveData_Click() {

@@ -85,6 +85,7 @@ void PatternSession::PlotRecord(Outcome& outcome, bool over) {
   if (!plot_.FieldsSettled) return;
   ShowPlotFields(outcome);
   CompletePlot(record, style_, rules_, plot_);
+  state_.HalfLoaded = false;  // what could be drawn once is drawn like any other pattern from now on
   outcome.Add(show::Trace{plot_, over, style_.Minus3dBMarks});
   beamwidthDeg_ = plot_.BeamwidthDeg;
   ShowFigures(outcome, plot_.Figures);

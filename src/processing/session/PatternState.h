@@ -11,7 +11,8 @@ struct PatternState {
   ReadingsRecord Record;
   /// The pattern beneath an overlay, drawn first so that the pair survives everything that draws again.
   std::optional<ReadingsRecord> Beneath;
-  /// A damaged file left a part of its readings: shown in numbers and texts, never drawn by itself.
+  /// A damaged file left a part of its readings: shown in numbers and texts, and not drawn until a command of
+  /// the user's has been able to.
   bool HalfLoaded = false;
   /// The description came from a file, so a new pattern clears it.
   bool DescriptionLoaded = false;

@@ -138,6 +138,29 @@ TEST_F(DamagedFilesTest, WithoutADescriptionTheCaptionSaysSo) {
   EXPECT_FALSE(Pattern.DescriptionLoaded());
 }
 
+TEST_F(DamagedFilesTest, WhatRescaleHasDrawnEveryCommandAndTheWindowDrawAgain) {
+  Files.Held["/patterns/damaged.lbg"] = CutBefore(kDescription + 1);
+  Load("/patterns/damaged.lbg");
+  Press(cmdRescaleData);
+  ASSERT_GT(Surface.Count("line", kTraceColour), 0);
+  for (const Control control : {cmdLogLin, cmdLinear, chkShow3dB, cmdSmooth}) {
+    Forget();
+    Press(control);
+    EXPECT_GT(Surface.Count("line", kTraceColour), 0) << RowOf(control).Name;
+  }
+  Forget();
+  Activate();
+  EXPECT_GT(Surface.Count("line", kTraceColour), 0);
+}
+
+TEST_F(DamagedFilesTest, TheHintAdvisesNothingThatDrawsNothing) {
+  Files.Held["/patterns/damaged.lbg"] = CutBefore(200);
+  Load("/patterns/damaged.lbg");
+  EXPECT_EQ(Text(lblHint), "Damaged: the editor can show what was read.");
+  HoldBeam();
+  EXPECT_EQ(Text(lblHint), "Circ / Rect and Lin / Log show it in another way.");
+}
+
 TEST_F(DamagedFilesTest, AfterADamagedFileAGoodOneIsDrawnAgain) {
   Files.Held["/patterns/damaged.lbg"] = CutBefore(200);
   Load("/patterns/damaged.lbg");

@@ -75,6 +75,15 @@ TEST_F(SessionFiles, ADamagedFileShowsItsFieldsAndTheFaultAndIsNeverDrawnByItsel
   EXPECT_TRUE(Session.Drawable());
 }
 
+TEST_F(SessionFiles, ADamagedPatternThatACommandHasDrawnIsDrawnByEveryOther) {
+  const std::string whole = WritePatternText(Beam(), "");
+  Session.Load("/p/cut.lbg", Bytes(whole.substr(0, whole.size() - 30)));
+  EXPECT_FALSE(Session.Redraw().Plotted);
+  EXPECT_TRUE(Session.Orient().Plotted);
+  EXPECT_TRUE(Session.ToggleLogarithmic().Plotted);
+  EXPECT_TRUE(Session.Redraw().Plotted);
+}
+
 TEST_F(SessionFiles, AWarningStandsBeforeTheNewPatternIsShown) {
   Session.SetRules({.PeakInputLevel = 500.F});
   ReadingsRecord strong = Beam(0);
