@@ -1,5 +1,7 @@
 #include "app/plot/PatternDisplay.h"
 
+#include <algorithm>
+
 #include "app/plot/FigureNotes.h"
 #include "data/base/Numbers.h"
 #include "processing/Beamwidth.h"
@@ -18,19 +20,42 @@ Control BoxOf(PlacementPart part) {
   }
 }
 
+/// Messages and faults of an outcome, as one text.
+std::string RefusalOf(const Outcome& outcome) {
+  std::string text;
+  for (const Step& step : outcome.Steps) {
+    if (const auto* message = std::get_if<show::Message>(&step)) text += message->Text + '\n';
+    if (const auto* fault = std::get_if<show::Fault>(&step))
+      text += RunTimeErrorText(fault->Error, fault->Procedure) + '\n';
+  }
+  return text;
+}
+
+bool Draws(const Outcome& outcome) {
+  return std::any_of(outcome.Steps.begin(), outcome.Steps.end(),
+                     [](const Step& step) { return std::holds_alternative<show::Grid>(step); });
+}
+
 }  // namespace
 
 Outcome PatternDisplay::Run(const Command& command) {
-  TakeInput();
-  Outcome outcome = command(parts_.Pattern);
-  const PlotStyle& style = parts_.Pattern.Style();
-  parts_.Shared.Settings.LinearMode = style.Rectangular;
-  parts_.Shared.Settings.ShowLogScale = style.Logarithmic();
-  Show(outcome);
+  Outcome outcome = Ask(command);
+  if (Draws(outcome)) refused_ = RefusalOf(outcome);
+  Show(outcome, Telling::Boxes);
   return outcome;
 }
 
-void PatternDisplay::TakeInput() {
+void PatternDisplay::Redraw() {
+  const Outcome outcome = Ask(&PatternSession::Redraw);
+  const bool told = RefusalOf(outcome) == refused_;
+  refused_ = RefusalOf(outcome);
+  Show(outcome, told ? Telling::Line : Telling::Boxes);
+}
+
+void PatternDisplay::Show(const Outcome& outcome) { Show(outcome, Telling::Boxes); }
+
+/// Runs a command on what boxes and settings say.
+Outcome PatternDisplay::Ask(const Command& command) {
   const SettingsValues& settings = parts_.Shared.Settings;
   const auto typed = [this](PlacementPart part) { return TypedNumber(parts_.View.Text(BoxOf(part))); };
   parts_.Pattern.Type(
@@ -38,12 +63,32 @@ void PatternDisplay::TakeInput() {
   parts_.Pattern.SetRules({.PeakInputLevel = settings.PeakInputLevel,
                            .SpikeDetectLevel = settings.SpikeDetectLevel,
                            .AnyLength = parts_.View.Checked(Control::chkCalibrate)});
+  Outcome outcome = command(parts_.Pattern);
+  const PlotStyle& style = parts_.Pattern.Style();
+  parts_.Shared.Settings.LinearMode = style.Rectangular;
+  parts_.Shared.Settings.ShowLogScale = style.Logarithmic();
+  return outcome;
 }
 
-void PatternDisplay::Show(const Outcome& outcome) {
+void PatternDisplay::Show(const Outcome& outcome, Telling telling) {
+  telling_ = telling;
   ++showing_;
   for (const Step& step : outcome.Steps) std::visit([this](const auto& one) { Do(one); }, step);
   --showing_;
+}
+
+void PatternDisplay::Do(const show::Message& message) {
+  Tell(message.Text, [&] { parts_.Dialogs.ShowText(message.Text); });
+}
+
+void PatternDisplay::Do(const show::Fault& fault) {
+  Tell(RunTimeErrorText(fault.Error, fault.Procedure),
+       [&] { ReportFault(parts_.Dialogs, fault.Error, fault.Procedure); });
+}
+
+void PatternDisplay::Tell(const std::string& text, const std::function<void()>& box) {
+  if (telling_ == Telling::Line) return parts_.View.SetText(Control::lblHint, text);
+  box();
 }
 
 void PatternDisplay::Do(const show::PlotFields& fields) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <string>
 
 #include "app/parts/AppParts.h"
 #include "app/plot/PlotBoard.h"
@@ -18,15 +19,20 @@ class PatternDisplay {
 
   /// @return what was shown
   Outcome Run(const Command& command);
-  /// The whole picture again as it is.
-  void Redraw() { Run(&PatternSession::Redraw); }
+  /// The whole picture again as it is, though nobody asked for it: what is refused as it was before is said
+  /// in the line below the plot, and not in a box again.
+  void Redraw();
   /// Shows the steps in their order; a message stays until the user closes it.
   void Show(const Outcome& outcome);
   /// A message of an outcome may be open: its further steps are still to come.
   bool Showing() const { return showing_ > 0; }
 
  private:
-  void TakeInput();
+  /// What becomes of messages and faults.
+  enum class Telling { Boxes, Line };
+  Outcome Ask(const Command& command);
+  void Show(const Outcome& outcome, Telling telling);
+  void Tell(const std::string& text, const std::function<void()>& box);
   void Do(const show::Grid& grid) { board_.DrawGrid(grid); }
   void Do(const show::Trace& trace) { board_.DrawPattern(trace); }
   void Do(const show::PlotFields& fields);
@@ -37,12 +43,14 @@ class PatternDisplay {
   void Do(const show::Polarization& polarization);
   void Do(const show::Figures& figures);
   void Do(const show::IntegratedGain& gain);
-  void Do(const show::Message& message) { parts_.Dialogs.ShowText(message.Text); }
-  void Do(const show::Fault& fault) { ReportFault(parts_.Dialogs, fault.Error, fault.Procedure); }
+  void Do(const show::Message& message);
+  void Do(const show::Fault& fault);
 
   AppParts parts_;
   PlotBoard& board_;
   int showing_ = 0;
+  Telling telling_ = Telling::Boxes;
+  std::string refused_;  ///< what the last drawing was refused with
 };
 
 }  // namespace lobegraph

@@ -39,6 +39,57 @@ TEST_F(RedrawTest, ActivationDrawsGridAndReadings) {
   EXPECT_EQ(Surface.Count("line", kUserColour), 2);
 }
 
+struct Refused {
+  const char* Name;
+  void (*Change)(ReadingsRecord&);
+  const char* Typed;
+};
+class RefusedAgainTest : public RedrawTest, public testing::WithParamInterface<Refused> {};
+
+TEST_P(RefusedAgainTest, IsSaidInABoxOnceAndInTheLineWhenTheWindowIsOnlyActivated) {
+  ReadingsRecord record = FileRecord();
+  GetParam().Change(record);
+  LoadRecord(record);
+  if (*GetParam().Typed != 0) Enter(txtTrimEnd, GetParam().Typed);
+  ASSERT_EQ(Dialogs.Messages.size(), 1U);
+  const std::string said = Dialogs.Messages[0].Text;
+  for (int time = 0; time < 3; ++time) {
+    Forget();
+    Type(lblHint, "");
+    Activate();
+    EXPECT_THAT(Dialogs.Texts(), IsEmpty());
+    EXPECT_EQ(Text(lblHint), said);
+    EXPECT_EQ(Grids(), 1);
+  }
+  Press(cmdLogLin);
+  EXPECT_THAT(Dialogs.Texts(), ElementsAre(said)) << "an explicit command says it in its box";
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Patterns, RefusedAgainTest,
+    testing::Values(Refused{"AReadingOf0", [](ReadingsRecord& r) { r.Readings(100) = 0.F; }, ""},
+                    Refused{"ATrimBeyondTheRecord", [](ReadingsRecord&) {}, "99999"},
+                    Refused{"361Readings", [](ReadingsRecord& r) { r.NumReadings = 360; }, ""},
+                    Refused{"30Readings", [](ReadingsRecord& r) { r.NumReadings = 29; }, ""}),
+    [](const auto& one) { return one.param.Name; });
+
+TEST_F(RedrawTest, WhatWasNotSaidYetIsSaidInABoxEvenThoughTheWindowIsOnlyActivated) {
+  HoldBeam();
+  Type(txtTrimEnd, "305");
+  Activate();
+  EXPECT_THAT(Dialogs.Texts(), ElementsAre("LBG011 Less than 60 readings - plot aborted"));
+  Choose("  2");  // changes nothing of it
+  Forget();
+  Activate();
+  EXPECT_THAT(Dialogs.Texts(), IsEmpty());
+  Type(txtTrimEnd, "0");
+  Activate();
+  EXPECT_EQ(Surface.Count("line", kTraceColour), 360);
+  Type(txtTrimEnd, "305");
+  Activate();
+  EXPECT_EQ(Dialogs.Messages.size(), 1U) << "it has been right in between";
+}
+
 TEST_F(RedrawTest, ActivationIsIgnoredDuringCollectionSweepAndLoad) {
   HoldBeam();
   for (bool* gate : {&Shared.Run.IsCollecting, &Shared.Run.IsSweeping, &Shared.Loading}) {
