@@ -52,6 +52,13 @@ void PatternDisplay::Redraw() {
   Show(outcome, told ? Telling::Line : Telling::Boxes);
 }
 
+void PatternDisplay::RedrawBeneathDialog() { Show(Ask(&PatternSession::Redraw), Telling::Nothing); }
+
+void PatternDisplay::DialogCloses() {
+  board_.ReleaseColours();
+  Redraw();
+}
+
 void PatternDisplay::Show(const Outcome& outcome) { Show(outcome, Telling::Boxes); }
 
 /// Runs a command on what boxes and settings say.
@@ -87,8 +94,8 @@ void PatternDisplay::Do(const show::Fault& fault) {
 }
 
 void PatternDisplay::Tell(const std::string& text, const std::function<void()>& box) {
-  if (telling_ == Telling::Line) return parts_.View.SetText(Control::lblHint, text);
-  box();
+  if (telling_ == Telling::Line) parts_.View.SetText(Control::lblHint, text);
+  if (telling_ == Telling::Boxes) box();
 }
 
 void PatternDisplay::Do(const show::PlotFields& fields) {

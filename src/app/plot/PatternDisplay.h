@@ -22,6 +22,11 @@ class PatternDisplay {
   /// The whole picture again as it is, though nobody asked for it: what is refused as it was before is said
   /// in the line below the plot, and not in a box again.
   void Redraw();
+  /// The same beneath an open dialog, of which nothing may be said and only the background seen: every other
+  /// colour is drawn as it was when the dialog opened.
+  void RedrawBeneathDialog();
+  void DialogOpens() { board_.KeepColours(); }
+  void DialogCloses();
   /// Shows the steps in their order; a message stays until the user closes it.
   void Show(const Outcome& outcome);
   /// A message of an outcome may be open: its further steps are still to come.
@@ -29,7 +34,7 @@ class PatternDisplay {
 
  private:
   /// What becomes of messages and faults.
-  enum class Telling { Boxes, Line };
+  enum class Telling { Boxes, Line, Nothing };
   Outcome Ask(const Command& command);
   void Show(const Outcome& outcome, Telling telling);
   void Tell(const std::string& text, const std::function<void()>& box);

@@ -51,12 +51,15 @@ void PlotBoard::ShowAnalysisControls(bool rectangular) {
 
 PlotColours PlotBoard::Colours() const {
   const SettingsValues& settings = parts_.Shared.Settings;
-  return {.PlotBackground = Colour::FromStored(settings.PlotBackground),
-          .PlotGridColour = Colour::FromStored(settings.PlotGridColour),
-          .PlotLineColour = Colour::FromStored(settings.PlotLineColour),
-          .PlotLineOverlayColour = Colour::FromStored(settings.PlotLineOverlayColour),
-          .PlotUserColour = Colour::FromStored(settings.PlotUserColour),
-          .PlotUserOverlayColour = Colour::FromStored(settings.PlotUserOverlayColour)};
+  const Colour background = Colour::FromStored(settings.PlotBackground);
+  PlotColours colours = kept_.value_or(
+      PlotColours{.PlotGridColour = Colour::FromStored(settings.PlotGridColour),
+                  .PlotLineColour = Colour::FromStored(settings.PlotLineColour),
+                  .PlotLineOverlayColour = Colour::FromStored(settings.PlotLineOverlayColour),
+                  .PlotUserColour = Colour::FromStored(settings.PlotUserColour),
+                  .PlotUserOverlayColour = Colour::FromStored(settings.PlotUserOverlayColour)});
+  colours.PlotBackground = background;
+  return colours;
 }
 
 }  // namespace lobegraph

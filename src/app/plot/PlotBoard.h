@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+
 #include "app/parts/AppParts.h"
 #include "processing/session/Outcome.h"
 #include "render/AnalysisLines.h"
@@ -25,6 +27,10 @@ class PlotBoard {
   void UsePlotUserColour();
   void PlotPoint(float positionDeg, float radius);
 
+  /// From now on only a new background is seen, until the colours are released.
+  void KeepColours() { kept_ = Colours(); }
+  void ReleaseColours() { kept_.reset(); }
+
   /// What lies above the picture; forgotten whenever the surface is cleared.
   AnalysisLines& Lines() { return lines_; }
   const PlotGeometry& Geometry() const { return plotter_.Geometry(); }
@@ -37,6 +43,7 @@ class PlotBoard {
   AppParts parts_;
   Plotter plotter_;
   AnalysisLines lines_;
+  std::optional<PlotColours> kept_;
 };
 
 }  // namespace lobegraph

@@ -20,6 +20,7 @@ bool SettingsCommands::MayOpen(SettingsWay way) const {
 void SettingsCommands::Form_Load() {
   parts_.Shared.NoticeText = kDialogNotice;
   dialog_ = std::make_unique<SettingsDialog>(parts_.Shared.Settings, store_);
+  display_.DialogOpens();
 }
 
 bool SettingsCommands::Validate(SettingsBox box) {
@@ -76,7 +77,7 @@ void SettingsCommands::cmdCancel_Click() {
 
 void SettingsCommands::Closed() {
   dialog_.reset();
-  display_.Redraw();
+  display_.DialogCloses();
 }
 
 void SettingsCommands::ApplyInputLevelsAndRotationTime() {
@@ -89,7 +90,7 @@ void SettingsCommands::ApplyInputLevelsAndRotationTime() {
 
 void SettingsCommands::DrawOnNewBackground() {
   ShowBackground();
-  display_.Redraw();
+  display_.RedrawBeneathDialog();
 }
 
 void SettingsCommands::ShowBackground() {

@@ -139,6 +139,29 @@ TEST_F(SettingsCommandsTest, OnlyTheBackgroundIsSeenAtOnce) {
   EXPECT_EQ(Shared.Settings.PlotGridColour, 1 + 256 * 2 + 65536 * 3);
 }
 
+TEST_F(SettingsCommandsTest, ASetThatCannotBeDrawnOpensNoBoxBeneathTheDialogNorAfterIt) {
+  HoldChanged([](ReadingsRecord& record) { record.NumReadings = 29; });
+  Open();
+  settings_.cmdDefault_Click();
+  settings_.ChooseColour(Row("cmdPlotBackground"), Colour{1, 2, 3});
+  EXPECT_THAT(Dialogs.Texts(), IsEmpty());
+  settings_.cmdOK_Click();
+  settings_.Closed();
+  EXPECT_THAT(Dialogs.Texts(), IsEmpty()) << "it was said when the file was got";
+}
+
+TEST_F(SettingsCommandsTest, WhileTheDialogIsOpenOnlyTheBackgroundTakesItsColour) {
+  HoldBeam();
+  Open();
+  settings_.ChooseColour(Row("cmdPlotLineColour"), Colour{255, 0, 255});
+  settings_.ChooseColour(Row("cmdPlotBackground"), Colour{1, 2, 3});
+  EXPECT_EQ(Surface.Count("line", kTraceColour), 360);
+  EXPECT_EQ(Surface.Count("line", "#ff00ff"), 0);
+  settings_.cmdOK_Click();
+  settings_.Closed();
+  EXPECT_EQ(Surface.Count("line", "#ff00ff"), 360);
+}
+
 TEST_F(SettingsCommandsTest, ACancelledColourLeavesTheColour) {
   Open();
   settings_.ChooseColour(Row("cmdPlotBackground"), std::nullopt);
