@@ -48,10 +48,13 @@ constexpr auto kColours = std::to_array<SettingsColourRow>({
     {"cmdPlotBackground", &SettingsValues::PlotBackground, 14737632, "Colour of background.", false},
 });
 
+/// @throws RunTimeError 6 as LeadingNumber
+double Typed(const std::string& text) { return LeadingNumber(WithDecimalPoint(text)); }
+
 bool InRange(const SettingsBoxRow& row, const std::string& text) {
   try {
     const double value =
-        row.WholePart ? std::floor(LeadingNumber(text)) : Currency::FromText(text).ToDouble();
+        row.WholePart ? std::floor(Typed(text)) : Currency::FromText(WithDecimalPoint(text)).ToDouble();
     return value >= row.Lowest && value <= row.Highest;
   } catch (const RunTimeError&) {
     return false;  // too large for any number is out of every range
@@ -83,7 +86,7 @@ std::optional<std::string> SettingsDialog::Validate(SettingsBox box) {
 }
 
 void SettingsDialog::TakeAtOnce(SettingsBox box) {
-  const double wholePart = std::floor(LeadingNumber(Text(box)));
+  const double wholePart = std::floor(Typed(Text(box)));
   if (box == txtPeakInputLevel) values_.PeakInputLevel = ToSingle(wholePart);
   if (box == txtSpikeDetectLevel) values_.SpikeDetectLevel = ToInt16(wholePart);
   if (box == txtMaxRotationTime) values_.MaxRotationTime = std::to_string(ToInt32(wholePart));
@@ -102,10 +105,10 @@ void SettingsDialog::SetDefaultColours() {
 }
 
 void SettingsDialog::Accept() {
-  values_.DetectStopNumberOfReadings = ToInt16(LeadingNumber(Text(txtDetectStopNumberOfReadings)));
-  values_.DetectStopLevel = ToSingle(LeadingNumber(Text(txtDetectStopLevel)));
-  values_.DetectStartLevel = ToSingle(LeadingNumber(Text(txtDetectStartLevel)));
-  values_.StartupDelay = Currency::FromText(Text(txtStartupDelay));
+  values_.DetectStopNumberOfReadings = ToInt16(Typed(Text(txtDetectStopNumberOfReadings)));
+  values_.DetectStopLevel = ToSingle(Typed(Text(txtDetectStopLevel)));
+  values_.DetectStartLevel = ToSingle(Typed(Text(txtDetectStartLevel)));
+  values_.StartupDelay = Currency::FromText(WithDecimalPoint(Text(txtStartupDelay)));
   SaveDialogSettings(store_, values_);
 }
 

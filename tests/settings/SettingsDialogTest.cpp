@@ -45,6 +45,21 @@ TEST_F(SettingsDialogTest, TheBoxesShowTheValuesInTheirShortestForm) {
   EXPECT_EQ(dialog.Text(txtMaxRotationTime), "2 min") << "the stored text itself";
 }
 
+TEST_F(SettingsDialogTest, ADecimalCommaIsAPointWhereABoxTakesAFraction) {
+  EXPECT_FALSE(Enter(txtStartupDelay, "0,75"));
+  EXPECT_TRUE(Enter(txtStartupDelay, "1,01"));
+  EXPECT_FALSE(Enter(txtStartupDelay, "0,75"));
+  EXPECT_FALSE(Enter(txtDetectStartLevel, "7,5"));
+  EXPECT_FALSE(Enter(txtDetectStopLevel, "40,9"));
+  EXPECT_FALSE(Enter(txtMaxRotationTime, "20,9"));
+  dialog_.Accept();
+  EXPECT_EQ(values_.StartupDelay, Currency::FromTenThousandths(7500));
+  EXPECT_EQ(values_.DetectStartLevel, 7.5F);
+  EXPECT_EQ(values_.DetectStopLevel, 40.9F);
+  EXPECT_EQ(values_.MaxRotationTime, "20");
+  EXPECT_EQ(store_.Held("StartupDelay"), "0.75");
+}
+
 TEST_F(SettingsDialogTest, EveryBoxStandsInItsGroupUnderItsLabel) {
   const struct {
     SettingsBox Box;

@@ -91,9 +91,20 @@ ScannedNumber ScanNumber(std::string_view text) {
 
 double LeadingNumber(std::string_view text) { return ScanNumber(text).Value; }
 
+std::string WithDecimalPoint(std::string_view typed) {
+  std::string text(typed);
+  const auto comma = text.find(',');
+  if (comma == std::string::npos || text.find('.') < comma) return text;
+  const bool digitsBehind = comma + 1 < text.size() && IsDigit(text[comma + 1]);
+  const bool digitsBefore = comma > 0 && IsDigit(text[comma - 1]);
+  const bool beginsWithIt = text.find_first_not_of(" \t+-") == comma;
+  if (digitsBehind && (digitsBefore || beginsWithIt)) text[comma] = '.';
+  return text;
+}
+
 double TypedNumber(std::string_view text) {
   try {
-    return LeadingNumber(text);
+    return LeadingNumber(WithDecimalPoint(text));
   } catch (const RunTimeError&) {
     return std::numeric_limits<double>::infinity();
   }

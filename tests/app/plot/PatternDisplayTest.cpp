@@ -141,6 +141,13 @@ TEST_F(PatternDisplayTest, ACommandGetsWhatIsTypedAndWhatTheSettingsSay) {
       << "a short set is plotted meanwhile";
 }
 
+TEST_F(PatternDisplayTest, ADecimalCommaIsTakenForAPoint) {
+  HoldBeam();
+  Enter(txtRotate, "12,5");
+  EXPECT_EQ(Record().Rotate, 12.5F);
+  EXPECT_EQ(Text(txtRotate), "12.5");
+}
+
 TEST_F(PatternDisplayTest, AnActivationBehindAMessageDrawsNothing) {
   long gridsWhileOpen = -1;
   Dialogs.WhileOpen = [&] {

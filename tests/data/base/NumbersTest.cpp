@@ -45,6 +45,16 @@ TEST(TypedNumberTest, ANumberBeyondADoubleIsInfiniteAndNoFault) {
   EXPECT_TRUE(std::isinf(TypedNumber("1e999")));
 }
 
+TEST(TypedNumberTest, ADecimalCommaIsAPoint) {
+  EXPECT_EQ(TypedNumber("0,25"), 0.25);
+  EXPECT_EQ(TypedNumber("-12,5 degrees"), -12.5);
+  EXPECT_EQ(TypedNumber(" ,5"), 0.5);
+  EXPECT_EQ(TypedNumber("12, 5"), 12.0);
+  EXPECT_EQ(TypedNumber("1.5,5"), 1.5);
+  EXPECT_EQ(TypedNumber("x,5"), 0.0);
+  EXPECT_EQ(TypedNumber(","), 0.0);
+}
+
 TEST(NumbersTest, TheScanSaysWhereTheNumberStands) {
   const ScannedNumber number = ScanNumber("  -12.5dB");
   EXPECT_EQ(number.Begin, 2U);
