@@ -31,6 +31,17 @@ class Convert : public ::testing::Test {
   std::ostringstream output_, complaints_;
 };
 
+TEST_F(Convert, APatternWithoutADescriptionIsNamedAfterItsFile) {
+  for (const char* none : {"No description", "no description"}) {
+    ReadingsRecord record = StoredBeam();
+    record.Description = none;
+    files_.Content["beam.lbg"] = StoredText(record);
+    ASSERT_EQ(Run("beam.lbg", "m.msi"), 0);
+    EXPECT_THAT(files_.Content["m.msi"], HasSubstr("NAME beam.lbg"));
+    EXPECT_THAT(files_.Content["m.msi"], ::testing::Not(HasSubstr(none)));
+  }
+}
+
 TEST_F(Convert, ThereAndBackThroughEachFormatWithinItsResolution) {
   ReadingsRecord record = StoredBeam();
   record.Rotate = 25.F;

@@ -48,7 +48,7 @@ void FileCommands::cmdSaveData_Click() {
   PatternSession& pattern = parts_.Pattern;
   if (!pattern.Record().HasReadings()) return parts_.Dialogs.ShowText("LBG003 No data to save");
   const std::string typed = parts_.View.Text(Control::txtDescription);
-  pattern.Describe(typed.empty() ? "No description" : typed);
+  pattern.Describe(typed.empty() ? kNoDescription : typed);
   parts_.View.SetText(Control::lblFileDescription, pattern.Record().Description);
   const auto chosen = parts_.Dialogs.SaveFile(parts_.Shared.WorkingFolder);
   if (!chosen || chosen->empty()) return;

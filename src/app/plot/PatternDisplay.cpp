@@ -104,7 +104,7 @@ void PatternDisplay::Do(const show::PlotFields& fields) {
   parts_.View.SetText(Control::txtReadingsPlotted, std::to_string(fields.ReadingsPlotted));
   parts_.View.SetText(Control::txtTrimFront, std::to_string(fields.TrimFront));
   parts_.View.SetText(Control::txtTrimEnd, std::to_string(fields.TrimEnd));
-  parts_.View.SetText(Control::txtDescription, fields.Description);
+  parts_.View.SetText(Control::txtDescription, IsDescription(fields.Description) ? fields.Description : "");
   parts_.View.SetText(Control::lblFileDescription, fields.Description);
 }
 

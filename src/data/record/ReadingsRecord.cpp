@@ -2,6 +2,11 @@
 
 namespace lobegraph {
 
+bool IsDescription(std::string_view text) {
+  // A load begins with the second one, which a damaged file leaves.
+  return !text.empty() && text != kNoDescription && text != "no description";
+}
+
 int LastLevel(const ReadingArray& readings) {
   int last = ReadingArray::kLast - 1;
   while (last >= 0 && readings(last) == 0.F) --last;

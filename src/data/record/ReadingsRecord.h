@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <source_location>
 #include <string>
+#include <string_view>
 
 #include "data/base/RunTimeError.h"
 
@@ -34,6 +35,12 @@ class ReadingArray {
   }
   std::array<float, kSize> values_{};
 };
+
+/// What stands for a description in a file that has none, and in the window until one is typed.
+inline constexpr const char* kNoDescription = "No description";
+
+/// Words of somebody's, not the texts that say there are none.
+bool IsDescription(std::string_view text);
 
 /// Index of the last reading that is not 0; -1 when all are. Deliberate: reading 360 is not looked at.
 int LastLevel(const ReadingArray& readings);
@@ -69,6 +76,7 @@ struct ReadingsRecord {
   bool HasReadings() const { return ReadingCount > 0.0; }
   /// There is a reading that trims could speak of: not after a turn that was halted at once.
   bool HasAny() const { return NumReadings >= 0; }
+  bool HasDescription() const { return IsDescription(Description); }
   /// Index of the last reading that the end trim leaves.
   int LastPlotted() const { return NumReadings - TrimEnd; }
 

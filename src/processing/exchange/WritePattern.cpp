@@ -66,7 +66,7 @@ PatternTable TableOf(const Settled& settled) {
   table.Rows = RowsOf(settled);
   AddPoints(table, record.Plot180);
   const CutFigures figures = FiguresOfRecord(record);
-  table.Name = record.Description.empty() ? record.FileName : record.Description;
+  table.Name = record.HasDescription() ? record.Description : record.FileName;
   table.CollectedBy = record.CollectedBy;
   table.CollectedDate = record.CollectedDate;
   table.Horizontal = record.PolarizationHorizontal;

@@ -8,6 +8,7 @@ void ForgetWhatFollows(ReadingsRecord& record) {
   record.PeakLevelDb = 0.F;
   record.PeakIndex = 0;
   if (record.Plot180) record.Rotate = 0.F;  // always lies across the top
+  if (!record.HasDescription()) record.Description.clear();
   record.FilePath.clear();
   record.FileName.clear();
 }

@@ -99,9 +99,7 @@ std::string SvgOf(const Picture& picture) {
 }
 
 std::string LegendName(const ReadingsRecord& record) {
-  const std::string& words = record.Description;
-  const bool none = words.empty() || words == "no description" || words == "No description";
-  return none ? record.FileName : words;
+  return record.HasDescription() ? record.Description : record.FileName;
 }
 
 }  // namespace lobegraph

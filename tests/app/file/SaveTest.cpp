@@ -61,6 +61,21 @@ TEST_F(SaveTest, AnEmptyDescriptionIsSavedAsSuch) {
   EXPECT_EQ(Text(lblFileDescription), "No description");
 }
 
+TEST_F(SaveTest, WithoutADescriptionTheBoxStaysEmptySoThatOneCanBeTyped) {
+  HoldBeam();
+  Type(txtDescription, "");
+  Form.File().txtDescription_Change();
+  SaveAs("/patterns/new.lbg");
+  Activate();
+  EXPECT_EQ(Text(txtDescription), "");
+  EXPECT_EQ(Text(lblFileDescription), "No description");
+  Load("/patterns/new.lbg");
+  EXPECT_EQ(Text(txtDescription), "");
+  EXPECT_EQ(Text(lblFileDescription), "No description");
+  SaveAs("/patterns/new.lbg");
+  EXPECT_THAT(Files.Held["/patterns/new.lbg"], HasSubstr("\"No description\"\r\n"));
+}
+
 TEST_F(SaveTest, TheDescriptionIsTakenBeforeTheFileIsAskedFor) {
   HoldBeam();
   Type(txtDescription, "");

@@ -75,6 +75,11 @@ TEST(RunTimeErrorTest, AnyExceptionIsAFaultWithANumber) {
   EXPECT_EQ(odd.Detail(), "map::at");
 }
 
+TEST(ReadingsRecordTest, WhatSaysThatThereIsNoDescriptionIsNone) {
+  for (const char* none : {"", "No description", "no description"}) EXPECT_FALSE(IsDescription(none)) << none;
+  for (const char* words : {"Dipole", "No description yet"}) EXPECT_TRUE(IsDescription(words)) << words;
+}
+
 TEST(ReadingsRecordTest, ReadingsAreHeldWhenTheCountIsAbove0) {
   ReadingsRecord record;
   EXPECT_FALSE(record.HasReadings());

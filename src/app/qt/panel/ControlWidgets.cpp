@@ -9,6 +9,7 @@
 
 #include "app/qt/panel/WindowLayout.h"
 #include "app/qt/parts/ElidingLabel.h"
+#include "data/record/ReadingsRecord.h"
 
 namespace lobegraph {
 namespace {
@@ -36,6 +37,7 @@ QWidget* MakeTextBox(const ControlRow& row, QWidget& parent) {
   // These two have no label beside them.
   if (row.Id == Control::txtX) box->setPlaceholderText("Angle");
   if (row.Id == Control::txtY) box->setPlaceholderText("Level");
+  if (row.Id == Control::txtDescription) box->setPlaceholderText(kNoDescription);
   // What only shows a value is no stop on the way through the window by keyboard.
   // A file dropped on a box is dropped on the window.
   box->setAcceptDrops(false);
