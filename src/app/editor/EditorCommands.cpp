@@ -93,10 +93,24 @@ void EditorCommands::Update() {
   } catch (const RunTimeError& error) {
     View().SelectRow(row);
     View().ShowStatus("Row " + std::to_string(row) + " is no number: the plot stays as it is");
-    return parts_.Dialogs.ShowText(RunTimeErrorText(error, "cmdUpdate_Click", kForm));
+    return ReportFault(parts_.Dialogs, error, "cmdUpdate_Click", kForm, NoNumberAdvice(row));
   }
   if (LastLevel(readings) < 0) return View().ShowStatus("No row has a level: the plot stays as it is");
-  display_.Run([&](PatternSession& pattern) { return pattern.Update(readings); });
+  display_.Run([&](PatternSession& pattern) { return pattern.Update(readings); }, NegativeAdvice(readings));
+}
+
+std::string EditorCommands::NoNumberAdvice(int row) const {
+  return "Row " + std::to_string(row) + " reads \"" + grid_.Text(row, EditorColumn::Value) +
+         "\", which is no number. Type a level with digits and a point, or 0 for an empty place.";
+}
+
+/// A level below 0 has no place on a plot; which row holds it is said where the drawing fails.
+std::string EditorCommands::NegativeAdvice(const ReadingArray& readings) const {
+  for (int row = 1; row <= EditorGrid::kRows; ++row)
+    if (readings(row - 1) < 0.F)
+      return "Row " + std::to_string(row) + " reads \"" + grid_.Text(row, EditorColumn::Value) +
+             "\", which is below 0. Levels begin at 0: type another one and update again.";
+  return "";
 }
 
 void EditorCommands::Command1_Click() {

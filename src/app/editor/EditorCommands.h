@@ -46,6 +46,8 @@ class EditorCommands {
   void Run(const char* procedure, const std::function<void()>& handler);
   void Import(const std::string& path);
   void Update();
+  std::string NoNumberAdvice(int row) const;
+  std::string NegativeAdvice(const ReadingArray& readings) const;
   EditorView& View() const { return *parts_.frmEditLbg; }
 
   AppParts parts_;

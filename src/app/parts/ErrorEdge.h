@@ -1,6 +1,7 @@
 #pragma once
 
 #include <iostream>
+#include <string>
 #include <string_view>
 #include <utility>
 
@@ -11,10 +12,12 @@ namespace lobegraph {
 
 /// Shows a fault as the run-time error text; what the box does not say (a key, a file) goes to standard
 /// error.
+/// @param advice a sentence before it, for a slip that the user can mend
 inline void ReportFault(UserMessages& messages, const RunTimeError& error, std::string_view procedure,
-                        std::string_view form = "Form1") {
+                        std::string_view form = "Form1", const std::string& advice = "") {
   if (!error.Detail().empty()) std::cerr << "lobegraph: " << error.what() << '\n';
-  messages.Show({.Text = RunTimeErrorText(error, procedure, form)});
+  messages.Show(
+      {.Text = (advice.empty() ? "" : advice + "\r\n\r\n") + RunTimeErrorText(error, procedure, form)});
 }
 
 /// The edge at which faults end, whatever is thrown: runs a handler; the program lives on.

@@ -38,10 +38,12 @@ bool Draws(const Outcome& outcome) {
 
 }  // namespace
 
-Outcome PatternDisplay::Run(const Command& command) {
+Outcome PatternDisplay::Run(const Command& command, const std::string& advice) {
   Outcome outcome = Ask(command);
   if (Draws(outcome)) refused_ = RefusalOf(outcome);
+  advice_ = advice;
   Show(outcome, Telling::Boxes);
+  advice_.clear();
   return outcome;
 }
 
@@ -90,7 +92,7 @@ void PatternDisplay::Do(const show::Message& message) {
 
 void PatternDisplay::Do(const show::Fault& fault) {
   Tell(RunTimeErrorText(fault.Error, fault.Procedure),
-       [&] { ReportFault(parts_.Dialogs, fault.Error, fault.Procedure); });
+       [&] { ReportFault(parts_.Dialogs, fault.Error, fault.Procedure, "Form1", advice_); });
 }
 
 void PatternDisplay::Tell(const std::string& text, const std::function<void()>& box) {

@@ -17,8 +17,9 @@ class PatternDisplay {
 
   PatternDisplay(const AppParts& parts, PlotBoard& board) : parts_(parts), board_(board) {}
 
+  /// @param advice a sentence before the text of a fault: what the user can mend
   /// @return what was shown
-  Outcome Run(const Command& command);
+  Outcome Run(const Command& command, const std::string& advice = "");
   /// The whole picture again as it is, though nobody asked for it: what is refused as it was before is said
   /// in the line below the plot, and not in a box again.
   void Redraw();
@@ -55,6 +56,7 @@ class PatternDisplay {
   PlotBoard& board_;
   int showing_ = 0;
   Telling telling_ = Telling::Boxes;
+  std::string advice_;
   std::string refused_;  ///< what the last drawing was refused with
 };
 

@@ -202,12 +202,27 @@ TEST_F(EditorCommandsTest, a_value_that_is_no_number_is_an_error_that_names_and_
   Commands().EditValue(12, "abc");
   Commands().cmdUpdate_Click();
   EXPECT_EQ(Record().Readings, before);
-  EXPECT_THAT(Dialogs.Texts(),
-              ElementsAre(MatchesRegex("Error 13 .Type mismatch. in line [0-9]+ of procedure cmdUpdate_Click "
-                                       "of Form frmEditLbg")));
+  EXPECT_THAT(
+      Dialogs.Texts(),
+      ElementsAre(MatchesRegex(
+          "Row 12 reads \"abc\", which is no number. Type a level with digits and a point, or 0 for an "
+          "empty place.\r\n\r\nError 13 .Type mismatch. in line [0-9]+ of procedure cmdUpdate_Click of "
+          "Form frmEditLbg")));
   EXPECT_EQ(Editor.SelectedRow, 12);
   EXPECT_EQ(Editor.Status, "Row 12 is no number: the plot stays as it is");
   EXPECT_EQ(Grids(), 0);
+}
+
+TEST_F(EditorCommandsTest, a_value_below_0_is_named_with_its_row_before_the_fault_of_the_drawing) {
+  HoldBeam();
+  Commands().cmdGetDataFromPlot_Click();
+  Commands().EditValue(7, "-1");
+  Commands().cmdUpdate_Click();
+  EXPECT_THAT(
+      Dialogs.Texts(),
+      ElementsAre(MatchesRegex("Row 7 reads \"-1\", which is below 0. Levels begin at 0: type another one "
+                               "and update again.\r\n\r\nError 5 .Invalid procedure call or argument. in "
+                               "line [0-9]+ of procedure ReDraw of Form Form1")));
 }
 
 TEST_F(EditorCommandsTest, pasted_values_are_counted) {
