@@ -10,8 +10,7 @@
 namespace lobegraph {
 namespace {
 
-// Deliberate: these six-digit constants, so that a pattern keeps the figure by which antennas have been
-// compared.
+// Deliberate: six digits of pi, as in every figure that this one is compared with.
 constexpr double kPi = 3.141593;
 constexpr double kTwoPi = 6.283186;
 

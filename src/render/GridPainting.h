@@ -25,7 +25,7 @@ class LabelFont {
  public:
   explicit LabelFont(DrawingSurface& surface);
   /// Puts the former font back. Deliberate: its size comes back as a whole number (8.25 as 8), so texts drawn
-  /// after a grid have the size they have always had.
+  /// after a grid have one size whatever the desktop's font measured.
   void Restore();
 
  private:
