@@ -19,7 +19,7 @@ void FakePanel::Show(const RunEvent& event) {
   std::visit([this](const auto& what) { On(what); }, event);
 }
 
-/// What begins a turn or a sweep clears of the record.
+/// What begins a turn clears of the record.
 void FakePanel::ClearFields() {
   record_.TrimFront = 0;
   record_.TrimEnd = 0;
@@ -33,6 +33,7 @@ void FakePanel::On(const run_event::TurnBegins&) {
   Locked = true;
   ClearFields();
 }
+void FakePanel::On(const run_event::SoundOpened&) { log_.emplace_back("SoundOpened"); }
 void FakePanel::On(const run_event::SourceRuns&) { log_.emplace_back("SourceRuns"); }
 void FakePanel::On(const run_event::ManualTrigger& trigger) {
   log_.emplace_back(trigger.Offered ? "manual trigger offered" : "manual trigger gone");
@@ -62,7 +63,6 @@ void FakePanel::On(const run_event::TurnAbandoned&) { log_.emplace_back("TurnAba
 void FakePanel::On(const run_event::SweepBegins&) {
   log_.emplace_back("SweepBegins");
   Locked = true;
-  ClearFields();
 }
 void FakePanel::On(const run_event::SweepRound&) { log_.emplace_back("SweepRound"); }
 void FakePanel::On(const run_event::SweepPoint& point) {

@@ -49,6 +49,7 @@ class FakePanel {
 
  private:
   void On(const run_event::TurnBegins&);
+  void On(const run_event::SoundOpened&);
   void On(const run_event::SourceRuns&);
   void On(const run_event::ManualTrigger& trigger);
   void On(const run_event::LevelColour& level);

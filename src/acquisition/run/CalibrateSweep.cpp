@@ -20,33 +20,49 @@ constexpr int kSamplePauseMs = 5;
 
 bool CalibrateSweep::chkCalibrate_Click() {
   if (!parts_.Window.Controls().Calibrate) return false;
-  if (parts_.Flags.InputReady) return MeterReady();
-  parts_.Messages.Show({kNoInputMessage});
+  if (SourceReady()) return true;
   parts_.Window.Tell(CalibrateOff{});
   return false;
 }
 
-/// Deliberate: a closed port of a meter that takes a command unticks the box and yet lets the sweep start; it
-/// ends at its first point and leaves the empty grid, which shows that no level comes in.
+bool CalibrateSweep::SourceReady() { return InputReady() && MeterReady(); }
+
+bool CalibrateSweep::InputReady() {
+  if (parts_.Flags.InputReady || CaptureStarts()) return true;
+  if (!parts_.Flags.CloseRequested) parts_.Messages.Show({kNoInputMessage});
+  return false;
+}
+
+/// A sweep counts as running while it waits for the first block, so that nothing else starts meanwhile.
+bool CalibrateSweep::CaptureStarts() {
+  RunFlags& flags = parts_.Flags;
+  if (flags.Running() || !parts_.FromSoundCard()) return false;
+  flags.IsSweeping = true;
+  flags.InputReady = parts_.Sound.StartSoundCapture();
+  flags.IsSweeping = false;
+  if (!flags.InputReady) flags.CollectRequested = false;
+  return flags.InputReady;
+}
+
 bool CalibrateSweep::MeterReady() {
   const LevelSource& source = parts_.Source();
-  if (!source.CalibrateCommand.empty()) SendCommand(source.CalibrateCommand);
-  if (source.Comes != Intake::Polled || ExternalMeterReady(parts_)) return true;
-  parts_.Window.Tell(CalibrateOff{});
-  return false;
+  if (!source.CalibrateCommand.empty() && !SendCommand(source.CalibrateCommand)) return false;
+  return source.Comes != Intake::Polled || ExternalMeterReady(parts_);
 }
 
-void CalibrateSweep::SendCommand(std::string_view command) {
-  if (parts_.MSComm1.PortOpen()) return parts_.MSComm1.Send(command);
-  parts_.Messages.Show({kMeterPortMessage});
-  parts_.Window.Tell(CalibrateOff{});
+bool CalibrateSweep::SendCommand(std::string_view command) {
+  if (!parts_.MSComm1.PortOpen()) {
+    parts_.Messages.Show({kMeterPortMessage});
+    return false;
+  }
+  parts_.MSComm1.Send(command);
+  return true;
 }
 
 RunReport CalibrateSweep::Timer1_Timer() {
   RunFlags& flags = parts_.Flags;
   if (flags.Running() || flags.CloseRequested) return {};
   std::exception_ptr fault;
-  countBefore_ = parts_.Record.ReadingCount;
   try {
     Begin();
     Sweep();
@@ -77,6 +93,7 @@ void CalibrateSweep::Sweep() {
       return;
     }
     parts_.Pump.Begin();
+    parts_.Window.Tell(SoundOpened{});
   }
   do {
     SweepOnce();
@@ -119,7 +136,6 @@ void CalibrateSweep::End() {
   if (parts_.FromSoundCard()) parts_.Sound.StopSoundCapture();
   parts_.Flags.IsSweeping = false;
   if (parts_.Flags.CloseRequested) return;
-  parts_.Record.ReadingCount = countBefore_;
   parts_.Window.Tell(SweepEnds{});
   if (!failure.empty()) parts_.Messages.Show({failure, kSoundErrorTitle, true});
   parts_.Waiting.ShowWaiting();

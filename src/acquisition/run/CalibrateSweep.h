@@ -14,7 +14,9 @@ class CalibrateSweep {
  public:
   CalibrateSweep(const CollectionParts& parts, CollectionEngine& engine) : parts_(parts), engine_(engine) {}
 
-  /// A click of the box by the user: checks the source. A box that was unticked ends the sweep by itself.
+  /// A click of the box by the user: checks the source, and unticks the box of one that is refused. Capture
+  /// that had failed is tried once, for at most about 2 seconds. A box that the user unticked ends the sweep
+  /// by itself.
   /// @return whether the sweep is to start, at the next turn of the event loop
   bool chkCalibrate_Click();
 
@@ -24,8 +26,11 @@ class CalibrateSweep {
   RunReport Timer1_Timer();
 
  private:
+  bool SourceReady();
+  bool InputReady();
+  bool CaptureStarts();
   bool MeterReady();
-  void SendCommand(std::string_view command);
+  bool SendCommand(std::string_view command);
   void Begin();
   void Sweep();
   bool GoesOn() const;
@@ -37,7 +42,6 @@ class CalibrateSweep {
   CollectionParts parts_;
   CollectionEngine& engine_;
   int plotScale_ = 0;
-  double countBefore_ = 0.0;  ///< the readings held stay held
   std::string failure_;
 };
 

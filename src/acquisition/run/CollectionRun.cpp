@@ -62,6 +62,7 @@ bool CollectionRun::StartSource() {
   sourceStarted_ = parts_.Flags.InputReady;
   if (sourceStarted_) {
     parts_.Pump.Begin();
+    parts_.Window.Tell(SoundOpened{});
   } else {
     report_.SourceFailure = parts_.Sound.SoundFailure();
   }

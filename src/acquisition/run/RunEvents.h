@@ -24,6 +24,8 @@ namespace run_event {
 /// A turn begins: the former pattern's fields go, operator and date are of now, the grid is empty, and
 /// everything is locked that could start a second run or change the data.
 struct TurnBegins {};
+/// The sound card's source is open, and its name known.
+struct SoundOpened {};
 /// The source delivers: the trace starts anew.
 struct SourceRuns {};
 /// A press of the user stands in for the trigger's pulse, or no longer.
@@ -58,7 +60,8 @@ struct TurnUnlocked {};
 /// The start was abandoned and the record is again what it was: every box, figure and the plot show it.
 struct TurnAbandoned {};
 
-/// Calibrate mode begins: as TurnBegins, but collect, calibrate and the display options stay in reach.
+/// Calibrate mode begins: as TurnBegins, but collect, calibrate and the display options stay in reach, and
+/// the pattern is only out of sight.
 struct SweepBegins {};
 /// The level goes round once more, on an empty grid.
 struct SweepRound {};
@@ -67,18 +70,19 @@ struct SweepPoint {
   float PositionDeg = 0.0F;
   float Radius = 0.0F;
 };
-/// Calibrate mode has ended: everything is free again.
+/// Calibrate mode has ended: everything is free again, and the fields tell of the pattern held.
 struct SweepEnds {};
 /// The calibrate box is unticked, and not by the user.
 struct CalibrateOff {};
 
 }  // namespace run_event
 
-using RunEvent = std::variant<run_event::TurnBegins, run_event::SourceRuns, run_event::ManualTrigger,
-                              run_event::LevelColour, run_event::ReadingStored, run_event::ReadingPlotted,
-                              run_event::SourceRests, run_event::TurnEnds, run_event::TurnUnlocked,
-                              run_event::TurnAbandoned, run_event::SweepBegins, run_event::SweepRound,
-                              run_event::SweepPoint, run_event::SweepEnds, run_event::CalibrateOff>;
+using RunEvent =
+    std::variant<run_event::TurnBegins, run_event::SoundOpened, run_event::SourceRuns,
+                 run_event::ManualTrigger, run_event::LevelColour, run_event::ReadingStored,
+                 run_event::ReadingPlotted, run_event::SourceRests, run_event::TurnEnds,
+                 run_event::TurnUnlocked, run_event::TurnAbandoned, run_event::SweepBegins,
+                 run_event::SweepRound, run_event::SweepPoint, run_event::SweepEnds, run_event::CalibrateOff>;
 
 /// What a run asks, and to whom it tells; both are answered at once.
 struct RunFront {

@@ -38,11 +38,11 @@ void RunPanel::Show(const RunEvent& event) {
 }
 
 void RunPanel::On(const run_event::TurnBegins&) {
-  parts_.Pattern.BeginCollection(parts_.Shared.UserName, DateTimeText());
-  DrawEmptyGrid();
+  const std::string now = DateTimeText();
+  display_.Run([&](PatternSession& pattern) { return pattern.BeginCollection(parts_.Shared.UserName, now); });
+  board_.StartLiveTrace(0.F);
   Lock();
   board_.UsePlotUserColour();
-  ClearPlotFields();
 }
 
 std::string RunPanel::DateTimeText() {
@@ -60,11 +60,11 @@ void RunPanel::Lock() {
   copy_.Begin(TimeForFileName());
 }
 
-void RunPanel::On(const run_event::SourceRuns&) {
-  board_.StartLiveTrace(parts_.Pattern.TurnForRun());
-  if (!SourceOf(parts_.Shared.Settings.Input).IsMeter())
-    parts_.View.SetText(Control::lblSource, sound_.SoundSourceName());
+void RunPanel::On(const run_event::SoundOpened&) {
+  parts_.View.SetText(Control::lblSource, sound_.SoundSourceName());
 }
+
+void RunPanel::On(const run_event::SourceRuns&) { board_.StartLiveTrace(parts_.Pattern.TurnForRun()); }
 
 void RunPanel::On(const run_event::ManualTrigger& trigger) {
   parts_.View.SetVisible(Control::cmdTrigger, trigger.Offered);
@@ -104,8 +104,7 @@ void RunPanel::On(const run_event::TurnAbandoned&) {
 }
 
 void RunPanel::On(const run_event::SweepBegins&) {
-  parts_.Pattern.BeginSweep();
-  ClearPlotFields();
+  display_.Run(&PatternSession::BeginSweep);
   BeginHint(CalibrateHint(!SourceOf(parts_.Shared.Settings.Input).IsMeter()));
   Enable(LockedInSweep(), false);
   board_.UsePlotUserColour();
@@ -119,12 +118,11 @@ void RunPanel::On(const run_event::SweepPoint& point) {
 }
 
 void RunPanel::On(const run_event::SweepEnds&) {
-  parts_.Pattern.EndRun();
   Enable(LockedInSweep(), true);
   parts_.View.SetText(Control::lblHint, kCalibratedHint);
   PaintCalibrate(StatusColour::LightYellow, false);
   ShowLevelAtRest();
-  DrawEmptyGrid();
+  display_.Run(&PatternSession::EndSweep);
 }
 
 void RunPanel::BeginHint(const std::string& hint) {
@@ -143,8 +141,6 @@ void RunPanel::PaintCalibrate(StatusColour background, bool bold) {
   parts_.View.SetBackground(Control::chkCalibrate, ShadeOf(background));
   parts_.View.SetBold(Control::chkCalibrate, bold);
 }
-
-void RunPanel::ClearPlotFields() { display_.Run(&PatternSession::ClearForRun); }
 
 void RunPanel::DrawEmptyGrid() {
   board_.DrawGrid(parts_.Pattern.Grid());

@@ -25,6 +25,7 @@ class RunPanel {
 
  private:
   void On(const run_event::TurnBegins&);
+  void On(const run_event::SoundOpened&);
   void On(const run_event::SourceRuns&);
   void On(const run_event::ManualTrigger& trigger);
   void On(const run_event::LevelColour& level) { PaintLevel(level.Colour); }
@@ -43,7 +44,6 @@ class RunPanel {
   std::string DateTimeText();
   void Lock();
   void DrawEmptyGrid();
-  void ClearPlotFields();
   void PaintCalibrate(StatusColour background, bool bold);
   void ShowLevel(float level);
   void PaintLevel(StatusColour background);

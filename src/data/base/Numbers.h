@@ -21,11 +21,12 @@ ScannedNumber ScanNumber(std::string_view text);
 /// @throws RunTimeError 6 (Overflow) for a number beyond the range of a double.
 double LeadingNumber(std::string_view text);
 
-/// A typed text with its decimal comma as a point: "0,25" is "0.25". A comma between digits can be nothing else
-/// in a box that holds one number.
+/// A typed text with its decimal comma as a point: "0,25" is "0.25". A comma between digits can be nothing
+/// else in a box that holds one number.
 std::string WithDecimalPoint(std::string_view typed);
 
-/// The leading number of a typed text, a decimal comma included, without a fault: infinite for a number beyond the range of a double, which no place has room for.
+/// The leading number of a typed text, a decimal comma included, without a fault: infinite for a number
+/// beyond the range of a double, which no place has room for.
 double TypedNumber(std::string_view text);
 
 /// The value of a text that is a number from end to end (blanks around it allowed).

@@ -34,8 +34,11 @@ Outcome PatternSession::Do(const char* procedure, const Command& command, Repeat
 }
 
 void PatternSession::Describe(const std::string& text) {
-  Do(
-      "txtDescription_Change", [&](Outcome&) { state_.Record.Description = text; }, Repeated::Description);
+  const auto describe = [&](Outcome&) {
+    state_.Record.Description = text;
+    state_.DescriptionLoaded = false;
+  };
+  Do("txtDescription_Change", describe, Repeated::Description);
 }
 
 Outcome PatternSession::Undo() {
@@ -92,12 +95,13 @@ void PatternSession::PlotRecord(Outcome& outcome, bool over) {
 }
 
 void PatternSession::DrawAll(Outcome& outcome) {
-  if (!MayDraw()) return;
+  if (run_ == RunKind::Collection) return;
+  const bool drawable = Drawable() && MayDraw();
   if (state_.Beneath)
     DrawBeneath(outcome);
-  else if (!Drawable())
+  else if (!drawable)
     outcome.Add(Grid());
-  if (Drawable()) Draw(outcome, state_.Beneath.has_value());
+  if (drawable) Draw(outcome, state_.Beneath.has_value());
 }
 
 void PatternSession::DrawBeneath(Outcome& outcome) {
@@ -127,11 +131,10 @@ void PatternSession::ShowRecord(Outcome& outcome) {
                             record.CollectedDate, record.PolarizationHorizontal});
 }
 
-/// The record has been cleared: what it said goes from the window as well.
+/// What the record says goes from the window.
 void PatternSession::ShowCleared(Outcome& outcome) {
   typed_ = {};
   outcome.Add(show::Cleared{state_.DescriptionLoaded});
-  state_.DescriptionLoaded = false;
   beamwidthDeg_ = 0.F;
   ShowFigures(outcome, {});
 }

@@ -50,6 +50,7 @@ class PatternSession {
   void SetRules(const PatternRules& rules) { rules_ = rules; }
   /// Rotation and trims as typed. They count from the next command on that draws.
   void Type(const Placement& placement) { typed_ = placement; }
+  /// From then on the description is the user's own, and no run clears it.
   /// @param text without double quotes and line ends
   void Describe(const std::string& text);
 
@@ -95,12 +96,9 @@ class PatternSession {
   Outcome Redo();
 
   // Runs. While one is on, commands change what they say, but draw nothing into its live trace.
-  /// The overlay ends; the pattern to come is collected by this operator at this time.
-  void BeginCollection(const std::string& collectedBy, const std::string& collectedDate);
-  /// The overlay ends; nothing is stored.
-  void BeginSweep();
-  /// Trims, rotation, count, name and figures of the former pattern go.
-  Outcome ClearForRun();
+  /// The overlay ends, trims, rotation, count, name and figures of the former pattern go, and a description
+  /// that a file brought. The pattern to come is collected by this operator at this time.
+  Outcome BeginCollection(const std::string& collectedBy, const std::string& collectedDate);
   /// What it left can be taken back in one step.
   void EndRun();
   /// A collection took nothing: the pattern is again what it was when it began.
@@ -111,6 +109,10 @@ class PatternSession {
   ReadingsRecord& RunRecord() { return state_.Record; }
   /// The first reading of a collection is there: what a damaged file left is gone.
   void ReadingStored() { state_.HalfLoaded = false; }
+  /// The overlay ends; the pattern stays, and what is shown of it goes until the sweep has ended.
+  Outcome BeginSweep();
+  /// The empty plot, and what there is to say of the pattern.
+  Outcome EndSweep();
 
  private:
   using Command = std::function<void(Outcome&)>;
@@ -123,7 +125,7 @@ class PatternSession {
   void TakeUp(Outcome& outcome, const LoadOutcome& loaded, bool over);
   void EndOverlay() { state_.Beneath.reset(); }
   void BeginRun(RunKind kind);
-  bool MayDraw() const { return run_ != RunKind::Collection; }
+  bool MayDraw() const { return run_ == RunKind::None; }
   void Draw(Outcome& outcome, bool over = false);
   void DrawAll(Outcome& outcome);
   void DrawBeneath(Outcome& outcome);
@@ -150,6 +152,7 @@ class PatternSession {
   BeamFigures figures_;
   std::optional<RunTimeError> lastFault_;
   RunKind run_ = RunKind::None;
+  float beamwidthBeforeSweep_ = 0.F;
   PatternState beforeRun_;  ///< the pattern that an abandoned run brings back
   PatternHistory history_;
 };

@@ -15,25 +15,22 @@ void PatternSession::EndRun() {
   if (!SamePattern(beforeRun_, state_)) history_.Note(beforeRun_);
 }
 
-void PatternSession::BeginCollection(const std::string& collectedBy, const std::string& collectedDate) {
+Outcome PatternSession::BeginCollection(const std::string& collectedBy, const std::string& collectedDate) {
   BeginRun(RunKind::Collection);
   state_.Record.CollectedBy = collectedBy;
   state_.Record.CollectedDate = collectedDate;
+  Outcome outcome;
+  outcome.Add(Grid());
+  ClearPlotFields(state_.Record, state_.DescriptionLoaded);
+  ShowCleared(outcome);
+  state_.DescriptionLoaded = false;
+  return outcome;
 }
-
-void PatternSession::BeginSweep() { BeginRun(RunKind::Sweep); }
 
 float PatternSession::TurnForRun() {
   ReadingsRecord& record = state_.Record;
   record.Rotate = RotationFor(record, style_.Rectangular);
   return RotationOffsetOf(style_.Rectangular, record.Plot180, record.Rotate);
-}
-
-Outcome PatternSession::ClearForRun() {
-  Outcome outcome;
-  ClearPlotFields(state_.Record, state_.DescriptionLoaded);
-  ShowCleared(outcome);
-  return outcome;
 }
 
 Outcome PatternSession::AbandonRun() {
@@ -42,6 +39,24 @@ Outcome PatternSession::AbandonRun() {
   Outcome outcome;
   ShowRecord(outcome);
   DrawAll(outcome);
+  return outcome;
+}
+
+Outcome PatternSession::BeginSweep() {
+  BeginRun(RunKind::Sweep);
+  beamwidthBeforeSweep_ = beamwidthDeg_;
+  Outcome outcome;
+  ShowCleared(outcome);
+  return outcome;
+}
+
+Outcome PatternSession::EndSweep() {
+  EndRun();
+  beamwidthDeg_ = beamwidthBeforeSweep_;
+  Outcome outcome;
+  outcome.Add(Grid());
+  ShowPlotFields(outcome);
+  ShowFiguresAnew(outcome);
   return outcome;
 }
 

@@ -102,13 +102,20 @@ TEST_F(CollectionTest, BeginsAndEndsInItsOrder) {
   Enter(txtTrimFront, "3");
   Forget();
   Collect();
-  const std::vector<std::string> order = {"lblDateTime=10:22 21/11/2026", "clear",
-                                          "cmdCollectData disabled",      "cmdHaltInput enabled",
-                                          "cmdHaltInput focus",           "txtTrimFront=0",
-                                          "lblSource=Fake microphone",    "txtChan1=<300.0>",
-                                          "txtReadingNumber=1",           "txtChan1=0.0",
-                                          "txtReadingsPlotted=360",       "txtTrimEnd=0",
-                                          "cmdCollectData enabled",       "cmdHaltInput disabled",
+  const std::vector<std::string> order = {"lblDateTime=10:22 21/11/2026",
+                                          "clear",
+                                          "txtTrimFront=0",
+                                          "cmdCollectData disabled",
+                                          "cmdHaltInput enabled",
+                                          "cmdHaltInput focus",
+                                          "lblSource=Fake microphone",
+                                          "txtChan1=<300.0>",
+                                          "txtReadingNumber=1",
+                                          "txtChan1=0.0",
+                                          "txtReadingsPlotted=360",
+                                          "txtTrimEnd=0",
+                                          "cmdCollectData enabled",
+                                          "cmdHaltInput disabled",
                                           "cmdRescaleData focus"};
   long before = -1;
   for (const std::string& call : order) {

@@ -52,12 +52,58 @@ TEST_F(SweepTest, UntickingTheBoxByTheUserDoesNothingByItself) {
 }
 
 TEST_F(SweepTest, WithoutAWorkingInputTheBoxIsUntickedWithAMessage) {
+  HoldBeam();
+  Forget();
   Shared.Run.InputReady = false;
+  Sound.firstError = "No sound server answers.";
   Tick(chkCalibrate, true);
   EXPECT_THAT(Dialogs.Texts(),
               ElementsAre("LBG006 Cannot take readings - calibrate input function inoperative"));
   EXPECT_FALSE(View.Of(chkCalibrate).Checked);
   EXPECT_FALSE(View.Timer1);
+  EXPECT_NE(Text(txtFileName), "") << "what was refused has touched nothing";
+  EXPECT_EQ(Grids(), 0);
+}
+
+TEST_F(SweepTest, WithoutTheMetersPortItIsRefusedAndThePatternStaysToBeSeen) {
+  HoldBeam();
+  Forget();
+  Shared.Settings.Input.InputDeviceIsdBMeter = true;
+  Shared.Settings.Input.ROSKAmeter = true;
+  Tick(chkCalibrate, true);
+  EXPECT_THAT(Dialogs.Texts(),
+              ElementsAre("The Com port for the serially attached dB meter is not available"));
+  EXPECT_FALSE(View.Of(chkCalibrate).Checked);
+  EXPECT_FALSE(View.Timer1);
+  EXPECT_EQ(Grids(), 0);
+}
+
+TEST_F(SweepTest, AnInputThatFailedOnceAndWorksAgainIsSwept) {
+  Shared.Run.InputReady = false;
+  At(10, nullptr);
+  Sweep();
+  EXPECT_THAT(Dialogs.Texts(), IsEmpty());
+  EXPECT_GT(Surface.Count("dot", kUserColour), 0);
+}
+
+TEST_F(SweepTest, TheSourceIsNamedFromTheFirstSweepOn) {
+  std::string named;
+  At(10, [&] { named = Text(lblSource); });
+  Sweep();
+  EXPECT_EQ(named, "Fake microphone");
+}
+
+TEST_F(SweepTest, AfterItTheFieldsTellOfThePatternHeldAgain) {
+  HoldBeam();
+  Enter(txtRotate, "30");
+  const auto shown = [this] {
+    return std::vector{Text(txtRotate), Text(txtTrimFront), Text(txtTrimEnd),     Text(txtFileName),
+                       Text(txtAngle),  Text(txtGain),      Text(txtDescription), Text(lblFileDescription)};
+  };
+  const auto before = shown();
+  At(10, [&] { EXPECT_EQ(Text(txtFileName), ""); });
+  Sweep();
+  EXPECT_EQ(shown(), before);
 }
 
 TEST_F(SweepTest, LocksItsControlsAndPaintsItsBox) {

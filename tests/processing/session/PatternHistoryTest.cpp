@@ -156,7 +156,6 @@ TEST_F(PatternHistoryTest, ARunIsOneStepAndDuringItNothingIsTakenBack) {
   Load(Beam());
   const std::string before = Text();
   Session.BeginCollection("DL0XY", "now");
-  Session.ClearForRun();
   for (int i = 0; i < 360; ++i) Session.RunRecord().Readings(i) = 500.F;
   Session.ChooseElements("  5");
   EXPECT_THAT(Told(Session.Undo()), IsEmpty());
@@ -172,7 +171,6 @@ TEST_F(PatternHistoryTest, ARunThatWasAbandonedIsNoStep) {
   Load(Beam());
   Session.Smooth();
   Session.BeginCollection("DL0XY", "now");
-  Session.ClearForRun();
   Session.AbandonRun();
   Session.Undo();
   EXPECT_EQ(Session.Record().Readings, Session.Record().SavedReadings) << "smoothing is the last change";

@@ -230,6 +230,31 @@ TEST_F(SessionDisplay, ASweepIsDrawnOverByDisplayOptionsButNotByTheScale) {
   EXPECT_THAT(Told(Session.ToggleForm()), ElementsAre("grid"));
 }
 
+TEST_F(SessionDisplay, ASweepTakesThePatternOutOfSightAndBringsItsFieldsBack) {
+  Load(Beam());
+  Placed({.Rotate = 30, .TrimEnd = 4});
+  const std::string before = WritePatternText(Session.Record(), "");
+  EXPECT_THAT(Told(Session.BeginSweep()), ElementsAre("cleared", "figures Angle Gain"));
+  EXPECT_THAT(Told(Session.ToggleForm()), ElementsAre("grid")) << "no old trace among the live points";
+  EXPECT_THAT(Told(Session.EndSweep()), ElementsAre("grid", "fields 30 0 4", HasSubstr("figures 130.00")));
+  EXPECT_EQ(WritePatternText(Session.Record(), ""), before);
+  EXPECT_TRUE(Session.DescriptionLoaded());
+  EXPECT_TRUE(Session.Redraw().Plotted);
+}
+
+TEST_F(SessionDisplay, ADescriptionTypedForARunStaysAndALoadedOneGoes) {
+  ReadingsRecord record = Beam();
+  record.Description = "Loaded";
+  Load(record);
+  Session.BeginCollection("DL0XY", "now");
+  EXPECT_EQ(Session.Record().Description, "");
+  Session.EndRun();
+  Load(record);
+  Session.Describe("Typed");
+  Session.BeginCollection("DL0XY", "now");
+  EXPECT_EQ(Session.Record().Description, "Typed");
+}
+
 TEST_F(SessionDisplay, ARunEndsAnOverlayAndAnAbandonedOneBringsThePatternBack) {
   Load(Beam());
   Placed({.Rotate = 30, .TrimEnd = 4});
@@ -237,9 +262,9 @@ TEST_F(SessionDisplay, ARunEndsAnOverlayAndAnAbandonedOneBringsThePatternBack) {
   Load(Beam());
   Placed({.Rotate = 30, .TrimEnd = 4});
   const std::string before = WritePatternText(Session.Record(), "");
-  Session.BeginCollection("DL0XY", "now");
+  EXPECT_THAT(Told(Session.BeginCollection("DL0XY", "now")),
+              ElementsAre("grid", "cleared", "figures Angle Gain"));
   EXPECT_FALSE(Session.Beneath());
-  EXPECT_THAT(Told(Session.ClearForRun()), ElementsAre("cleared", "figures Angle Gain"));
   EXPECT_FALSE(Session.Record().HasReadings());
   EXPECT_THAT(Told(Session.AbandonRun()), ElementsAre("fields 30 0 4", "details", "grid", "fields 30 0 4",
                                                       "trace", HasSubstr("figures")));
