@@ -86,8 +86,8 @@ class FakeControlView final : public ControlView {
   void SetMaximum(Control slider, int maximum) override {
     Shown& state = Of(slider);
     state.Maximum = maximum;
-    state.Minimum = std::min(state.Minimum, maximum);
-    state.Value = std::min(state.Value, maximum);
+    state.Minimum = std::min(1, maximum);
+    state.Value = std::clamp(state.Value, state.Minimum, maximum);
     Add(slider, " maximum " + std::to_string(maximum));
   }
   void SetEnabled(Control control, bool enabled) override {

@@ -23,6 +23,7 @@ class ControlView {
   virtual void SetChecked(Control control, bool checked) = 0;
   virtual int Value(Control slider) const = 0;
   virtual void SetValue(Control slider, int value) = 0;
+  /// The least value stays 1 where the maximum leaves room for it.
   virtual void SetMaximum(Control slider, int maximum) = 0;
   virtual void SetEnabled(Control control, bool enabled) = 0;
   virtual void SetVisible(Control control, bool visible) = 0;

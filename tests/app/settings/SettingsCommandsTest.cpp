@@ -104,6 +104,20 @@ TEST_F(SettingsCommandsTest, AMaximumBelowTheRotationTimeShowsTheNewTime) {
   EXPECT_EQ(Text(lblRotationTime), "180");
 }
 
+TEST_F(SettingsCommandsTest, AMaximumThatIsNoNumberAnyLongerLeavesNoTurnOfNoTime) {
+  for (const char* spoilt : {"abc", "-5"}) {
+    Store.Put("MaxRotationTime", spoilt);
+    Open();
+    settings_.cmdOK_Click();
+    settings_.Closed();
+    Open();
+    Enter(txtMaxRotationTime, "5");
+    settings_.cmdOK_Click();
+    settings_.Closed();
+    EXPECT_EQ(Text(lblRotationTime), "1") << spoilt;
+  }
+}
+
 TEST_F(SettingsCommandsTest, CancelPutsEverythingInForceAsStored) {
   Open();
   Enter(txtPeakInputLevel, "500");

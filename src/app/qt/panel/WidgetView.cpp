@@ -17,6 +17,7 @@
 namespace lobegraph {
 namespace {
 
+constexpr int kQuickestTurn = 1;
 constexpr int kSlowestTurn = 1200;
 
 template <typename Kind>
@@ -62,7 +63,7 @@ void WidgetView::MakeControls() {
     As<QLabel>(Widget(label)).setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   As<QLabel>(Widget(Control::lblTrim)).setAlignment(Qt::AlignCenter);
   As<QSlider>(Widget(Control::Slider1)).setRange(scale_setting::kLeast, scale_setting::kMost);
-  As<QSlider>(Widget(Control::Slider2)).setRange(1, kSlowestTurn);
+  As<QSlider>(Widget(Control::Slider2)).setRange(kQuickestTurn, kSlowestTurn);
   for (const Control box : {Control::chkPlotInDB, Control::chkShow3dB}) SetChecked(box, true);
   for (const Control box : {Control::txtTrimFront, Control::txtTrimEnd, Control::txtRotate})
     SetText(box, "0");
@@ -143,7 +144,7 @@ void WidgetView::SetValue(Control slider, int value) {
 
 void WidgetView::SetMaximum(Control slider, int maximum) {
   const QSignalBlocker quiet(Widget(slider));
-  As<QSlider>(Widget(slider)).setMaximum(maximum);
+  As<QSlider>(Widget(slider)).setRange(std::min(kQuickestTurn, maximum), maximum);
 }
 
 void WidgetView::SetBackground(Control control, Colour colour) {

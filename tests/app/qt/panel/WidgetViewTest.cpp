@@ -61,6 +61,16 @@ TEST_F(WidgetViewTest, ASliderMaximumOfNothingIsZero) {
   EXPECT_EQ(view_.Value(Control::Slider2), 0);
 }
 
+TEST_F(WidgetViewTest, ARaisedMaximumRestoresTheLeastOfOne) {
+  for (const int spoilt : {0, -300}) {
+    view_.SetMaximum(Control::Slider2, spoilt);
+    view_.SetMaximum(Control::Slider2, 300);
+    EXPECT_EQ(view_.Value(Control::Slider2), 1);
+    view_.SetValue(Control::Slider2, 0);
+    EXPECT_EQ(view_.Value(Control::Slider2), 1) << "no turn of 0 s";
+  }
+}
+
 TEST_F(WidgetViewTest, ChoosingElementsRunsNoHandler) {
   auto& box = Widget<QComboBox>(Control::cboElements);
   QSignalSpy chosen(&box, &QComboBox::activated);
