@@ -28,9 +28,11 @@ class FakeDialogs final : public UserDialogs {
   std::vector<UserMessage> Messages;
   std::vector<std::string> Questions;
   std::vector<std::pair<std::string, std::string>> Prompts;  ///< prompt and title of each input box
+  std::vector<std::string> Ticks;                            ///< captions of boxes to tick
   std::vector<std::string> Folders;                          ///< where each file dialog started
   bool Yes = true;
   std::optional<std::string> Answer;
+  bool Tick = false;
   std::optional<std::string> FileToOpen;
   std::optional<std::string> FileToSave;
   std::function<void()> WhileOpen;  ///< runs while a message box is open
@@ -55,6 +57,12 @@ class FakeDialogs final : public UserDialogs {
     Prompts.emplace_back(prompt, title);
     log_.push_back("input box " + prompt);
     return Answer;
+  }
+  std::optional<TickedAnswer> InputBoxWithTick(const std::string& prompt, const std::string& title,
+                                               const std::string& tick) override {
+    Ticks.push_back(tick);
+    if (const auto answer = InputBox(prompt, title)) return TickedAnswer{*answer, Tick};
+    return std::nullopt;
   }
   std::optional<std::string> OpenFile(const std::string& folder) override {
     Folders.push_back(folder);

@@ -89,6 +89,10 @@ class FewDialogs final : public UserDialogs {
   void Show(const UserMessage& message) override { Texts.push_back(message.Text); }
   bool AskYesNo(const std::string&) override { return false; }
   std::optional<std::string> InputBox(const std::string&, const std::string&) override { return {}; }
+  std::optional<TickedAnswer> InputBoxWithTick(const std::string&, const std::string&,
+                                               const std::string&) override {
+    return {};
+  }
   std::optional<std::string> OpenFile(const std::string&) override { return {}; }
   std::optional<std::string> SaveFile(const std::string&) override { return {}; }
 };

@@ -122,11 +122,13 @@ void ShellCommands::cmdShrink_Click() {
 
 void ShellCommands::lblOperator_DblClick() {
   if (parts_.Shared.Run.IsCollecting) return;
-  const std::string caption =
-      " " + parts_.Dialogs.InputBox("Please enter the Operator's name", "").value_or("");
+  const std::optional<TickedAnswer> answer = parts_.Dialogs.InputBoxWithTick(
+      "Please enter the Operator's name", "", "Also my &call sign at the next start");
+  const std::string caption = " " + (answer ? answer->Text : "");
   parts_.View.SetText(Control::lblOperator, caption);
   const std::string name = Trimmed(caption);
   if (!name.empty()) parts_.Shared.UserName = name;
+  if (answer && answer->Ticked) SaveUsername(store_, name);
 }
 
 void ShellCommands::Slider2_Change() {

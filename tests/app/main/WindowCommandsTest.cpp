@@ -74,6 +74,22 @@ TEST_F(WindowCommandsTest, ACancelledOperatorsNameLeavesOneBlankAndTheName) {
   EXPECT_EQ(Shared.UserName, "N0CALL");
 }
 
+TEST_F(WindowCommandsTest, AnOperatorsNameThatIsTickedIsTheCallSignOfTheNextStart) {
+  Dialogs.Answer = "  DL0XY ";
+  Dialogs.Tick = true;
+  Press(lblOperator);
+  EXPECT_THAT(Dialogs.Ticks, ElementsAre("Also my &call sign at the next start"));
+  EXPECT_EQ(Shared.UserName, "DL0XY");
+  EXPECT_EQ(Store.Held("Username"), "DL0XY");
+  Dialogs.Answer = "";
+  Press(lblOperator);
+  EXPECT_EQ(Store.Held("Username"), "");
+  Dialogs.Answer.reset();
+  Forget();
+  Press(lblOperator);
+  EXPECT_THAT(Only("save "), IsEmpty()) << "cancelled";
+}
+
 TEST_F(WindowCommandsTest, NoBoxOpensInTheMiddleOfACollection) {
   Shared.Run.IsCollecting = true;
   Press(lblOperator);

@@ -1,8 +1,9 @@
 #include "app/qt/boxes/QtDialogs.h"
 
 #include <QApplication>
+#include <QBoxLayout>
+#include <QCheckBox>
 #include <QFileDialog>
-#include <QInputDialog>
 #include <QMessageBox>
 
 #include "app/parts/EditorView.h"
@@ -67,6 +68,22 @@ bool QtDialogs::AskYesNo(const std::string& text) {
 
 std::optional<std::string> QtDialogs::InputBox(const std::string& prompt, const std::string& title) {
   QInputDialog box(Owner());
+  return Ask(box, prompt, title);
+}
+
+std::optional<TickedAnswer> QtDialogs::InputBoxWithTick(const std::string& prompt, const std::string& title,
+                                                        const std::string& tick) {
+  QInputDialog box(Owner());
+  auto* toTick = new QCheckBox(Q(tick), &box);
+  static_cast<void>(box.sizeHint());  // lays out prompt, line and buttons
+  static_cast<QBoxLayout*>(box.layout())->insertWidget(box.layout()->count() - 1, toTick);
+  const auto text = Ask(box, prompt, title);
+  if (!text) return std::nullopt;
+  return TickedAnswer{*text, toTick->isChecked()};
+}
+
+std::optional<std::string> QtDialogs::Ask(QInputDialog& box, const std::string& prompt,
+                                          const std::string& title) {
   box.setWindowTitle(Q(title));
   box.setLabelText(Q(prompt));
   if (Run(box) != QDialog::Accepted) return std::nullopt;

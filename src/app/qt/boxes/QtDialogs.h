@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDialog>
+#include <QInputDialog>
 #include <QPointer>
 #include <QWidget>
 
@@ -24,6 +25,8 @@ class QtDialogs final : public UserDialogs {
   void Show(const UserMessage& message) override;
   bool AskYesNo(const std::string& text) override;
   std::optional<std::string> InputBox(const std::string& prompt, const std::string& title) override;
+  std::optional<TickedAnswer> InputBoxWithTick(const std::string& prompt, const std::string& title,
+                                               const std::string& tick) override;
   std::optional<std::string> OpenFile(const std::string& folder) override;
   std::optional<std::string> SaveFile(const std::string& folder) override;
   /// As OpenFile, for readings in a CSV file.
@@ -32,6 +35,7 @@ class QtDialogs final : public UserDialogs {
  private:
   /// The window that the user is in: a box opens over it and gives the focus back to it.
   QWidget* Owner() const;
+  std::optional<std::string> Ask(QInputDialog& box, const std::string& prompt, const std::string& title);
   std::optional<std::string> AskFile(const std::string& folder, const QString& title, const char* filter);
 
   QWidget* owner_ = nullptr;

@@ -28,6 +28,8 @@ QWidget* MakeLabel(const ControlRow& row, QWidget& parent) {
   auto* label = new ElidingLabel(&parent);
   label->setTextFormat(Qt::PlainText);
   label->setText(Q(row.Caption));
+  // What is double-clicked has to be seen without a name in it as well.
+  if (row.Id == Control::lblOperator) label->SetPlaceholder("(no operator)");
   return label;
 }
 

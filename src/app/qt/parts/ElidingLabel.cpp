@@ -9,7 +9,7 @@ namespace lobegraph {
 
 QString ElidingLabel::ShownText() const {
   // A caption with an accelerator mark or a line break never stands here.
-  return fontMetrics().elidedText(text(), Qt::ElideRight, contentsRect().width());
+  return fontMetrics().elidedText(Empty() ? placeholder_ : text(), Qt::ElideRight, contentsRect().width());
 }
 
 void ElidingLabel::paintEvent(QPaintEvent* event) {
@@ -28,7 +28,7 @@ void ElidingLabel::PaintFocus(QPainter& painter) const {
 }
 
 bool ElidingLabel::event(QEvent* event) {
-  if (event->type() != QEvent::ToolTip || ShownText() == text()) return QLabel::event(event);
+  if (event->type() != QEvent::ToolTip || Empty() || ShownText() == text()) return QLabel::event(event);
   const QString whole =
       text().toHtmlEscaped() + (toolTip().isEmpty() ? "" : "<br>" + toolTip().toHtmlEscaped());
   QToolTip::showText(static_cast<const QHelpEvent*>(event)->globalPos(), "<p>" + whole + "</p>", this);

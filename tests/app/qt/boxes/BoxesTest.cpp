@@ -1,3 +1,4 @@
+#include <QCheckBox>
 #include <QDialogButtonBox>
 #include <QInputDialog>
 #include <QPushButton>
@@ -97,6 +98,28 @@ TEST_F(BoxesTest, InputBoxGivesWhatWasTypedAlsoNothing) {
 TEST_F(BoxesTest, CancelledInputBoxGivesNone) {
   BoxWatch boxes([](QDialog& box) { box.reject(); });
   EXPECT_EQ(dialogs_.InputBox("Name", ""), std::nullopt);
+  EXPECT_FALSE(dialogs_.InputBoxWithTick("Name", "", "Keep"));
+}
+
+TEST_F(BoxesTest, AnInputBoxCanHaveABoxToTickBetweenLineAndButtons) {
+  for (const bool ticked : {false, true}) {
+    BoxWatch boxes([&](QDialog& box) {
+      auto& tick = *box.findChild<QCheckBox*>();
+      EXPECT_EQ(tick.text(), "&Keep");
+      EXPECT_FALSE(tick.isChecked());
+      auto& line = *box.findChild<QLineEdit*>();
+      EXPECT_TRUE(line.hasFocus());
+      EXPECT_GT(tick.y(), line.y());
+      EXPECT_LT(tick.y(), box.findChild<QDialogButtonBox*>()->y());
+      QTest::keyClicks(&line, "DL1XYZ");
+      if (ticked) tick.click();
+      QTest::keyClick(&box, Qt::Key_Return);
+    });
+    const auto answer = dialogs_.InputBoxWithTick("Name", "", "&Keep");
+    ASSERT_TRUE(answer);
+    EXPECT_EQ(answer->Text, "DL1XYZ");
+    EXPECT_EQ(answer->Ticked, ticked);
+  }
 }
 
 TEST_F(BoxesTest, FileDialogsTakeANameThatDoesNotExist) {

@@ -37,6 +37,23 @@ TEST(ElidingLabelTest, ALongTextEndsInDotsAndTheToolTipTellsItWhole) {
       "comes from</p>");
 }
 
+TEST(ElidingLabelTest, APlaceholderIsSeenWhileThereIsNoText) {
+  ElidingLabel label;
+  label.SetPlaceholder("(no operator)");
+  label.resize(100, 20);
+  const QImage blank = label.grab().toImage();
+  label.setText(" ");
+  EXPECT_EQ(label.ShownText(), "(no operator)");
+  ElidingLabel without;
+  without.resize(100, 20);
+  EXPECT_NE(label.grab().toImage(), without.grab().toImage());
+  EXPECT_EQ(label.grab().toImage(), blank) << "blanks are no text";
+  label.setToolTip("Double-click");
+  EXPECT_EQ(ToolTipOf(label), "Double-click") << "nothing of it is cut off";
+  label.setText(" N0CALL");
+  EXPECT_EQ(label.ShownText(), " N0CALL");
+}
+
 TEST(ElidingLabelTest, TheFocusIsSeen) {
   ElidingLabel label;
   label.setFocusPolicy(Qt::TabFocus);
