@@ -10,7 +10,9 @@ std::string ComplaintAbout(const std::string& file, const std::string& reason) {
 }
 
 std::string ComplaintAbout(const std::string& file, const RunTimeError& error) {
-  return ComplaintAbout(file, "Error " + std::to_string(error.Number()) + " (" + error.Description() + ")");
+  const std::string advice = error.AdviceText().empty() ? "" : ": " + error.AdviceText();
+  return ComplaintAbout(
+      file, "Error " + std::to_string(error.Number()) + " (" + error.Description() + ")" + advice);
 }
 
 }  // namespace lobegraph

@@ -93,9 +93,7 @@ std::string FileSettingsStore::CurrentText(std::string_view application) {
 std::optional<std::string> FileSettingsStore::ReadText(std::string_view application) {
   const std::string path = Place(application);
   try {
-    std::string text = files_.Read(path);
-    if (text.size() >= FileAccess::kLargestFile) throw RunTimeError(fault::kPathFileAccess, path);
-    return text;
+    return files_.Read(path);
   } catch (const RunTimeError& error) {
     const bool missing = error.Number() == fault::kFileNotFound || error.Number() == fault::kPathNotFound;
     if (!missing) throw;

@@ -16,6 +16,18 @@ FR 0 1 0 0 144 0
 RP 0 1 360 1000 90 0 0 1
 EN
 """
+# A 3-element beam along X, 144 MHz, over the whole upper half of the sphere: a table of 4 MB.
+BEAM = """CM beam
+CE
+GW 1 21 -0.4 -0.51 0 -0.4 0.51 0 0.002
+GW 2 21 0 -0.49 0 0 0.49 0 0.002
+GW 3 21 0.35 -0.45 0 0.35 0.45 0 0.002
+GE 0
+EX 0 2 11 0 1 0
+FR 0 1 0 0 144 0
+RP 0 {thetas} 360 1000 {first} 0 1 1
+EN
+"""
 SITE = "{name}\n45.0\n{longitude}\n10 m\n"
 GROUND = "15.000\n0.005\n301.000\n144.000\n5\n1\n0.50\n0.50\n100.0\n"
 
@@ -28,6 +40,13 @@ def run(*command, folder):
 
 def report(cli, name, folder):
     return json.loads(run(cli, "report", "--json", name, folder=folder))
+
+
+def beam(cli, folder, name, thetas, first):
+    """The figures of the beam's azimuth cut, from a table of so many angles of theta."""
+    (folder / f"{name}.nec").write_text(BEAM.format(thetas=thetas, first=first))
+    run("nec2c", "-i", f"{name}.nec", "-o", f"{name}.out", folder=folder)
+    return report(cli, f"{name}.out", folder)["figures"]
 
 
 def decibels_towards(folder, longitude):
@@ -49,6 +68,10 @@ def main(cli):
         figures = report(cli, "dipole.lbg", folder)["figures"]
         assert abs(figures["hpbw"] - 78) < 0.5, figures
         assert abs(figures["fnbw"] - 180) < 0.5, figures
+        sphere, cut = beam(cli, folder, "sphere", 91, 0), beam(cli, folder, "cut", 1, 90)
+        assert (folder / "sphere.out").stat().st_size > 3_500_000
+        for figure in ("hpbw", "frontToBack"):
+            assert abs(sphere[figure] - cut[figure]) < 0.05, f"the strongest cut lies at 90 degrees: {figure} {sphere} {cut}"
         run(cli, "convert", "dipole.lbg", "tx.az", folder=folder)
         assert decibels_towards(folder, "9.9") < -60, "east lies in the null"
         run(cli, "convert", "--table", "dipole.lbg", "table.csv", folder=folder)

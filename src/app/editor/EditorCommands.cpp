@@ -8,7 +8,9 @@ namespace {
 constexpr const char* kForm = "frmEditLbg";
 
 std::string ErrorLine(const RunTimeError& error, const std::string& path) {
-  return "Error " + std::to_string(error.Number()) + " (" + error.Description() + "): " + FileNameOf(path);
+  const std::string advice = error.AdviceText().empty() ? "" : " " + error.AdviceText();
+  return "Error " + std::to_string(error.Number()) + " (" + error.Description() + "): " + FileNameOf(path) +
+         advice;
 }
 
 }  // namespace
@@ -50,7 +52,7 @@ void EditorCommands::Run(const char* procedure, const std::function<void()>& han
 /// The grid is emptied for what was read, never before: a mistyped name leaves the rows alone.
 void EditorCommands::Import(const std::string& path) {
   try {
-    const CsvReadings readings = ReadCsv(*parts_.Files.Open(path));
+    const CsvReadings readings = ReadCsv(*parts_.Files.Open(path, FileAccess::kLargestFile));
     grid_.Reset();
     grid_.GetFromCsv(readings);
     View().ShowStatus(CsvSummary(readings));

@@ -41,10 +41,16 @@ class Handle {
   throw RunTimeError(number == fault::kPathNotFound && folderThere ? fault::kFileNotFound : number, path);
 }
 
-std::size_t SizeOf(const Handle& file) {
+/// The size of a file. @throws RunTimeError 75 for one that is larger
+std::size_t CheckedSize(const Handle& file, std::size_t largest) {
   struct stat status {};
   fstat(file.Value(), &status);
-  return static_cast<std::size_t>(status.st_size);
+  const auto size = static_cast<std::size_t>(status.st_size);
+  if (size > largest)
+    throw RunTimeError(fault::kPathFileAccess,
+                       Advice{"The file has " + std::to_string(size) + " bytes, more than the " +
+                              std::to_string(largest) + " that such a file may have."});
+  return size;
 }
 
 Handle OpenPlainFile(const std::string& path) {
@@ -61,12 +67,13 @@ char LowerAscii(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A
 
 }  // namespace
 
-std::unique_ptr<std::istream> FileAccess::Open(const std::string& path) {
+std::unique_ptr<std::istream> FileAccess::Open(const std::string& path, std::size_t) {
   return std::make_unique<std::istringstream>(Read(path));
 }
 
-std::unique_ptr<std::istream> DiskFiles::Open(const std::string& path) {
-  OpenPlainFile(path);  // says why when it cannot be read, and waits for no pipe
+std::unique_ptr<std::istream> DiskFiles::Open(const std::string& path, std::size_t largest) {
+  // Says why when it cannot be read, and waits for no pipe.
+  CheckedSize(OpenPlainFile(path), largest);
   auto file = std::make_unique<std::ifstream>(path, std::ios::binary);
   if (!file->is_open()) throw RunTimeError(fault::kPathFileAccess, path);
   return file;
@@ -74,7 +81,7 @@ std::unique_ptr<std::istream> DiskFiles::Open(const std::string& path) {
 
 std::string DiskFiles::Read(const std::string& path) {
   const Handle file = OpenPlainFile(path);
-  std::string bytes(std::min(SizeOf(file), kLargestFile), '\0');
+  std::string bytes(CheckedSize(file, kLargestFile), '\0');
   std::size_t filled = 0;
   while (filled < bytes.size()) {
     const ssize_t got = read(file.Value(), bytes.data() + filled, bytes.size() - filled);

@@ -51,6 +51,11 @@ RunTimeError::RunTimeError(int number, std::string detail, std::source_location 
   if (!detail_.empty()) what_ += ": " + detail_;
 }
 
+RunTimeError::RunTimeError(int number, Advice advice, std::source_location where)
+    : RunTimeError(number, advice.Text, where) {
+  advice_ = std::move(advice.Text);
+}
+
 std::string RunTimeError::Description() const { return std::string(DescriptionOf(number_)); }
 
 RunTimeError FaultFrom(const std::exception& exception) {
@@ -60,7 +65,8 @@ RunTimeError FaultFrom(const std::exception& exception) {
 }
 
 std::string RunTimeErrorText(const RunTimeError& error, std::string_view procedure, std::string_view form) {
-  return "Error " + std::to_string(error.Number()) + " (" + error.Description() + ") in line " +
+  const std::string above = error.AdviceText().empty() ? "" : error.AdviceText() + "\r\n";
+  return above + "Error " + std::to_string(error.Number()) + " (" + error.Description() + ") in line " +
          std::to_string(error.Line()) + " of procedure " + std::string(procedure) + " of Form " +
          std::string(form);
 }

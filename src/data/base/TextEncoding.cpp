@@ -43,8 +43,10 @@ std::optional<std::string> AsWindows1252(const std::string& text) {
 
 }  // namespace
 
+bool IsUtf8(std::string_view bytes) { return IsAscii(bytes) || utf8::is_valid(bytes.begin(), bytes.end()); }
+
 std::string DecodeText(std::string_view bytes) {
-  if (utf8::is_valid(bytes.begin(), bytes.end())) {
+  if (IsUtf8(bytes)) {
     const bool mark = utf8::starts_with_bom(bytes.begin(), bytes.end());
     return std::string(bytes.substr(mark ? 3 : 0));
   }

@@ -5,6 +5,8 @@
 
 namespace lobegraph {
 
+bool IsUtf8(std::string_view bytes);
+
 /// Bytes of a text file as UTF-8: unchanged (a byte-order mark dropped) when they are valid UTF-8, else read
 /// as Windows-1252, whose five unused codes become the control characters of the same value.
 std::string DecodeText(std::string_view bytes);

@@ -47,17 +47,18 @@ std::size_t NumbersIn(const Cells& cells) {
 
 /// A semicolon or a tab separates whenever there is one; a comma does unless blanks do better, because then
 /// it is a decimal comma.
-char SeparatorOf(const std::vector<std::string_view>& lines) {
-  for (const char sure : {';', '\t'})
-    for (const std::string_view line : lines)
-      if (line.find(sure) != std::string_view::npos) return sure;
+char SeparatorOf(TextLines& lines) {
+  bool tab = false;
   std::size_t byComma = 0;
   std::size_t byBlank = 0;
-  for (const std::string_view line : lines) {
-    if (line.find(',') == std::string_view::npos) continue;
-    byComma += NumbersIn(CellsOf(line, ',')) > 1 ? 1 : 0;
-    byBlank += NumbersIn(CellsOf(line, ' ')) > 1 ? 1 : 0;
+  while (const auto line = lines.Next()) {
+    if (line->find(';') != std::string_view::npos) return ';';
+    tab = tab || line->find('\t') != std::string_view::npos;
+    if (tab || line->find(',') == std::string_view::npos) continue;
+    byComma += NumbersIn(CellsOf(*line, ',')) > 1 ? 1 : 0;
+    byBlank += NumbersIn(CellsOf(*line, ' ')) > 1 ? 1 : 0;
   }
+  if (tab) return '\t';
   return byComma > byBlank ? ',' : ' ';
 }
 
@@ -93,43 +94,63 @@ Columns ColumnsOf(const Cells& heading, const Cells& first) {
   return columns;
 }
 
-/// Linear levels become dB.
-void ToDb(std::vector<TablePoint>& points) {
-  for (TablePoint& point : points)
-    point.LevelDb = point.LevelDb > 0.0 ? 20.0 * std::log10(point.LevelDb) : kFaintestDb;
-}
+double DbOf(double level) { return level > 0.0 ? 20.0 * std::log10(level) : kFaintestDb; }
+
+/// Takes a table off its lines. What its numbers mean is only known at its end, and it may hold more than
+/// fits into memory, so that it is read three times.
+class Reader {
+ public:
+  explicit Reader(TextLines& lines) : lines_(lines), separator_(SeparatorOf(lines)) {}
+
+  PatternTable Read() {
+    std::size_t count = 0;
+    bool negative = false;
+    ForEachLevel([&](double, double level) {
+      ++count;
+      negative = negative || level < 0.0;
+    });
+    if (count == 0) throw RunTimeError(fault::kTypeMismatch, "no levels found");
+    const bool db = negative || columns_->SaysDb;
+    const double step = 360.0 / static_cast<double>(count);
+    std::size_t index = 0;
+    PatternTable table;
+    ForEachLevel([&](double angle, double level) {
+      AddPoint(table.Points,
+               {columns_->Angle ? angle : static_cast<double>(index) * step, db ? level : DbOf(level)});
+      ++index;
+    });
+    return table;
+  }
+
+ private:
+  template <typename Take>
+  void ForEachLevel(const Take& take) {
+    lines_.Restart();
+    Cells heading;
+    while (const auto line = lines_.Next()) {
+      const Cells cells = CellsOf(*line, separator_);
+      if (NumbersIn(cells) == 0) {
+        if (!columns_ && !Trimmed(*line).empty()) heading = cells;
+        continue;
+      }
+      if (!columns_) columns_ = ColumnsOf(heading, cells);
+      if (columns_->Level >= cells.size()) continue;
+      const auto level = NumberIn(cells[columns_->Level]);
+      const auto angle = columns_->Angle && *columns_->Angle < cells.size()
+                             ? NumberIn(cells[*columns_->Angle])
+                             : std::nullopt;
+      if (level && (angle || !columns_->Angle)) take(angle.value_or(0.0), *level);
+    }
+  }
+
+  TextLines& lines_;
+  char separator_;
+  std::optional<Columns> columns_;
+};
 
 }  // namespace
 
-PatternTable ReadLevelTable(std::string_view text) {
-  PatternTable table;
-  const auto lines = LinesOf(text);
-  const char separator = SeparatorOf(lines);
-  Cells heading;
-  std::optional<Columns> columns;
-  for (const std::string_view line : lines) {
-    const Cells cells = CellsOf(line, separator);
-    if (NumbersIn(cells) == 0) {
-      if (!columns && !Trimmed(line).empty()) heading = cells;
-      continue;
-    }
-    if (!columns) columns = ColumnsOf(heading, cells);
-    if (columns->Level >= cells.size()) continue;
-    const auto level = NumberIn(cells[columns->Level]);
-    const auto angle =
-        columns->Angle && *columns->Angle < cells.size() ? NumberIn(cells[*columns->Angle]) : std::nullopt;
-    if (level && (angle || !columns->Angle)) table.Points.push_back({angle.value_or(0.0), *level});
-  }
-  if (table.Points.empty()) throw RunTimeError(fault::kTypeMismatch, "no levels found");
-  const double step = 360.0 / static_cast<double>(table.Points.size());
-  if (!columns->Angle)
-    for (std::size_t i = 0; i < table.Points.size(); ++i)
-      table.Points[i].AngleDeg = static_cast<double>(i) * step;
-  const bool negative = std::any_of(table.Points.begin(), table.Points.end(),
-                                    [](const TablePoint& point) { return point.LevelDb < 0.0; });
-  if (!negative && !columns->SaysDb) ToDb(table.Points);
-  return table;
-}
+PatternTable ReadLevelTable(TextLines& lines) { return Reader(lines).Read(); }
 
 std::string WriteLevelTable(const PatternTable& table) {
   std::string text = "index,angle,level,dB\r\n";

@@ -1,9 +1,9 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 
 #include "data/table/PatternTable.h"
+#include "data/table/TextLines.h"
 
 namespace lobegraph {
 
@@ -12,8 +12,9 @@ namespace lobegraph {
 /// A column is known by its heading (angle, azimuth, deg, position; dB, gain, total, level, ...); without
 /// headings two columns are angle and level. Levels with a negative one among them are dB, others linear
 /// unless the heading says dB. Without angles the rows are spread over the turn.
+/// @param lines can be begun again
 /// @throws RunTimeError 13 (Type mismatch) for a text without numbers
-PatternTable ReadLevelTable(std::string_view text);
+PatternTable ReadLevelTable(TextLines& lines);
 
 /// "index,angle,level,dB" and a row for each plotted reading.
 std::string WriteLevelTable(const PatternTable& table);

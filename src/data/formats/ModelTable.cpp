@@ -1,7 +1,7 @@
 #include "data/formats/ModelTable.h"
 
 #include <algorithm>
-#include <cmath>
+#include <limits>
 #include <map>
 
 #include "data/base/RunTimeError.h"
@@ -10,19 +10,17 @@ namespace lobegraph {
 namespace {
 
 constexpr std::size_t kFewestPoints = 8;
+constexpr std::size_t kMostCuts = 100'000;
 constexpr double kNoGainDb = -90.0;
 constexpr std::string_view kNecHeading = "RADIATION PATTERNS";
 constexpr std::string_view kFarFieldHeading = "Tot dB";
 
-/// A direction of a model: theta from the zenith, phi counter-clockwise.
-struct Direction {
-  double Theta = 0.0;
-  double Phi = 0.0;
-  double TotalDb = 0.0;
-};
-
 bool Contains(std::string_view line, std::string_view words) {
   return line.find(words) != std::string_view::npos;
+}
+
+bool IsHeading(std::string_view line) {
+  return Contains(line, kNecHeading) || Contains(line, kFarFieldHeading);
 }
 
 /// The leading numbers of a line, at most five: what stands behind may be blank and would shift.
@@ -44,70 +42,123 @@ std::optional<double> FrequencyIn(std::string_view line) {
   return std::nullopt;
 }
 
-/// The directions of the first radiation pattern of a NEC output.
-std::vector<Direction> NecDirections(const std::vector<std::string_view>& lines, std::size_t heading) {
-  std::vector<Direction> directions;
-  for (std::size_t i = heading + 1; i < lines.size(); ++i) {
-    const auto numbers = LeadingNumbers(lines[i]);
-    if (numbers.size() == 5)
-      directions.push_back({numbers[0], numbers[1], numbers[4]});
-    else if (!directions.empty())
-      break;
-  }
-  return directions;
-}
+/// A direction of a model: theta from the zenith, phi counter-clockwise.
+struct Direction {
+  double Theta = 0.0;
+  double Phi = 0.0;
+  double TotalDb = 0.0;
+};
 
-using Cuts = std::map<double, std::vector<TablePoint>>;
+/// What is known of each cut before its points are gathered, by its theta or phi.
+struct CutSize {
+  std::size_t Points = 0;
+  double StrongestDb = -std::numeric_limits<double>::infinity();
+  auto operator<=>(const CutSize&) const = default;
+};
+using Cuts = std::map<double, CutSize>;
+
+void Count(Cuts& cuts, double at, double levelDb) {
+  CutSize& cut = cuts[at];
+  ++cut.Points;
+  cut.StrongestDb = std::max(cut.StrongestDb, levelDb);
+  if (cuts.size() > kMostCuts) throw RunTimeError(fault::kTypeMismatch, "too many cuts");
+}
 
 /// The longest cut; among several the one with the strongest level.
-const std::vector<TablePoint>* BestOf(const Cuts& cuts) {
-  const auto strength = [](const std::vector<TablePoint>& points) {
-    double strongest = points.front().LevelDb;
-    for (const TablePoint& point : points) strongest = std::max(strongest, point.LevelDb);
-    return std::pair(points.size(), strongest);
-  };
-  const std::vector<TablePoint>* best = nullptr;
-  for (const auto& [at, points] : cuts)
-    if (best == nullptr || strength(points) > strength(*best)) best = &points;
-  return best != nullptr && best->size() >= kFewestPoints ? best : nullptr;
+std::optional<double> BestOf(const Cuts& cuts) {
+  const auto best = std::max_element(cuts.begin(), cuts.end(),
+                                     [](const auto& a, const auto& b) { return a.second < b.second; });
+  if (best == cuts.end() || best->second.Points < kFewestPoints) return std::nullopt;
+  return best->first;
 }
 
-std::vector<TablePoint> NecCut(const std::vector<Direction>& directions) {
-  Cuts azimuth;
-  Cuts elevation;
-  for (const Direction& direction : directions) {
-    azimuth[direction.Theta].push_back({-direction.Phi, direction.TotalDb});
-    elevation[direction.Phi].push_back({direction.Theta, direction.TotalDb});
-  }
-  const auto* best = BestOf(azimuth);
-  if (best == nullptr) best = BestOf(elevation);
-  return best == nullptr ? std::vector<TablePoint>() : *best;
-}
+/// Takes a model's text off its lines. The table of a whole sphere may hold more than fits into memory: its
+/// cuts are counted first, and the chosen one is fetched by reading again.
+class Reader {
+ public:
+  explicit Reader(TextLines& lines) : lines_(lines) {}
 
-/// Rows "Deg V H Tot ..." up to a blank line; an elevation angle counts from the horizon up.
-std::vector<TablePoint> FarFieldCut(const std::vector<std::string_view>& lines, std::size_t heading,
-                                    bool azimuth) {
-  std::vector<TablePoint> points;
-  for (std::size_t i = heading + 1; i < lines.size(); ++i) {
-    const auto numbers = LeadingNumbers(lines[i]);
-    if (numbers.size() < 4) break;
-    points.push_back({azimuth ? -numbers[0] : 90.0 - numbers[0], numbers[3]});
+  PatternTable Read() {
+    auto line = Next();
+    while (line && table_.Points.empty()) {
+      if (const auto frequency = FrequencyIn(*line)) table_.FrequencyMHz = frequency;
+      if (Contains(*line, "Elevation Pattern")) azimuth_ = false;
+      if (Contains(*line, kNecHeading))
+        line = TakeNec();
+      else
+        line = Contains(*line, kFarFieldHeading) ? TakeFarField() : Next();
+    }
+    return std::move(table_);
   }
-  return points;
-}
+
+ private:
+  std::optional<std::string_view> Next() {
+    ++passed_;
+    return lines_.Next();
+  }
+
+  /// Gives the rows below a heading to `take`. @return the first line behind them, or another heading
+  template <typename Take>
+  std::optional<std::string_view> TakeDirections(const Take& take) {
+    bool begun = false;
+    for (auto line = Next(); line; line = Next()) {
+      const auto numbers = LeadingNumbers(*line);
+      const bool row = numbers.size() == 5;
+      if (!row && (begun || IsHeading(*line))) return line;
+      if (row) take({numbers[0], numbers[1], numbers[4]});
+      begun = begun || row;
+    }
+    return std::nullopt;
+  }
+
+  /// @return the first line behind a table without a pattern
+  std::optional<std::string_view> TakeNec() {
+    const std::size_t heading = passed_;
+    Cuts azimuth;
+    Cuts elevation;
+    const auto behind = TakeDirections([&](const Direction& direction) {
+      Count(azimuth, direction.Theta, direction.TotalDb);
+      Count(elevation, direction.Phi, direction.TotalDb);
+    });
+    if (const auto theta = BestOf(azimuth))
+      return Gather(heading, [&](const Direction& direction) {
+        if (direction.Theta == *theta) AddPoint(table_.Points, {-direction.Phi, direction.TotalDb});
+      });
+    if (const auto phi = BestOf(elevation))
+      return Gather(heading, [&](const Direction& direction) {
+        if (direction.Phi == *phi) AddPoint(table_.Points, {direction.Theta, direction.TotalDb});
+      });
+    return behind;
+  }
+
+  /// The rows below a heading that was passed, once more.
+  template <typename Take>
+  std::optional<std::string_view> Gather(std::size_t heading, const Take& take) {
+    lines_.Restart();
+    for (passed_ = 0; passed_ < heading;) Next();
+    return TakeDirections(take);
+  }
+
+  /// Rows "Deg V H Tot ..." up to a blank line; an elevation angle counts from the horizon up.
+  std::optional<std::string_view> TakeFarField() {
+    for (auto line = Next(); line; line = Next()) {
+      const auto numbers = LeadingNumbers(*line);
+      if (numbers.size() < 4) return line;
+      AddPoint(table_.Points, {azimuth_ ? -numbers[0] : 90.0 - numbers[0], numbers[3]});
+    }
+    return std::nullopt;
+  }
+
+  TextLines& lines_;
+  PatternTable table_;
+  std::size_t passed_ = 0;
+  bool azimuth_ = true;
+};
 
 }  // namespace
 
-PatternTable ReadModelTable(std::string_view text) {
-  PatternTable table;
-  const auto lines = LinesOf(text);
-  bool azimuth = true;
-  for (std::size_t i = 0; i < lines.size() && table.Points.empty(); ++i) {
-    if (const auto frequency = FrequencyIn(lines[i])) table.FrequencyMHz = frequency;
-    if (Contains(lines[i], "Elevation Pattern")) azimuth = false;
-    if (Contains(lines[i], kNecHeading)) table.Points = NecCut(NecDirections(lines, i));
-    if (Contains(lines[i], kFarFieldHeading)) table.Points = FarFieldCut(lines, i, azimuth);
-  }
+PatternTable ReadModelTable(TextLines& lines) {
+  PatternTable table = Reader(lines).Read();
   if (table.Points.size() < kFewestPoints) throw RunTimeError(fault::kTypeMismatch, "no radiation pattern");
   for (const TablePoint& point : table.Points)
     table.GainDbi = std::max(table.GainDbi.value_or(-1e9), point.LevelDb);
@@ -116,8 +167,10 @@ PatternTable ReadModelTable(std::string_view text) {
   return table;
 }
 
-bool LooksLikeModelTable(std::string_view bytes) {
-  return Contains(bytes, kNecHeading) || Contains(bytes, kFarFieldHeading);
+bool LooksLikeModelTable(TextLines& lines) {
+  while (const auto line = lines.Next())
+    if (IsHeading(*line)) return true;
+  return false;
 }
 
 }  // namespace lobegraph

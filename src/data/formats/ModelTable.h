@@ -1,8 +1,7 @@
 #pragma once
 
-#include <string_view>
-
 #include "data/table/PatternTable.h"
+#include "data/table/TextLines.h"
 
 namespace lobegraph {
 
@@ -10,10 +9,12 @@ namespace lobegraph {
 /// programs, or the far-field table "Deg V dB H dB Tot dB". The total gain counts. Of several cuts the one
 /// with the strongest level among the longest is taken; azimuth (one elevation, all round) comes before
 /// elevation. Models count angles counter-clockwise from forward (+X), which lies at the top of the plot.
+/// However many cuts there are, one of them is in memory.
+/// @param lines can be begun again
 /// @throws RunTimeError 13 (Type mismatch) for a text without such a table
-PatternTable ReadModelTable(std::string_view text);
+PatternTable ReadModelTable(TextLines& lines);
 
 /// Whether such a table stands in a text.
-bool LooksLikeModelTable(std::string_view bytes);
+bool LooksLikeModelTable(TextLines& lines);
 
 }  // namespace lobegraph

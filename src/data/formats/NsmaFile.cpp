@@ -1,6 +1,7 @@
 #include "data/formats/NsmaFile.h"
 
-#include <cmath>
+#include <algorithm>
+#include <iterator>
 
 #include "data/base/Numbers.h"
 
@@ -25,13 +26,19 @@ Record RecordOf(std::string_view line) {
   return {key, Trimmed(value.substr(0, value.find('!')))};
 }
 
+constexpr std::string_view kDashes[] = {"\xE2\x88\x92", "\xE2\x80\x90", "\xE2\x80\x91", "\xE2\x80\x93"};
+
 /// Typographic minus signs and hyphens stand for a plain one.
 std::string WithPlainMinus(std::string_view text) {
-  std::string plain(text);
-  for (const std::string_view dash : {"\xE2\x88\x92", "\xE2\x80\x90", "\xE2\x80\x91", "\xE2\x80\x93"})
-    for (auto at = plain.find(dash); at != std::string::npos; at = plain.find(dash))
-      plain.replace(at, dash.size(), "-");
-  return plain;
+  std::string plain;
+  for (std::size_t at = text.find('\xE2'); at != std::string_view::npos; at = text.find('\xE2')) {
+    const std::string_view character = text.substr(at, 3);
+    plain += text.substr(0, at);
+    const bool dash = std::find(std::begin(kDashes), std::end(kDashes), character) != std::end(kDashes);
+    plain += dash ? "-" : character;
+    text.remove_prefix(at + character.size());
+  }
+  return plain += text;
 }
 
 bool IsAzimuth(std::string_view cut) { return cut == "AZ" || cut == "H"; }
@@ -65,23 +72,24 @@ std::string Words(std::string_view text, std::size_t longest) {
 
 }  // namespace
 
-PatternTable ReadNsma(std::string_view text) {
+PatternTable ReadNsma(TextLines& lines) {
   PatternTable table;
-  const std::string plain = WithPlainMinus(text);
+  std::string line;
   bool azimuth = false;
-  for (const std::string_view line : LinesOf(plain)) {
+  while (const auto text = lines.Next()) {
+    line = WithPlainMinus(*text);
     const auto values = WordsOf(line, ", \t");
     const auto angle = values.size() > 1 ? NumberIn(values[0]) : std::nullopt;
     const auto level = values.size() > 1 ? NumberIn(values[1]) : std::nullopt;
     if (angle && level) {
-      if (azimuth) table.Points.push_back({*angle, *level});
+      if (azimuth) AddPoint(table.Points, {*angle, *level});
       continue;
     }
     const Record record = RecordOf(line);
     if (record.Key == "PATCUT") azimuth = table.Points.empty() && IsAzimuth(record.Value);
     TakeRecord(record, table);
   }
-  WholeDegrees(table);
+  RequirePoints(table);
   return table;
 }
 

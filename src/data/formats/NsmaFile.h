@@ -1,16 +1,16 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 
 #include "data/table/PatternTable.h"
+#include "data/table/TextLines.h"
 
 namespace lobegraph {
 
 /// NSMA WG16.99.050 (.adf): the first cut that is one of azimuth; the structure stands in docs/formats.md.
 /// The dirt of other writers is taken; a line that cannot be read is passed over.
 /// @throws RunTimeError 13 (Type mismatch) for a text without an azimuth cut
-PatternTable ReadNsma(std::string_view text);
+PatternTable ReadNsma(TextLines& lines);
 
 /// 361 points from -180 to 180 degrees.
 std::string WriteNsma(const PatternTable& table);

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "data/base/TextEncoding.h"
 #include "data/formats/LevelList.h"
 #include "data/formats/LevelTable.h"
 #include "data/formats/ModelTable.h"
@@ -93,14 +92,31 @@ bool Suits(const PatternFormat& format, std::string_view path, bool columns) {
   return format.Columns.value_or(columns) == columns && HasOneOf(path, format.Endings);
 }
 
-LoadOutcome ReadTableOf(const PatternFormat& format, std::string_view bytes, ReadingsRecord& record) {
+bool IsRecognised(const PatternFormat& format, FileAccess& files, const std::string& path) {
+  const auto file = files.Open(path, FileAccess::kAnySize);
+  TextLines lines(*file);
+  try {
+    return format.Recognises(lines);
+  } catch (const RunTimeError&) {
+    return false;  // no text
+  }
+}
+
+LoadOutcome ReadTableOf(const PatternFormat& format, std::istream& file, ReadingsRecord& record) {
   LoadOutcome outcome;
   try {
-    TakeUpTable(format.ReadTable(DecodeText(bytes)), record);
+    TextLines lines(file);
+    TakeUpTable(format.ReadTable(lines), record);
   } catch (const RunTimeError& error) {
     outcome.Error = error;
   }
   return outcome;
+}
+
+LoadOutcome ReadForeign(const PatternFormat& format, FileAccess& files, const std::string& path,
+                        const LoadRules& rules, ReadingsRecord& record) {
+  if (format.ReadRecord != nullptr) return format.ReadRecord(files.Read(path), rules, record);
+  return ReadTableOf(format, *files.Open(path, FileAccess::kAnySize), record);
 }
 
 void AddNew(std::vector<std::string_view>& list, std::string_view ending) {
@@ -111,10 +127,10 @@ void AddNew(std::vector<std::string_view>& list, std::string_view ending) {
 
 std::span<const PatternFormat> PatternFormats() { return kFormats; }
 
-const PatternFormat& FormatToRead(std::string_view path, std::string_view bytes, bool columns) {
+const PatternFormat& FormatToRead(FileAccess& files, const std::string& path, bool columns) {
   for (const PatternFormat& format : kFormats) {
     if (Suits(format, path, columns)) return format;
-    if (HasOneOf(path, format.EndingsOfAnyText) && format.Recognises(bytes)) return format;
+    if (HasOneOf(path, format.EndingsOfAnyText) && IsRecognised(format, files, path)) return format;
   }
   return kFormats[0];
 }
@@ -142,12 +158,11 @@ std::vector<std::string_view> EndingsWritten() {
 
 LoadOutcome ReadPattern(FileAccess& files, const std::string& path, const LoadRules& rules,
                         ReadingsRecord& record) {
-  const std::string bytes = files.Read(path);
-  const PatternFormat& format = FormatToRead(path, bytes, rules.Columns);
-  if (&format == kFormats) return format.ReadRecord(bytes, rules, record);
-  if (!rules.Overlay) record.ScaleSetting = scale_setting::kUsual;
-  const LoadOutcome outcome = format.ReadRecord != nullptr ? format.ReadRecord(bytes, rules, record)
-                                                           : ReadTableOf(format, bytes, record);
+  const PatternFormat& format = FormatToRead(files, path, rules.Columns);
+  if (&format == kFormats) return format.ReadRecord(files.Read(path), rules, record);
+  const float scale = rules.Overlay ? record.ScaleSetting : scale_setting::kUsual;
+  const LoadOutcome outcome = ReadForeign(format, files, path, rules, record);
+  record.ScaleSetting = scale;
   record.Description = QuotableText(record.Description);
   return outcome;
 }

@@ -10,6 +10,7 @@
 #include "data/formats/LoadOutcome.h"
 #include "data/record/ReadingsRecord.h"
 #include "data/table/PatternTable.h"
+#include "data/table/TextLines.h"
 
 namespace lobegraph {
 
@@ -20,12 +21,12 @@ struct PatternFormat {
   std::string_view Name;     ///< as a file dialog and the help text show it
   std::string_view Endings;  ///< with their points, blanks between them, the usual one first
 
-  std::string_view EndingsOfAnyText = "";                ///< count only for a file that is recognised
-  bool (*Recognises)(std::string_view bytes) = nullptr;  ///< looks at a whole file
-  std::optional<bool> Columns = std::nullopt;            ///< counts only where LoadRules::Columns is the same
+  std::string_view EndingsOfAnyText = "";          ///< count only for a file that is recognised
+  bool (*Recognises)(TextLines& lines) = nullptr;  ///< looks as far as it has to
+  std::optional<bool> Columns = std::nullopt;      ///< counts only where LoadRules::Columns is the same
 
   LoadOutcome (*ReadRecord)(std::string_view bytes, const LoadRules& rules, ReadingsRecord& record) = nullptr;
-  PatternTable (*ReadTable)(std::string_view text) = nullptr;
+  PatternTable (*ReadTable)(TextLines& lines) = nullptr;
   std::string (*WriteRecord)(const ReadingsRecord& record, std::string_view versionText) = nullptr;
   std::string (*WriteTable)(const PatternTable& table) = nullptr;
 
@@ -41,7 +42,8 @@ std::span<const PatternFormat> PatternFormats();
 
 /// By the ending of a name, in any letter case; where the ending is that of any text, by what stands in the
 /// file. Anything unknown is taken for a pattern file.
-const PatternFormat& FormatToRead(std::string_view path, std::string_view bytes, bool columns);
+/// @throws RunTimeError 53, 75, 76 for a file that has to be looked into and cannot be read
+const PatternFormat& FormatToRead(FileAccess& files, const std::string& path, bool columns);
 
 /// By the ending of a name; null when nothing is written under it.
 const PatternFormat* FormatToWrite(std::string_view path, bool columns);
@@ -51,7 +53,8 @@ const PatternFormat* FormatToWrite(std::string_view path, bool columns);
 std::vector<std::string_view> EndingsRead();
 std::vector<std::string_view> EndingsWritten();
 
-/// Reads a pattern file of any format. Levels of foreign formats reach up to 1000.
+/// Reads a pattern file of any format. A record is read from a file of at most FileAccess::kLargestFile;
+/// tables are read line by line, however large they are. Levels of foreign formats reach up to 1000.
 /// @return the error of a file that could be opened: 13 for a text without a pattern, or as ReadPatternText
 /// @throws RunTimeError 53, 75, 76 for a file that cannot be read
 LoadOutcome ReadPattern(FileAccess& files, const std::string& path, const LoadRules& rules,

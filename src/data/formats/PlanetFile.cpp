@@ -50,21 +50,21 @@ std::string Line(std::string_view label, const std::optional<double>& value, int
 
 }  // namespace
 
-PatternTable ReadPlanet(std::string_view text) {
+PatternTable ReadPlanet(TextLines& lines) {
   PatternTable table;
   bool horizontal = false;
-  for (const std::string_view line : LinesOf(text)) {
-    const Entry entry = EntryOf(line);
+  while (const auto line = lines.Next()) {
+    const Entry entry = EntryOf(*line);
     const auto angle = NumberIn(entry.Label);
     const auto level = NumberIn(entry.Value);
     if (angle && level) {
-      if (horizontal) table.Points.push_back({*angle, -std::abs(*level)});
+      if (horizontal) AddPoint(table.Points, {*angle, -std::abs(*level)});
       continue;
     }
     if (entry.Label == "HORIZONTAL" || entry.Label == "VERTICAL") horizontal = entry.Label == "HORIZONTAL";
     TakeEntry(entry, table);
   }
-  WholeDegrees(table);
+  RequirePoints(table);
   return table;
 }
 

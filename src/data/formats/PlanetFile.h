@@ -1,9 +1,9 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 
 #include "data/table/PatternTable.h"
+#include "data/table/TextLines.h"
 
 namespace lobegraph {
 
@@ -11,7 +11,7 @@ namespace lobegraph {
 /// its structure stands in docs/formats.md. The dirt of other writers is taken; a line that cannot be read is
 /// passed over.
 /// @throws RunTimeError 13 (Type mismatch) for a text without a horizontal cut
-PatternTable ReadPlanet(std::string_view text);
+PatternTable ReadPlanet(TextLines& lines);
 
 /// 360 whole degrees. The vertical cut, which a single cut does not know, is 0 dB all round and said to be
 /// unknown.

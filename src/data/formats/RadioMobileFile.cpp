@@ -10,10 +10,10 @@ constexpr std::size_t kAzimuths = 360;
 
 }  // namespace
 
-PatternTable ReadRadioMobile(std::string_view text) {
+PatternTable ReadRadioMobile(TextLines& lines) {
   PatternTable table;
-  for (const std::string_view line : LinesOf(text)) {
-    const auto level = NumberIn(line);
+  while (const auto line = lines.Next()) {
+    const auto level = NumberIn(*line);
     if (!level) continue;
     table.Points.push_back({static_cast<double>(table.Points.size()), *level});
     if (table.Points.size() == kAzimuths) return table;

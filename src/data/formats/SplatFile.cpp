@@ -13,21 +13,20 @@ double DbOf(double field) { return field > 0.0 ? 20.0 * std::log10(field) : kFai
 
 }  // namespace
 
-PatternTable ReadSplat(std::string_view text) {
+PatternTable ReadSplat(TextLines& lines) {
   PatternTable table;
   double turnedDeg = 0.0;
   bool first = true;
-  for (std::string_view line : LinesOf(text)) {
-    line = line.substr(0, line.find(';'));
-    const auto words = WordsOf(line);
+  while (const auto line = lines.Next()) {
+    const auto words = WordsOf(line->substr(0, line->find(';')));
     const auto angle = words.empty() ? std::nullopt : NumberIn(words[0]);
     if (!angle) continue;
     const auto field = words.size() > 1 ? NumberIn(words[1]) : std::nullopt;
-    if (field) table.Points.push_back({*angle + turnedDeg, DbOf(*field)});
+    if (field) AddPoint(table.Points, {*angle + turnedDeg, DbOf(*field)});
     if (first && !field) turnedDeg = *angle;
     first = false;
   }
-  WholeDegrees(table);
+  RequirePoints(table);
   return table;
 }
 

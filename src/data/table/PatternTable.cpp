@@ -16,16 +16,17 @@ constexpr double kEvenness = 1e-3;
 constexpr std::size_t kFewestReadings = 60;
 constexpr std::size_t kMostReadings = 360;
 constexpr double kPeakLevel = 1000.0;
+constexpr std::size_t kMostPoints = 1'000'000;
+/// Degrees or dB; sums of them stay numbers.
+constexpr double kMostOfAnything = 1e15;
 
 double OnCircle(double angleDeg) {
   const double rest = std::fmod(angleDeg, kTurn);
   return rest < 0.0 ? rest + kTurn : rest;
 }
 
-/// By angle from 0 up to 360, one point an angle, 0 dB at the strongest.
-std::vector<TablePoint> Ordered(const PatternTable& table) {
-  std::vector<TablePoint> sorted = table.Points;
-  if (sorted.empty()) throw RunTimeError(fault::kTypeMismatch, "no pattern found");
+/// By angle from 0 up to 360, one point an angle.
+std::vector<TablePoint> Merged(std::vector<TablePoint> sorted) {
   for (TablePoint& point : sorted) {
     point.AngleDeg = OnCircle(point.AngleDeg);
     if (kTurn - point.AngleDeg < kSameAngle) point.AngleDeg = 0.0;
@@ -35,12 +36,22 @@ std::vector<TablePoint> Ordered(const PatternTable& table) {
   std::vector<TablePoint> merged;
   for (std::size_t i = 0; i < sorted.size();) {
     double sum = 0.0;
+    double count = 0.0;
     std::size_t next = i;
-    for (; next < sorted.size() && sorted[next].AngleDeg - sorted[i].AngleDeg < kSameAngle; ++next)
-      sum += sorted[next].LevelDb;
-    merged.push_back({sorted[i].AngleDeg, sum / static_cast<double>(next - i)});
+    for (; next < sorted.size() && sorted[next].AngleDeg - sorted[i].AngleDeg < kSameAngle; ++next) {
+      sum += sorted[next].LevelDb * sorted[next].Count;
+      count += sorted[next].Count;
+    }
+    merged.push_back({sorted[i].AngleDeg, sum / count, count});
     i = next;
   }
+  return merged;
+}
+
+/// The same with 0 dB at the strongest.
+std::vector<TablePoint> Ordered(const PatternTable& table) {
+  RequirePoints(table);
+  std::vector<TablePoint> merged = Merged(table.Points);
   double strongest = merged.front().LevelDb;
   for (const TablePoint& point : merged) strongest = std::max(strongest, point.LevelDb);
   for (TablePoint& point : merged) point.LevelDb = std::max(kFaintestDb, point.LevelDb - strongest);
@@ -103,6 +114,22 @@ void PutHalfTurn(ReadingsRecord& record, const std::vector<TablePoint>& points, 
 
 }  // namespace
 
+void AddPoint(std::vector<TablePoint>& points, const TablePoint& point) {
+  const bool sound =
+      std::abs(point.AngleDeg) <= kMostOfAnything && std::abs(point.LevelDb) <= kMostOfAnything;
+  if (!sound) throw RunTimeError(fault::kTypeMismatch, "no direction and level");
+  if (points.size() == 2 * kMostPoints) {
+    points = Merged(std::move(points));
+    if (points.size() > kMostPoints)
+      throw RunTimeError(fault::kTypeMismatch, "more than a million directions");
+  }
+  points.push_back(point);
+}
+
+void RequirePoints(const PatternTable& table) {
+  if (table.Points.empty()) throw RunTimeError(fault::kTypeMismatch, "no pattern found");
+}
+
 std::array<double, 360> WholeDegrees(const PatternTable& table) {
   const auto points = Ordered(table);
   std::array<double, 360> levels{};
@@ -128,18 +155,6 @@ void TakeUpTable(const PatternTable& table, ReadingsRecord& record) {
     levels.assign(whole.begin(), whole.end());
   }
   Put(record, levels);
-}
-
-std::vector<std::string_view> LinesOf(std::string_view text) {
-  std::vector<std::string_view> lines;
-  while (!text.empty()) {
-    const std::size_t end = text.find('\n');
-    std::string_view line = text.substr(0, end);
-    if (line.ends_with('\r')) line.remove_suffix(1);
-    lines.push_back(line);
-    text = end == std::string_view::npos ? std::string_view() : text.substr(end + 1);
-  }
-  return lines;
 }
 
 std::vector<std::string_view> WordsOf(std::string_view line, std::string_view separators) {

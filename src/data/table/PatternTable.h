@@ -14,6 +14,7 @@ namespace lobegraph {
 struct TablePoint {
   double AngleDeg = 0.0;  ///< clockwise from the top of the plot
   double LevelDb = 0.0;   ///< relative to anything
+  double Count = 1.0;     ///< how many directions it is the mean of
 };
 
 /// A plotted reading as it was collected.
@@ -41,6 +42,15 @@ struct PatternTable {
 /// The weakest level that is told apart from nothing, dB below the strongest.
 inline constexpr double kFaintestDb = -100.0;
 
+/// Adds a direction to those of a cut. A million different ones are kept; where there are many of one angle,
+/// their mean.
+/// @throws RunTimeError 13 (Type mismatch) beyond a million different angles, and for numbers that are no
+/// angle or no level (above 1E15)
+void AddPoint(std::vector<TablePoint>& points, const TablePoint& point);
+
+/// @throws RunTimeError 13 (Type mismatch) for a table without a single point
+void RequirePoints(const PatternTable& table);
+
 /// Levels at 0, 1, ... 359 degrees, dB relative to the strongest (at most 0, at least kFaintestDb): straight
 /// lines in dB between the points, which lie on a circle; points at the same angle count with their mean.
 /// @throws RunTimeError 13 (Type mismatch) without a single point
@@ -52,8 +62,6 @@ std::array<double, 360> WholeDegrees(const PatternTable& table);
 /// @throws RunTimeError 13 without a single point
 void TakeUpTable(const PatternTable& table, ReadingsRecord& record);
 
-/// Lines of a text without their ends (CR LF or LF).
-std::vector<std::string_view> LinesOf(std::string_view text);
 /// Words of a line between the separators, none of them empty.
 std::vector<std::string_view> WordsOf(std::string_view line, std::string_view separators = " \t");
 /// The value of a text that is a number from end to end, a decimal point or a decimal comma in it.

@@ -57,11 +57,25 @@ TEST_F(FileAccessTest, ALoadThatFindsNoFileReportsItsNumber) {
   EXPECT_EQ(record.Description, "no description");
 }
 
-TEST_F(FileAccessTest, AnEndlessLineDoesNotFillTheMemory) {
+TEST_F(FileAccessTest, AFileBeyondAMegabyteIsRefusedWithItsSizeNeverReadInPart) {
   const std::string path = folder_.File("big.lbg");
   std::ofstream(path) << "9";
-  std::filesystem::resize_file(path, 1U << 30U);
+  std::filesystem::resize_file(path, FileAccess::kLargestFile);
   EXPECT_EQ(files_.Read(path).size(), FileAccess::kLargestFile);
+  std::filesystem::resize_file(path, 1U << 30U);
+  const auto refusal = [](const auto& action) {
+    try {
+      action();
+    } catch (const RunTimeError& error) {
+      return std::to_string(error.Number()) + " " + error.AdviceText();
+    }
+    return std::string();
+  };
+  const std::string told =
+      "75 The file has 1073741824 bytes, more than the 1048576 that such a file may have.";
+  EXPECT_EQ(refusal([&] { files_.Read(path); }), told);
+  EXPECT_EQ(refusal([&] { files_.Open(path, FileAccess::kLargestFile); }), told);
+  EXPECT_EQ(refusal([&] { files_.Open(path, FileAccess::kAnySize); }), "");
 }
 
 TEST_F(FileAccessTest, EachObstacleToWritingHasItsNumberAndLeavesTheOldFile) {

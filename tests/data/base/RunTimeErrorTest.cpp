@@ -20,6 +20,16 @@ TEST(RunTimeErrorTest, TheTextNamesNumberDescriptionRealLineProcedureAndForm) {
                 " of procedure cmdUpdate_Click of Form frmEditLbg");
 }
 
+TEST(RunTimeErrorTest, AnAdviceStandsAboveTheText) {
+  const unsigned line = __LINE__ + 1;
+  const RunTimeError error(13, Advice{"Give a number."});
+  EXPECT_EQ(RunTimeErrorText(error, "ReDraw"), "Give a number.\r\nError 13 (Type mismatch) in line " +
+                                                   std::to_string(line) +
+                                                   " of procedure ReDraw of Form Form1");
+  EXPECT_STREQ(error.what(), "Error 13 (Type mismatch): Give a number.");
+  EXPECT_EQ(RunTimeError(13, "a file").AdviceText(), "");
+}
+
 TEST(RunTimeErrorTest, EachNumberHasItsDescription) {
   const std::pair<int, const char*> cases[] = {{5, "Invalid procedure call or argument"},
                                                {6, "Overflow"},

@@ -3,9 +3,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <chrono>
-#include <filesystem>
-#include <fstream>
 #include <sstream>
 #include <streambuf>
 
@@ -16,7 +13,6 @@
 namespace lobegraph {
 namespace {
 
-using testing::Each;
 using testing::ElementsAre;
 using testing::ElementsAreArray;
 using testing::SizeIs;
@@ -149,28 +145,12 @@ TEST(CsvReadings, the_window_says_what_was_read) {
   EXPECT_EQ(CsvSummary(Read(text)), "360 values read, 2 were not numbers, the rest was ignored");
 }
 
-TEST(CsvReadings, a_file_of_100_MB_is_done_at_once) {
-  const TemporaryFolder folder;
-  const std::string path = folder.File("large.csv");
-  {
-    std::ofstream file(path, std::ios::binary);
-    for (int i = 0; i < 400; ++i) file << "12.5,";
-  }
-  std::filesystem::resize_file(path, 100'000'000);
-  const auto begin = std::chrono::steady_clock::now();
-  DiskFiles disk;
-  const CsvReadings readings = ReadCsv(*disk.Open(path));
-  EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::milliseconds(100));
-  EXPECT_THAT(readings.Values, Each(12.5F));
-  EXPECT_THAT(readings.Values, SizeIs(360));
-}
-
 TEST(CsvReadings, files_that_cannot_be_opened_say_why) {
   const TemporaryFolder folder;
   DiskFiles disk;
   const auto numberOf = [&](const std::string& path) {
     try {
-      disk.Open(path);
+      disk.Open(path, FileAccess::kLargestFile);
     } catch (const RunTimeError& error) {
       return error.Number();
     }

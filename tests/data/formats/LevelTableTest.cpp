@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "data/base/RunTimeError.h"
+#include "support/TextOf.h"
 
 namespace lobegraph {
 namespace {
@@ -35,7 +36,7 @@ const Table kSame[] = {
 
 TEST(LevelTable, FindsAnglesAndLevelsInWhateverWroteThem) {
   for (const Table& table : kSame) {
-    const auto levels = WholeDegrees(ReadLevelTable(table.Text));
+    const auto levels = WholeDegrees(ReadLevelTable(TextOf(table.Text)));
     EXPECT_NEAR(levels[0], 0, 1e-3) << table.Name;
     EXPECT_NEAR(levels[90], -20, 1e-3) << table.Name;
     EXPECT_NEAR(levels[180], -6.0206, 1e-3) << table.Name;
@@ -44,12 +45,12 @@ TEST(LevelTable, FindsAnglesAndLevelsInWhateverWroteThem) {
 }
 
 TEST(LevelTable, RowsThatAreNoNumbersArePassedOver) {
-  EXPECT_EQ(ReadLevelTable("a b\n0 10\nnothing here\n90 x\n180 5\n").Points.size(), 2U);
+  EXPECT_EQ(ReadLevelTable(TextOf("a b\n0 10\nnothing here\n90 x\n180 5\n")).Points.size(), 2U);
 }
 
 TEST(LevelTable, ATextWithoutNumbersIsRefused) {
   for (const char* text : {"", "abc\ndef\n", ";;;\n", "\n\n"})
-    EXPECT_THROW(ReadLevelTable(text), RunTimeError) << text;
+    EXPECT_THROW(ReadLevelTable(TextOf(text)), RunTimeError) << text;
 }
 
 TEST(LevelTable, IsWrittenWithItsHeading) {

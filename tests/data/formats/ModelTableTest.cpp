@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "data/base/RunTimeError.h"
+#include "support/TextOf.h"
 
 namespace lobegraph {
 namespace {
@@ -23,7 +24,7 @@ std::string NecHead() {
 TEST(ModelTable, AnAzimuthCutTurnsClockwiseWithForwardAtTheTop) {
   std::string text = NecHead();
   for (int phi = 0; phi < 360; phi += 10) text += NecRow(90, phi, phi == 30 ? 7.5 : -phi / 100.0);
-  const PatternTable table = ReadModelTable(text);
+  const PatternTable table = ReadModelTable(TextOf(text));
   EXPECT_THAT(table.FrequencyMHz, Optional(14.1));
   EXPECT_THAT(table.GainDbi, Optional(7.5));
   EXPECT_EQ(table.Points.size(), 36U);
@@ -34,13 +35,31 @@ TEST(ModelTable, TheStrongestOfTheLongestAzimuthCutsIsTaken) {
   std::string text = NecHead();
   for (int theta = 60; theta <= 80; theta += 10)
     for (int phi = 0; phi < 360; phi += 10) text += NecRow(theta, phi, theta == 70 && phi == 50 ? 9 : 1);
-  EXPECT_THAT(ReadModelTable(text).GainDbi, Optional(9.0));
+  EXPECT_THAT(ReadModelTable(TextOf(text)).GainDbi, Optional(9.0));
+}
+
+TEST(ModelTable, AWholeSphereIsReadToItsEndHoweverLargeItIs) {
+  std::string text = NecHead();
+  for (int phi = 0; phi < 360; ++phi)
+    for (int theta = 0; theta <= 90; ++theta) text += NecRow(theta, phi, phi == 350 && theta == 80 ? 9 : 1);
+  EXPECT_GT(text.size(), 1U << 20U);
+  const PatternTable table = ReadModelTable(TextOf(text));
+  EXPECT_EQ(table.Points.size(), 360U);
+  EXPECT_THAT(table.GainDbi, Optional(9.0));
+  EXPECT_EQ(WholeDegrees(table)[10], 0) << "the last directions of the table";
+}
+
+TEST(ModelTable, HeadingsWithoutATableArePassedOver) {
+  std::string text;
+  for (int i = 0; i < 30'000; ++i) text += "RADIATION PATTERNS\n";
+  for (int phi = 0; phi < 360; phi += 10) text += NecRow(90, phi, phi == 30 ? 2 : 1);
+  EXPECT_EQ(WholeDegrees(ReadModelTable(TextOf(text)))[330], 0);
 }
 
 TEST(ModelTable, AnElevationCutHasTheZenithAtTheTop) {
   std::string text = NecHead();
   for (int theta = -90; theta <= 90; theta += 5) text += NecRow(theta, 0, theta == 60 ? 6 : 0);
-  const PatternTable table = ReadModelTable(text);
+  const PatternTable table = ReadModelTable(TextOf(text));
   EXPECT_EQ(WholeDegrees(table)[60], 0);
   ReadingsRecord record;
   TakeUpTable(table, record);
@@ -51,7 +70,7 @@ TEST(ModelTable, ADirectionWithoutGainIsTheFaintestLevelAndTheSenseMayBeBlank) {
   std::string text = NecHead();
   for (int phi = 0; phi < 360; phi += 10)
     text += NecRow(90, phi, phi == 90 ? -999.99 : 2, phi == 90 ? " 0.0 0.0" : "");
-  EXPECT_EQ(WholeDegrees(ReadModelTable(text))[270], kFaintestDb);
+  EXPECT_EQ(WholeDegrees(ReadModelTable(TextOf(text)))[270], kFaintestDb);
 }
 
 TEST(ModelTable, OnlyTheFirstPatternOfAFrequencySweepCounts) {
@@ -59,7 +78,7 @@ TEST(ModelTable, OnlyTheFirstPatternOfAFrequencySweepCounts) {
   for (int phi = 0; phi < 360; phi += 10) text += NecRow(90, phi, 1);
   text += "\n" + NecHead();
   for (int phi = 0; phi < 360; phi += 10) text += NecRow(90, phi, 20);
-  EXPECT_THAT(ReadModelTable(text).GainDbi, Optional(1.0));
+  EXPECT_THAT(ReadModelTable(TextOf(text)).GainDbi, Optional(1.0));
 }
 
 TEST(ModelTable, AFarFieldTableIsReadWithDecimalCommas) {
@@ -69,7 +88,7 @@ TEST(ModelTable, AFarFieldTableIsReadWithDecimalCommas) {
   for (int d = 0; d < 360; d += 5)
     text += std::to_string(d) + " -99,99 1,5 " + (d == 90 ? "8,25" : "-2,5") + " 0,0 12,1\n";
   text += "\n400 0 0 99\n";
-  const PatternTable table = ReadModelTable(text);
+  const PatternTable table = ReadModelTable(TextOf(text));
   EXPECT_THAT(table.FrequencyMHz, Optional(14.15));
   EXPECT_EQ(table.Points.size(), 72U) << "a blank line ends the cut";
   EXPECT_THAT(table.GainDbi, Optional(8.25));
@@ -79,13 +98,13 @@ TEST(ModelTable, AFarFieldTableIsReadWithDecimalCommas) {
 TEST(ModelTable, AFarFieldElevationTableCountsFromTheHorizon) {
   std::string text = "Elevation Pattern  Azimuth angle = 0\nDeg V dB H dB Tot dB\n";
   for (int d = 0; d <= 180; d += 5) text += std::to_string(d) + " 0 0 " + (d == 30 ? "5" : "0") + "\n";
-  EXPECT_EQ(WholeDegrees(ReadModelTable(text))[60], 0);
+  EXPECT_EQ(WholeDegrees(ReadModelTable(TextOf(text)))[60], 0);
 }
 
 TEST(ModelTable, ATextWithoutATableIsRefused) {
   for (const std::string& text :
        {std::string(), std::string("hello"), NecHead(), NecHead() + NecRow(90, 0, 1)})
-    EXPECT_THROW(ReadModelTable(text), RunTimeError);
+    EXPECT_THROW(ReadModelTable(TextOf(text)), RunTimeError);
 }
 
 }  // namespace

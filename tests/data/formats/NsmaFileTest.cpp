@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "support/LopsidedTable.h"
+#include "support/TextOf.h"
 
 namespace lobegraph {
 namespace {
@@ -25,11 +26,11 @@ TEST(Nsma, HasTheRecordsInTheirOrder) {
 }
 
 TEST(Nsma, ReadsTheDirtOfOtherWriters) {
-  const PatternTable table = ReadNsma(
+  const PatternTable table = ReadNsma(TextOf(
       "REVNUM:,NSMA WG16.99.050\nMODNUM:,abc ! the model\nPATFRE,144.3\nPATCUT:,EL\nNUPOIN:,2\n0,0\n10,-50\n"
       "PATCUT:,AZ\nPOLARI:,H/H\nNUPOIN:,3\n\xE2\x88\x92"
       "90,\xE2\x80\x93"
-      "3.5,\n0.0,0.0,12\n90,-4\nPATCUT:,AZ\n0,-77\nENDFIL,EOF\n");
+      "3.5,\n0.0,0.0,12\n90,-4\nPATCUT:,AZ\n0,-77\nENDFIL,EOF\n"));
   EXPECT_EQ(table.Name, "abc");
   EXPECT_THAT(table.FrequencyMHz, Optional(144.3));
   EXPECT_THAT(table.Horizontal, Optional(true));

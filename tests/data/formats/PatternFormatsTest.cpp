@@ -7,8 +7,12 @@
 #include <sstream>
 
 #include "data/formats/PatternFile.h"
+#include "support/FaultOf.h"
+#include "support/LopsidedTable.h"
 #include "support/LopsidedTable.h"
 #include "support/OneFile.h"
+#include "support/TemporaryFolder.h"
+#include "support/TextOf.h"
 
 namespace lobegraph {
 namespace {
@@ -16,8 +20,9 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 
-std::string_view IdOf(std::string_view path, std::string_view bytes = {}, bool columns = false) {
-  return FormatToRead(path, bytes, columns).Id;
+std::string_view IdOf(const std::string& path, const std::string& bytes = {}, bool columns = false) {
+  OneFile file(bytes);
+  return FormatToRead(file, path, columns).Id;
 }
 
 TEST(PatternFormats, AreKnownByTheirEndingsInAnyCase) {
@@ -63,7 +68,7 @@ TEST(PatternFormats, AWrittenTableIsReadBackWithinItsResolution) {
     table.Rows.push_back({static_cast<int>(point.AngleDeg), point.AngleDeg, 1.F, point.LevelDb});
   for (const PatternFormat& format : PatternFormats()) {
     if (format.WriteTable == nullptr) continue;
-    const auto levels = WholeDegrees(format.ReadTable(format.WriteTable(table)));
+    const auto levels = WholeDegrees(format.ReadTable(TextOf(format.WriteTable(table))));
     for (std::size_t d = 0; d < levels.size(); ++d)
       EXPECT_NEAR(levels[d], expected[d], 0.0051) << format.Id << " " << d;
   }
@@ -90,6 +95,30 @@ TEST(PatternFormats, AForeignPatternGetsTheUsualScaleAndADescriptionThatFitsInto
   record.ScaleSetting = 60.F;
   ReadPattern(file, "x.msi", {.Overlay = true}, record);
   EXPECT_EQ(record.ScaleSetting, 60.F) << "over another pattern its scale counts";
+}
+
+TEST(PatternFormats, AListOfReadingsOrAPatternFileThatIsTooLargeIsRefusedAndNeverReadInPart) {
+  const TemporaryFolder folder;
+  DiskFiles disk;
+  ReadingsRecord record;
+  for (const char* name : {"a.csv", "a.lbg", "a.txt", "a"}) {
+    std::ofstream(folder.File(name)) << std::string(FileAccess::kLargestFile, '5') << "\n";
+    EXPECT_EQ(FaultOf([&] { ReadPattern(disk, folder.File(name), {}, record); }), fault::kPathFileAccess)
+        << name;
+  }
+}
+
+TEST(PatternFormats, ATableIsReadHoweverLargeItsFileIs) {
+  const TemporaryFolder folder;
+  std::ofstream file(folder.File("a.csv"));
+  for (int turn = 0; turn < 1000; ++turn)
+    for (int d = 0; d < 360; ++d) file << d << ",-" << (d == 30 ? 0 : 10) + turn % 2 << "\n";
+  file.close();
+  DiskFiles disk;
+  ReadingsRecord record;
+  EXPECT_FALSE(ReadPattern(disk, folder.File("a.csv"), {.Columns = true}, record).Error);
+  EXPECT_EQ(record.NumReadings, 359);
+  EXPECT_EQ(record.PeakIndex, 30);
 }
 
 TEST(PatternFormats, AFileThatIsNotThereIsNoOutcome) {

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "support/LopsidedTable.h"
+#include "support/TextOf.h"
 
 namespace lobegraph {
 namespace {
@@ -24,9 +25,9 @@ TEST(Planet, HasBothCutsWithoutMinusSignsAndNamesItsUnits) {
 
 TEST(Planet, ReadsTheDirtOfOtherWriters) {
   const PatternTable table = ReadPlanet(
-      "NAME x y\nFREQUENCY 2.437 GHz\nGAIN 6.00\nPOLARIZATION HORIZONTAL\nNOISE 7 what\nHORIZONTAL "
-      "359\n0.00\t-0.0\n"
-      "90 10\n180.0 20\n 270\t10\nVERTICAL 360\n0 55\n");
+      TextOf("NAME x y\nFREQUENCY 2.437 GHz\nGAIN 6.00\nPOLARIZATION HORIZONTAL\nNOISE 7 what\nHORIZONTAL "
+             "359\n0.00\t-0.0\n"
+             "90 10\n180.0 20\n 270\t10\nVERTICAL 360\n0 55\n"));
   EXPECT_EQ(table.Name, "x y");
   EXPECT_THAT(table.FrequencyMHz, Optional(2437.0));
   EXPECT_THAT(table.GainDbi, Optional(8.15)) << "without a unit it is over a dipole";

@@ -20,7 +20,7 @@ using testing::SizeIs;
 /// A sheet of one turn as LibreOffice Calc 7.4.7 saves it as CSV, under the locale in the file's name.
 CsvReadings Read(const std::string& name) {
   DiskFiles disk;
-  return ReadCsv(*disk.Open(LOBEGRAPH_TEST_FILES "/csv/" + name));
+  return ReadCsv(*disk.Open(LOBEGRAPH_TEST_FILES "/csv/" + name, FileAccess::kLargestFile));
 }
 
 /// The sheet's cells: 1000 straight ahead, two decimals.

@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "data/base/RunTimeError.h"
+#include "support/FaultOf.h"
 
 namespace lobegraph {
 namespace {
@@ -46,6 +47,32 @@ TEST(PatternTable, NoPointIsNoPattern) {
   ReadingsRecord record;
   EXPECT_THROW(WholeDegrees({}), RunTimeError);
   EXPECT_THROW(TakeUpTable({}, record), RunTimeError);
+}
+
+TEST(PatternTable, AnyNumberOfDirectionsAtOneAngleCountsWithItsMean) {
+  PatternTable table;
+  for (int i = 0; i < 3'000'000; ++i) AddPoint(table.Points, {i % 4 * 90.0, i < 1'500'000 ? -4.0 : -6.0});
+  EXPECT_LE(table.Points.size(), 2'000'000U);
+  AddPoint(table.Points, {45.0, 0.0});
+  EXPECT_NEAR(WholeDegrees(table)[90], -5.0, 1e-6);
+  EXPECT_EQ(WholeDegrees(table)[45], 0.0);
+}
+
+TEST(PatternTable, MoreThanAMillionAnglesAreNoPattern) {
+  std::vector<TablePoint> points;
+  EXPECT_EQ(FaultOf([&] {
+              for (int i = 0; i < 3'000'000; ++i) AddPoint(points, {i * 1e-4, 0.0});
+            }),
+            fault::kTypeMismatch);
+}
+
+TEST(PatternTable, WhatIsNoAngleOrNoLevelIsRefused) {
+  const double infinite = std::numeric_limits<double>::infinity();
+  for (const TablePoint& point : {TablePoint{infinite, 0}, TablePoint{0, -infinite}, TablePoint{1e300, 0},
+                                  TablePoint{0, std::nan("")}}) {
+    std::vector<TablePoint> points;
+    EXPECT_EQ(FaultOf([&] { AddPoint(points, point); }), fault::kTypeMismatch);
+  }
 }
 
 TEST(PatternTable, EvenPointsBecomeTheReadingsThemselves) {
@@ -105,8 +132,6 @@ TEST(PatternTable, WordsAreTakenAlong) {
 }
 
 TEST(PatternTable, TextsAreTakenApart) {
-  EXPECT_THAT(LinesOf("a\r\nb\n\nc"), ElementsAre("a", "b", "", "c"));
-  EXPECT_THAT(LinesOf(""), IsEmpty());
   EXPECT_THAT(WordsOf("  a \tb  "), ElementsAre("a", "b"));
   EXPECT_THAT(WordsOf(",a,,b", ","), ElementsAre("a", "b"));
   EXPECT_EQ(Trimmed("  a b \r"), "a b");
