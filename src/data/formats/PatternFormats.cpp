@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "data/formats/GraspCut.h"
 #include "data/formats/LevelList.h"
 #include "data/formats/LevelTable.h"
 #include "data/formats/ModelTable.h"
@@ -80,7 +81,8 @@ constexpr PatternFormat kFormats[] = {
      .Endings = ".nec .out",
      .EndingsOfAnyText = ".txt",
      .Recognises = LooksLikeModelTable,
-     .ReadTable = ReadModelTable}};
+     .ReadTable = ReadModelTable},
+    {.Id = "GraspCut", .Name = "TICRA GRASP cuts", .Endings = ".cut", .ReadTable = ReadGraspCut}};
 
 bool HasOneOf(std::string_view path, std::string_view endings) {
   for (const std::string_view ending : WordsOf(endings))

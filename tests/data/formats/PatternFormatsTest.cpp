@@ -9,7 +9,6 @@
 #include "data/formats/PatternFile.h"
 #include "support/FaultOf.h"
 #include "support/LopsidedTable.h"
-#include "support/LopsidedTable.h"
 #include "support/OneFile.h"
 #include "support/TemporaryFolder.h"
 #include "support/TextOf.h"
@@ -58,7 +57,7 @@ TEST(PatternFormats, AreWrittenByTheirEndings) {
 TEST(PatternFormats, EachEndingIsNamedOnce) {
   EXPECT_THAT(EndingsWritten(), ElementsAre(".lbg", ".csv", ".msi", ".az", ".ant", ".adf"));
   EXPECT_THAT(EndingsRead(), ElementsAre(".lbg", ".csv", ".msi", ".pln", ".az", ".ant", ".adf", ".nsma",
-                                         ".nec", ".out", ".txt"));
+                                         ".nec", ".out", ".txt", ".cut"));
 }
 
 TEST(PatternFormats, AWrittenTableIsReadBackWithinItsResolution) {
