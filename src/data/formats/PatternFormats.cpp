@@ -11,7 +11,7 @@
 #include "data/formats/PlanetFile.h"
 #include "data/formats/RadioMobileFile.h"
 #include "data/formats/SplatFile.h"
-#include "data/record/ScaleSetting.h"
+#include "data/formats/WinPropFile.h"
 
 namespace lobegraph {
 namespace {
@@ -82,7 +82,8 @@ constexpr PatternFormat kFormats[] = {
      .EndingsOfAnyText = ".txt",
      .Recognises = LooksLikeModelTable,
      .ReadTable = ReadModelTable},
-    {.Id = "GraspCut", .Name = "TICRA GRASP cuts", .Endings = ".cut", .ReadTable = ReadGraspCut}};
+    {.Id = "GraspCut", .Name = "TICRA GRASP cuts", .Endings = ".cut", .ReadTable = ReadGraspCut},
+    {.Id = "WinProp", .Name = "WinProp ASCII patterns", .Endings = ".aha .ava", .ReadTable = ReadWinProp}};
 
 bool HasOneOf(std::string_view path, std::string_view endings) {
   for (const std::string_view ending : WordsOf(endings))

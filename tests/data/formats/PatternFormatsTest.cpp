@@ -57,7 +57,7 @@ TEST(PatternFormats, AreWrittenByTheirEndings) {
 TEST(PatternFormats, EachEndingIsNamedOnce) {
   EXPECT_THAT(EndingsWritten(), ElementsAre(".lbg", ".csv", ".msi", ".az", ".ant", ".adf"));
   EXPECT_THAT(EndingsRead(), ElementsAre(".lbg", ".csv", ".msi", ".pln", ".az", ".ant", ".adf", ".nsma",
-                                         ".nec", ".out", ".txt", ".cut"));
+                                         ".nec", ".out", ".txt", ".cut", ".aha", ".ava"));
 }
 
 TEST(PatternFormats, AWrittenTableIsReadBackWithinItsResolution) {
