@@ -23,6 +23,8 @@ bool IsHeading(std::string_view line) {
   return Contains(line, kNecHeading) || Contains(line, kFarFieldHeading);
 }
 
+char UpperAscii(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
+
 /// The leading numbers of a line, at most five: what stands behind may be blank and would shift.
 std::vector<double> LeadingNumbers(std::string_view line) {
   std::vector<double> numbers;
@@ -171,6 +173,16 @@ bool LooksLikeModelTable(TextLines& lines) {
   while (const auto line = lines.Next())
     if (IsHeading(*line)) return true;
   return false;
+}
+
+bool LooksLikeModelDeck(TextLines& lines) {
+  auto line = lines.Next();
+  while (line && Trimmed(*line).empty()) line = lines.Next();
+  const auto words = WordsOf(line.value_or(""), " \t\r,");
+  if (words.empty()) return false;
+  std::string card(words.front());
+  std::transform(card.begin(), card.end(), card.begin(), UpperAscii);
+  return card == "CM" || card == "CE" || card == "GW";
 }
 
 }  // namespace lobegraph

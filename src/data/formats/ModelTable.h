@@ -17,4 +17,7 @@ PatternTable ReadModelTable(TextLines& lines);
 /// Whether such a table stands in a text.
 bool LooksLikeModelTable(TextLines& lines);
 
+/// Whether a text is the input of such a program, cards CM, CE, GW ..., which holds wires and no pattern.
+bool LooksLikeModelDeck(TextLines& lines);
+
 }  // namespace lobegraph

@@ -12,6 +12,7 @@
 #include "data/formats/RadioMobileFile.h"
 #include "data/formats/SplatFile.h"
 #include "data/formats/WinPropFile.h"
+#include "data/record/ScaleSetting.h"
 
 namespace lobegraph {
 namespace {
@@ -26,6 +27,8 @@ std::string WriteCapped(const ReadingsRecord& record, std::string_view versionTe
   CapForFile(capped);
   return WritePatternText(capped, versionText);
 }
+
+constexpr const char* kDeckAdvice = "This is an input deck of NEC: run it through nec2c first.";
 
 constexpr PatternFormat kFormats[] = {
     {.Id = "PatternFile",
@@ -95,11 +98,11 @@ bool Suits(const PatternFormat& format, std::string_view path, bool columns) {
   return format.Columns.value_or(columns) == columns && HasOneOf(path, format.Endings);
 }
 
-bool IsRecognised(const PatternFormat& format, FileAccess& files, const std::string& path) {
+bool IsRecognised(bool (*recognises)(TextLines& lines), FileAccess& files, const std::string& path) {
   const auto file = files.Open(path, FileAccess::kAnySize);
   TextLines lines(*file);
   try {
-    return format.Recognises(lines);
+    return recognises(lines);
   } catch (const RunTimeError&) {
     return false;  // no text
   }
@@ -118,8 +121,13 @@ LoadOutcome ReadTableOf(const PatternFormat& format, std::istream& file, Reading
 
 LoadOutcome ReadForeign(const PatternFormat& format, FileAccess& files, const std::string& path,
                         const LoadRules& rules, ReadingsRecord& record) {
-  if (format.ReadRecord != nullptr) return format.ReadRecord(files.Read(path), rules, record);
-  return ReadTableOf(format, *files.Open(path, FileAccess::kAnySize), record);
+  const float scale = rules.Overlay ? record.ScaleSetting : scale_setting::kUsual;
+  const LoadOutcome outcome = format.ReadRecord != nullptr
+                                  ? format.ReadRecord(files.Read(path), rules, record)
+                                  : ReadTableOf(format, *files.Open(path, FileAccess::kAnySize), record);
+  record.ScaleSetting = scale;
+  record.Description = QuotableText(record.Description);
+  return outcome;
 }
 
 void AddNew(std::vector<std::string_view>& list, std::string_view ending) {
@@ -133,7 +141,8 @@ std::span<const PatternFormat> PatternFormats() { return kFormats; }
 const PatternFormat& FormatToRead(FileAccess& files, const std::string& path, bool columns) {
   for (const PatternFormat& format : kFormats) {
     if (Suits(format, path, columns)) return format;
-    if (HasOneOf(path, format.EndingsOfAnyText) && IsRecognised(format, files, path)) return format;
+    if (HasOneOf(path, format.EndingsOfAnyText) && IsRecognised(format.Recognises, files, path))
+      return format;
   }
   return kFormats[0];
 }
@@ -162,11 +171,10 @@ std::vector<std::string_view> EndingsWritten() {
 LoadOutcome ReadPattern(FileAccess& files, const std::string& path, const LoadRules& rules,
                         ReadingsRecord& record) {
   const PatternFormat& format = FormatToRead(files, path, rules.Columns);
-  if (&format == kFormats) return format.ReadRecord(files.Read(path), rules, record);
-  const float scale = rules.Overlay ? record.ScaleSetting : scale_setting::kUsual;
-  const LoadOutcome outcome = ReadForeign(format, files, path, rules, record);
-  record.ScaleSetting = scale;
-  record.Description = QuotableText(record.Description);
+  LoadOutcome outcome = &format == kFormats ? format.ReadRecord(files.Read(path), rules, record)
+                                            : ReadForeign(format, files, path, rules, record);
+  if (outcome.Error && IsRecognised(LooksLikeModelDeck, files, path))
+    outcome.Error = RunTimeError(fault::kTypeMismatch, Advice{kDeckAdvice});
   return outcome;
 }
 

@@ -55,7 +55,8 @@ std::vector<std::string_view> EndingsWritten();
 
 /// Reads a pattern file of any format. A record is read from a file of at most FileAccess::kLargestFile;
 /// tables are read line by line, however large they are. Levels of foreign formats reach up to 1000.
-/// @return the error of a file that could be opened: 13 for a text without a pattern, or as ReadPatternText
+/// @return the error of a file that could be opened: 13 for a text without a pattern (with an advice for the
+/// input of a modelling program), or as ReadPatternText
 /// @throws RunTimeError 53, 75, 76 for a file that cannot be read
 LoadOutcome ReadPattern(FileAccess& files, const std::string& path, const LoadRules& rules,
                         ReadingsRecord& record);

@@ -120,6 +120,22 @@ TEST(PatternFormats, ATableIsReadHoweverLargeItsFileIs) {
   EXPECT_EQ(record.PeakIndex, 30);
 }
 
+TEST(PatternFormats, AnInputDeckOfAModelIsRefusedAndTheWayToAPatternNamed) {
+  for (const char* deck :
+       {"CM a dipole\nCE\nGW 1 21 0 -0.5 0 0 0.5 0 0.002\nGE\n", "\n  ce\r\n", "GW,1,21,0,0,0\n"})
+    for (const char* name : {"a.nec", "a.out", "a.txt", "a.lbg", "a.inp"}) {
+      OneFile file(deck);
+      ReadingsRecord record;
+      const auto error = ReadPattern(file, name, {}, record).Error;
+      ASSERT_TRUE(error) << name;
+      EXPECT_EQ(error->Number(), fault::kTypeMismatch);
+      EXPECT_EQ(error->AdviceText(), "This is an input deck of NEC: run it through nec2c first.") << name;
+    }
+  OneFile file("CMB is no card\n");
+  ReadingsRecord record;
+  EXPECT_EQ(ReadPattern(file, "a.nec", {}, record).Error.value().AdviceText(), "");
+}
+
 TEST(PatternFormats, AFileThatIsNotThereIsNoOutcome) {
   DiskFiles disk;
   ReadingsRecord record;
