@@ -13,6 +13,8 @@ std::vector<Target> AllTargets() {
                                  {"SerialMeters", TrySerialMeters},
                                  {"ExternalMeter", TryExternalMeter},
                                  {"RadioAnswers", TryRadioAnswers},
+                                 {"Bearings", TryBearings},
+                                 {"Locators", TryLocators},
                                  {"RotatorNews", TryRotatorNews},
                                  {"RotatorOrders", TryRotatorOrders},
                                  {"SoundBlocks", TrySoundBlocks},

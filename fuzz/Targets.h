@@ -39,6 +39,8 @@ void TryPlotColours(std::string_view input);
 void TrySerialMeters(std::string_view input);
 void TryExternalMeter(std::string_view input);
 void TryRadioAnswers(std::string_view input);
+void TryLocators(std::string_view input);
+void TryBearings(std::string_view input);
 void TryRotatorNews(std::string_view input);
 void TryRotatorOrders(std::string_view input);
 void TrySoundBlocks(std::string_view input);

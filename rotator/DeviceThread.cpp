@@ -99,7 +99,7 @@ bool DeviceThread::DoNext(Lock& lock) {
     Call(lock, [&] { orders_.Obey(order); });
   } else if (everyS_ > 0 && now >= nextPositionS_) {
     // From the moment it was due: the time that an answer takes does not make the questions fewer.
-    nextPositionS_ = std::max(nextPositionS_ + everyS_, now);
+    nextPositionS_ = std::max(nextPositionS_ + intervals_.Next(everyS_), now);
     Call(lock, [&] { orders_.AskPosition(); });
   } else {
     return false;

@@ -6,6 +6,7 @@
 #include <optional>
 #include <thread>
 
+#include "acquisition/rotator/UnevenIntervals.h"
 #include "rotator/DeviceOrders.h"
 
 namespace lobegraph {
@@ -46,6 +47,7 @@ class DeviceThread {
   std::optional<double> callSinceS_;
   double everyS_ = 0;
   double nextPositionS_ = 0;
+  UnevenIntervals intervals_;
   double nextStopS_ = 0;
   std::thread thread_;
 };
