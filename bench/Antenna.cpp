@@ -55,11 +55,19 @@ double OmniVoltage(double bearingDeg) {
   return std::pow(10, -downDb / 20);
 }
 
-constexpr std::array<Antenna, 4> kAntennas{{
+/// A beam with one strong lobe, 10 dB down, on its right.
+double LopsidedVoltage(double bearingDeg) {
+  const double forward = (1 + std::cos(bearingDeg * kRadPerDeg)) / 2;
+  const double away = std::remainder(bearingDeg - 95, 360) / 25;
+  return 0.05 + 0.95 * std::pow(forward, 3) + 0.4 * (1 - forward) * std::exp(-away * away);
+}
+
+constexpr std::array<Antenna, 5> kAntennas{{
     {"dipole", "half-wave dipole, E plane: a figure of eight", &DipoleVoltage},
     {"cardioid", "cardioid with one null to the back", &CardioidVoltage},
     {"beam", "3-element beam with minor lobes", &BeamVoltage},
     {"omni", "omnidirectional, with a ripple of 1 dB", &OmniVoltage},
+    {"lopsided", "beam with a strong lobe on its right", &LopsidedVoltage},
 }};
 
 /// First bearing in steps of sign where the voltage has fallen by 3 dB, 180 when there is none.

@@ -17,7 +17,7 @@ struct Antenna {
   double (*Voltage)(double bearingDeg);
 };
 
-/// dipole, cardioid, beam, omni.
+/// dipole, cardioid, beam, omni, lopsided.
 std::span<const Antenna> Antennas();
 
 /// @throws std::invalid_argument for a name that is none of Antennas().

@@ -7,7 +7,7 @@
 namespace lobegraph {
 
 /// What the bench can be.
-enum class BenchKind { Sound, Tarven, Roska, Program };
+enum class BenchKind { Sound, Tarven, Roska, Program, Rotator };
 
 /// dB value of a level as a meter sees it: full scale (level 1000) is 60 dB, the bottom of the range 0.
 double MeterDbOf(double level);

@@ -47,6 +47,7 @@ void MeterPlayer::Begin() {
     program_.emplace(store_);
     return;
   }
+  if (options_.Kind == BenchKind::Rotator) return;
   terminal_.emplace();
   output_ << "meter on " << terminal_->Path() << std::endl;
   if (!options_.Com) return;

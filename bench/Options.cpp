@@ -22,6 +22,8 @@ constexpr const char* kExamples =
     "      a saved pattern with noise of 0.5 dB and four spikes a turn\n"
     "  lobegraph-bench --as tarven --com 5 --antenna beam --seconds 60\n"
     "      a TARVEN meter that Lobegraph finds at COM 5\n"
+    "  lobegraph-bench --rotator 4533 --swing 20 --run-up 2 --signal 211\n"
+    "      turns as hamlib's NET rotctl at 127.0.0.1:4533 says, unevenly\n"
     "  lobegraph-bench --list\n"
     "      the antennas and their true beamwidth\n"
     "Nobody needs to hear it: play into a null sink (pactl load-module module-null-sink\n"
@@ -77,11 +79,13 @@ void AddMeterOptions(CLI::App& app, BenchOptions& options) {
   const std::map<std::string, BenchKind> kinds = {{"sound", BenchKind::Sound},
                                                   {"tarven", BenchKind::Tarven},
                                                   {"roska", BenchKind::Roska},
-                                                  {"program", BenchKind::Program}};
+                                                  {"program", BenchKind::Program},
+                                                  {"rotator", BenchKind::Rotator}};
   auto* as =
-      app.add_option("--as", options.Kind,
-                     "What to be: sound (default), tarven or roska (a serial meter on a pseudo-terminal, "
-                     "whose path is printed), program (an external meter program)")
+      app.add_option(
+             "--as", options.Kind,
+             "What to be: sound (default), tarven or roska (a serial meter on a pseudo-terminal, "
+             "whose path is printed), program (an external meter program), rotator (nothing but the rotator)")
           ->transform(CLI::CheckedTransformer(kinds, CLI::ignore_case));
   app.add_option("--com", options.Com, "COM number that Lobegraph shall know the serial meter by")
       ->check(CLI::Range(1, 32))
@@ -113,8 +117,11 @@ ParsedCommandLine ParseCommandLine(int argc, const char* const* argv) {
   AddTurnOptions(app, options.Turn);
   AddDisturbanceOptions(app, options.Turn);
   AddMeterOptions(app, options);
+  AddRotatorOptions(app, options.Rotator);
   try {
     app.parse(argc, argv);
+    if (options.Kind == BenchKind::Rotator && !options.Rotator.Serve)
+      throw CLI::ValidationError("--as rotator needs --rotator PORT");
   } catch (const CLI::ParseError& reason) {
     return Ended(app, reason);
   }
@@ -139,6 +146,9 @@ std::string ListText(bool plain) {
 
 std::string ProgressText(const Turn& turn, double seconds) {
   if (turn.Silent(seconds)) return "silence before the first turn";
+  if (turn.Follows())
+    return "signal at " + FixedText(turn.BearingDeg(seconds), 1) + " from the antenna  level " +
+           FixedText(turn.TrueLevel(seconds), 1);
   return "turn " + std::to_string(turn.TurnsDone(seconds) + 1) + "  bearing " +
          FixedText(turn.BearingDeg(seconds), 1) + "  level " + FixedText(turn.TrueLevel(seconds), 1);
 }

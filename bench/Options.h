@@ -5,6 +5,7 @@
 
 #include "bench/Meter.h"
 #include "bench/Turn.h"
+#include "bench/rotator/RotatorOptions.h"
 
 namespace lobegraph {
 
@@ -16,7 +17,8 @@ struct BenchOptions {
   std::string Sink;  ///< empty: the server's default sink
   BenchKind Kind = BenchKind::Sound;
   std::optional<int> Com;  ///< COM number that a serial meter's terminal gets in the settings store
-  std::string PulsesTo;    ///< where trigger pulses go; empty for none
+  RotatorOptions Rotator;
+  std::string PulsesTo;  ///< where trigger pulses go; empty for none
   bool List = false;
   bool Plain = false;
 };
@@ -33,7 +35,8 @@ ParsedCommandLine ParseCommandLine(int argc, const char* const* argv);
 /// The antennas and their true beamwidth. Plain: "beam<tab>63.42", one a line, for scripts.
 std::string ListText(bool plain);
 
-/// "turn 2  bearing 123.4  level 512.3", or what is left of the silence before.
+/// "turn 2  bearing 123.4  level 512.3" (with a rotator "signal at 123.4 from the antenna  level 512.3"), or
+/// what is left of the silence before.
 std::string ProgressText(const Turn& turn, double seconds);
 
 }  // namespace lobegraph

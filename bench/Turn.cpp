@@ -22,8 +22,9 @@ bool Turn::Over(double seconds) const { return settings_.Turns && Turned(seconds
 int Turn::TurnsDone(double seconds) const { return static_cast<int>(std::max(Turned(seconds), 0.0)); }
 
 double Turn::BearingDeg(double seconds) const {
-  const double bearing =
-      std::fmod(settings_.StartBearingDeg + kTurnDeg * std::max(Turned(seconds), 0.0), kTurnDeg);
+  const double turned = Follows() ? directionDeg_(seconds)
+                                  : settings_.StartBearingDeg + kTurnDeg * std::max(Turned(seconds), 0.0);
+  const double bearing = std::fmod(turned, kTurnDeg);
   return bearing < 0 ? bearing + kTurnDeg : bearing;
 }
 

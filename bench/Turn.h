@@ -1,9 +1,11 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <random>
 #include <set>
+#include <utility>
 
 #include "bench/Antenna.h"
 
@@ -30,13 +32,17 @@ class Turn {
 
   Turn(const TurnSettings& settings, VoltagePattern voltage);
 
+  /// Turned by somebody else from now on. @param directionDeg of the signal from the antenna, by seconds
+  void Follow(std::function<double(double seconds)> directionDeg) { directionDeg_ = std::move(directionDeg); }
+  bool Follows() const { return directionDeg_ != nullptr; }
+
   /// Before the first turn nothing is heard.
   bool Silent(double seconds) const { return seconds < settings_.SilenceSeconds; }
   /// All turns are done.
   bool Over(double seconds) const;
   /// Whole turns done: 0 in the first.
   int TurnsDone(double seconds) const;
-  /// 0 to below 360.
+  /// Of the antenna from the signal, or, when it follows, of the signal from the antenna: 0 to below 360.
   double BearingDeg(double seconds) const;
   /// What the antenna gives, undisturbed.
   double TrueLevel(double seconds) const;
@@ -53,6 +59,7 @@ class Turn {
 
   TurnSettings settings_;
   VoltagePattern voltage_;
+  std::function<double(double)> directionDeg_;
   std::mt19937_64 random_;
   std::int64_t noiseSlot_ = -1;
   double noiseFactor_ = 1;

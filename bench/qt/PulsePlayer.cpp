@@ -13,6 +13,8 @@ constexpr pa_usec_t kLongestWait = 2 * PA_USEC_PER_SEC;
 constexpr std::uint32_t kFrameBytes = Tone::kChannels * sizeof(std::int16_t);
 constexpr std::uint32_t kAheadBytes = Tone::kSamplesPerSecond / 10 * kFrameBytes;
 constexpr auto kServerDecides = static_cast<std::uint32_t>(-1);
+constexpr auto kFlags = static_cast<pa_stream_flags_t>(
+    PA_STREAM_ADJUST_LATENCY | PA_STREAM_INTERPOLATE_TIMING | PA_STREAM_AUTO_TIMING_UPDATE);
 constexpr pa_sample_spec kSpec{PA_SAMPLE_S16NE, Tone::kSamplesPerSecond, Tone::kChannels};
 
 }  // namespace
@@ -82,8 +84,8 @@ void PulsePlayer::CreateStream() {
       stream_.get(), [](pa_stream*, void* self) { ++static_cast<PulsePlayer*>(self)->gaps_; }, this);
   const pa_buffer_attr attributes{kServerDecides, kAheadBytes, kServerDecides, kServerDecides,
                                   kServerDecides};
-  if (pa_stream_connect_playback(stream_.get(), sink_.empty() ? nullptr : sink_.c_str(), &attributes,
-                                 PA_STREAM_ADJUST_LATENCY, nullptr, nullptr) < 0)
+  if (pa_stream_connect_playback(stream_.get(), sink_.empty() ? nullptr : sink_.c_str(), &attributes, kFlags,
+                                 nullptr, nullptr) < 0)
     End("The sound server refuses (" + LastError() + ").");
 }
 
@@ -100,10 +102,17 @@ void PulsePlayer::StreamChanged() {
 void PulsePlayer::Write(std::size_t bytes) {
   if (ended_) return;
   std::vector<std::int16_t> samples(bytes / kFrameBytes * Tone::kChannels);
-  const bool more = nextSamples_(samples);
+  const bool more = nextSamples_(samples, HeardInS());
   pa_stream_write(stream_.get(), samples.data(), samples.size() * sizeof(std::int16_t), nullptr, 0,
                   PA_SEEK_RELATIVE);
   if (!more) Drain();
+}
+
+double PulsePlayer::HeardInS() const {
+  pa_usec_t latency = 0;
+  int negative = 0;
+  if (pa_stream_get_latency(stream_.get(), &latency, &negative) < 0 || negative != 0) return 0;
+  return static_cast<double>(latency) / PA_USEC_PER_SEC;
 }
 
 void PulsePlayer::Drain() {

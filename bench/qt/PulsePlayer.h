@@ -21,8 +21,9 @@ class PlayerError : public std::runtime_error {
 /// or the process is asked to end (SIGINT, SIGTERM). Never starts a server.
 class PulsePlayer {
  public:
-  /// Fills the span with the next samples. @return false when there are no more
-  using NextSamples = std::function<bool(std::span<std::int16_t>)>;
+  /// Fills the span with the next samples. @param heardInS when the first of them will sound, as far as the
+  /// server knows. @return false when there are no more
+  using NextSamples = std::function<bool(std::span<std::int16_t>, double heardInS)>;
 
   PulsePlayer(std::string sink, NextSamples nextSamples);
   ~PulsePlayer();
@@ -48,6 +49,7 @@ class PulsePlayer {
   void StreamChanged();
   void CreateStream();
   void Write(std::size_t bytes);
+  double HeardInS() const;
   void Drain();
   void End(const std::string& error = {});
   std::string LastError() const { return pa_strerror(pa_context_errno(context_.get())); }

@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <iostream>
+#include <memory>
 #include <string>
 
 #include "bench/FilePattern.h"
@@ -9,6 +10,8 @@
 #include "bench/Options.h"
 #include "bench/Tone.h"
 #include "bench/qt/PulsePlayer.h"
+#include "bench/rotator/HeardAt.h"
+#include "bench/rotator/Mast.h"
 
 namespace {
 
@@ -39,8 +42,15 @@ class Progress {
   double shownSecond_ = -1;
 };
 
+/// None without a rotator: the antenna then turns by the clock.
+std::unique_ptr<Mast> MastOf(const BenchOptions& options) {
+  return options.Rotator.Any() ? std::make_unique<Mast>(options.Rotator) : nullptr;
+}
+
 void PlayMeter(const BenchOptions& options) {
   Turn turn(options.Turn, ChosenPattern(options));
+  const auto mast = MastOf(options);
+  if (mast) turn.Follow([&](double) { return mast->DirectionAt(MonotonicS()); });
   Progress progress;
   MeterPlayer(options, turn, std::cout, [&](double seconds) { progress.Show(turn, seconds); }).Run();
   progress.Finish();
@@ -48,9 +58,13 @@ void PlayMeter(const BenchOptions& options) {
 
 void Play(const BenchOptions& options) {
   Turn turn(options.Turn, ChosenPattern(options));
+  const auto mast = MastOf(options);
+  HeardAt heard;
+  if (mast) turn.Follow([&](double seconds) { return mast->DirectionAt(heard.MonotonicS(seconds)); });
   Tone tone([&turn](double seconds) { return turn.Level(seconds); });
   Progress progress;
-  PulsePlayer player(options.Sink, [&](std::span<std::int16_t> samples) {
+  PulsePlayer player(options.Sink, [&](std::span<std::int16_t> samples, double heardInS) {
+    heard.Sync(tone.Seconds(), MonotonicS() + heardInS);
     tone.Fill(samples);
     if (turn.Over(tone.Seconds())) return false;
     progress.Show(turn, tone.Seconds());

@@ -88,6 +88,21 @@ TEST(Options, WhatMakesNoSenseIsRefusedWithAReason) {
       {"--unknown"},
       {"--seconds"},
       {"stray"},
+      {"--rotator"},
+      {"--rotator", "0"},
+      {"--rotator", "host:"},
+      {"--rotator", "4533", "--follow-rotator", "4534"},
+      {"--rotator-speed", "6"},
+      {"--rotator", "4533", "--rotator-speed", "0"},
+      {"--rotator", "4533", "--swing", "95"},
+      {"--rotator", "4533", "--range", "0"},
+      {"--rotator", "4533", "--range", "90..0"},
+      {"--rotator", "4533", "--range", "0..1000"},
+      {"--rotator", "4533", "--resolution", "0"},
+      {"--rotator", "4533", "--lose", "101"},
+      {"--follow-rotator", "4533", "--swing", "5"},
+      {"--signal", "361"},
+      {"--as", "rotator"},
   };
   for (const auto& arguments : cases) {
     const auto parsed = Parse(arguments);
@@ -95,6 +110,67 @@ TEST(Options, WhatMakesNoSenseIsRefusedWithAReason) {
     EXPECT_NE(parsed.ExitCode, 0) << arguments.front();
     EXPECT_NE(parsed.Complaint, "") << arguments.front();
   }
+}
+
+TEST(Options, ARotatorIsServedWithItsMotorAndItsAnswers) {
+  const auto parsed = Parse({"--rotator",
+                             "0.0.0.0:4600",
+                             "--rotator-speed",
+                             "9",
+                             "--run-up",
+                             "2",
+                             "--run-down",
+                             "1.5",
+                             "--swing",
+                             "20",
+                             "--range",
+                             "0..360",
+                             "--rotator-start",
+                             "90",
+                             "--park",
+                             "45",
+                             "--stall-at",
+                             "200",
+                             "--reversed",
+                             "--resolution",
+                             "4",
+                             "--answer-delay",
+                             "50",
+                             "--lose",
+                             "10",
+                             "--jump-at",
+                             "100",
+                             "--signal",
+                             "211"});
+  ASSERT_TRUE(parsed.Options) << parsed.Complaint;
+  const RotatorOptions& rotator = parsed.Options->Rotator;
+  EXPECT_TRUE(rotator.Any());
+  EXPECT_EQ(rotator.Serve->Host, "0.0.0.0");
+  EXPECT_EQ(rotator.Serve->Port, 4600);
+  EXPECT_EQ(rotator.Motor.DegPerS, 9);
+  EXPECT_EQ(rotator.Motor.RunUpS, 2);
+  EXPECT_EQ(rotator.Motor.RunDownS, 1.5);
+  EXPECT_EQ(rotator.Motor.SwingShare, 0.2);
+  EXPECT_EQ(rotator.Motor.LowestDeg, 0);
+  EXPECT_EQ(rotator.Motor.HighestDeg, 360);
+  EXPECT_EQ(rotator.Motor.StartDeg, 90);
+  EXPECT_EQ(rotator.Motor.ParkDeg, 45);
+  EXPECT_EQ(rotator.Motor.StallAtDeg, 200);
+  EXPECT_TRUE(rotator.Motor.Reversed);
+  EXPECT_EQ(rotator.Answers.ResolutionDeg, 4);
+  EXPECT_EQ(rotator.Answers.AnswersLateS, 0.05);
+  EXPECT_EQ(rotator.Answers.LostShare, 0.1);
+  EXPECT_EQ(rotator.Answers.JumpAtDeg, 100);
+  EXPECT_EQ(rotator.SignalDeg, 211);
+}
+
+TEST(Options, WithoutOneTheAntennaTurnsByTheClock) {
+  EXPECT_FALSE(Parse({}).Options->Rotator.Any());
+  const auto plain = Parse({"--rotator", "4533"});
+  EXPECT_EQ(plain.Options->Rotator.Motor.LowestDeg, -180);
+  EXPECT_EQ(plain.Options->Rotator.Motor.HighestDeg, 450);
+  EXPECT_EQ(Parse({"--follow-rotator", "mast:4533"}).Options->Rotator.Follow->Host, "mast");
+  EXPECT_EQ(Parse({"--as", "rotator", "--rotator", "4533"}).Options->Kind, BenchKind::Rotator);
 }
 
 TEST(Options, HelpNamesEveryOptionAndShowsExamples) {
@@ -109,7 +185,9 @@ TEST(Options, HelpNamesEveryOptionAndShowsExamples) {
 
 TEST(ListText, NamesEachAntennaWithItsBeamwidth) {
   EXPECT_THAT(ListText(false), HasSubstr("beam           62.23  3-element beam with minor lobes\n"));
-  EXPECT_EQ(ListText(true), "dipole\t77.95\ncardioid\t130.85\nbeam\t62.23\nomni\t360.00\n");
+  const std::string lopsided = FixedText(TrueBeamwidthDeg("lopsided"), 2);
+  EXPECT_EQ(ListText(true),
+            "dipole\t77.95\ncardioid\t130.85\nbeam\t62.23\nomni\t360.00\nlopsided\t" + lopsided + "\n");
   EXPECT_TRUE(Parse({"--list", "--plain"}).Options->Plain);
 }
 
@@ -120,6 +198,9 @@ TEST(ProgressText, TellsTurnBearingAndLevel) {
   const Turn turn(settings, [](double) { return 0.5; });
   EXPECT_EQ(ProgressText(turn, 1), "silence before the first turn");
   EXPECT_EQ(ProgressText(turn, 14.5), "turn 2  bearing 270.0  level 450.0");
+  Turn followed(settings, [](double) { return 0.5; });
+  followed.Follow([](double) { return -30; });
+  EXPECT_EQ(ProgressText(followed, 14.5), "signal at 330.0 from the antenna  level 450.0");
 }
 
 }  // namespace

@@ -147,5 +147,15 @@ TEST(TurnTest, NoLevelIsHigherThanSamplesCanCarry) {
   }
 }
 
+TEST(Turn, AnAntennaThatSomebodyElseTurnsIsHeardInTheDirectionOfTheSignal) {
+  Turn turn(TurnSettings{}, [](double direction) { return direction == 330 ? 1.0 : 0.25; });
+  double heading = 0;
+  turn.Follow([&](double) { return 0 - heading; });
+  EXPECT_EQ(turn.TrueLevel(1), 225);
+  heading = 30;
+  EXPECT_EQ(turn.TrueLevel(2), 900);
+  EXPECT_EQ(turn.BearingDeg(2), 330);
+}
+
 }  // namespace
 }  // namespace lobegraph
