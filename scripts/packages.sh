@@ -1,7 +1,7 @@
 # Debian packages for each purpose, and one function that installs what is missing. Sourced by ./run and ./test.
 
 PACKAGES_BUILD="g++ cmake ninja-build pkg-config qt6-base-dev qt6-serialport-dev libgl-dev libpulse-dev libftdi1-dev libhamlib-dev
-  libcups2-dev libutfcpp-dev libcsv-dev libmd-dev libcli11-dev nlohmann-json3-dev libdeflate-dev fp-utils"
+  libcups2-dev libfftw3-dev libutfcpp-dev libcsv-dev libmd-dev libcli11-dev nlohmann-json3-dev libdeflate-dev fp-utils"
 # A display, a window manager, a sound server and an accessibility bus of the demo's own.
 PACKAGES_DEMO="xvfb xauth openbox x11-utils imagemagick fonts-liberation dbus at-spi2-core gir1.2-atspi-2.0 python3
   python3-gi pulseaudio pulseaudio-utils"

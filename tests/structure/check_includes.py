@@ -26,6 +26,8 @@ OTHER_QT = {"app": set(PURE) - {"app", *PROGRAMS}, "cli": {"render", "settings"}
             "collect": {"acquisition", "settings"}}
 # A device library with a room of its own, which no other may include.
 LIBRARY_ROOMS = {"hamlib": "rotator"}
+# The transform's library computes and touches nothing outside, so a pure layer may link it: in one room.
+TRANSFORM, TRANSFORM_ROOM = "fftw3.h", "acquisition/spectrum"
 TOOLKIT = re.compile(r"^(Q[A-Z]|Qt|pulse/|ftdi|libusb|cups/|asoundlib)")
 INCLUDE = re.compile(r'\s*#\s*include\s*([<"])([^>"]+)')
 USES = re.compile(r"^\*\*Uses\.\*\* (.*)\.$", re.M)
@@ -98,6 +100,8 @@ def circles(arrows):
 
 def judge_library(parts, target):
     """A library's room holds that library only, and no other room holds it."""
+    if target == TRANSFORM and "/".join(parts[:-1]) != TRANSFORM_ROOM:
+        return f"{TRANSFORM} belongs into {TRANSFORM_ROOM}"
     room = parts[1] if len(parts) > 2 and parts[1] in LIBRARY_ROOMS else None
     library = target.split("/")[0] if target.split("/")[0] in LIBRARY_ROOMS else None
     if library and (room != library or LIBRARY_ROOMS[library] != parts[0]):

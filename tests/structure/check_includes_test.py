@@ -24,6 +24,8 @@ WRONG = [
     ("rotator/A.cpp", '"settings/Store.h"'),
     ("collect/qt/A.cpp", '"render/qt/ImageSurface.h"'),
     ("collect/A.cpp", '"app/main/Form1.h"'),
+    ("src/acquisition/levels/A.cpp", "<fftw3.h>"),
+    ("src/processing/A.cpp", "<fftw3.h>"),
 ]
 RIGHT = [
     ("src/data/A.cpp", "<vector>"),
@@ -39,6 +41,7 @@ RIGHT = [
     ("rotator/A.cpp", '"acquisition/rotator/RotatorLines.h"'),
     ("collect/qt/A.cpp", '"acquisition/qt/PulseCapture.h"'),
     ("collect/qt/A.cpp", "<QCoreApplication>"),
+    ("src/acquisition/spectrum/A.cpp", "<fftw3.h>"),
 ]
 
 
