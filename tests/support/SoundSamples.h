@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cmath>
+#include <complex>
 #include <cstdint>
 #include <numbers>
 #include <random>
@@ -33,6 +34,24 @@ inline std::vector<float> WhiteNoise(std::size_t samples, double rms, std::uint6
 inline std::vector<float> BandNoise(std::size_t samples, double rmsInBand, std::uint64_t seed = 1,
                                     double rate = kSampleRate) {
   return WhiteNoise(samples, rmsInBand * std::sqrt(rate / 2.0 / 2400.0), seed);
+}
+
+/// Noise of a narrow filter: lines as close as the stretch can tell apart, of random strength and phase.
+inline std::vector<float> FilteredNoise(std::size_t samples, double fromHz, double toHz,
+                                        double rmsOfLine = 30.0) {
+  std::mt19937_64 random(7);
+  std::uniform_real_distribution<double> phase(0.0, 2.0 * std::numbers::pi);
+  std::normal_distribution<double> strength(0.0, rmsOfLine);
+  std::vector<float> sound(samples, 0.0F);
+  for (double hz = fromHz; hz < toHz; hz += kSampleRate / static_cast<double>(samples)) {
+    std::complex<double> wave = std::polar(strength(random), phase(random));
+    const std::complex<double> step = std::polar(1.0, 2.0 * std::numbers::pi * hz / kSampleRate);
+    for (float& value : sound) {
+      value += static_cast<float>(wave.real());
+      wave *= step;
+    }
+  }
+  return sound;
 }
 
 inline std::vector<float> Mixed(std::vector<float> a, std::span<const float> b) {
