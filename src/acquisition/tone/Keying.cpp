@@ -2,11 +2,9 @@
 
 #include <algorithm>
 #include <cmath>
-#include <complex>
-#include <numbers>
 #include <numeric>
 
-#include "acquisition/spectrum/Segments.h"
+#include "acquisition/tone/ToneParts.h"
 
 namespace lobegraph {
 namespace {
@@ -14,7 +12,6 @@ namespace {
 constexpr double kLongestPartSeconds = 0.02;
 constexpr double kShortestPartSeconds = 0.006;
 constexpr double kPartsOfReading = 4.0;
-constexpr double kHannNoiseLines = 1.5;   ///< noise bandwidth of the Hann window, in lines
 constexpr double kDownBelowTop = 0.25;    ///< -6 dB: further below the strongest part the key is up
 constexpr double kDownAboveNoise = 10.0;  ///< 10 dB: what noise alone hardly ever reaches
 constexpr std::size_t kFewestStrokes = 3;
@@ -22,23 +19,10 @@ constexpr std::size_t kMostStrokes = 4096;
 constexpr double kSecondsPerDot = 1.2;  ///< times words a minute; a dot is a 50th of the word PARIS
 constexpr double kTurnTimesSpeed = 60.0 * 12.0;
 
-/// Mean square of the tone within a windowed part.
-double PartPower(std::span<const float> part, std::span<const float> window, double radiansPerSample) {
-  std::complex<double> sum = 0.0;
-  double weight = 0.0;
-  std::complex<double> turn = 1.0;
-  const std::complex<double> step = std::polar(1.0, -radiansPerSample);
-  for (std::size_t i = 0; i < part.size(); ++i) {
-    sum += turn * double{part[i]} * double{window[i]};
-    weight += window[i];
-    turn *= step;
-  }
-  return 2.0 * std::norm(sum) / (weight * weight);
-}
-
 struct Parts {
   std::size_t Length = 0;
   std::size_t Step = 0;
+  double NoiseBandwidthHz = 0.0;
   std::vector<double> Power;
 };
 
@@ -48,10 +32,10 @@ Parts SplitInParts(std::span<const float> reading, double toneHz, double rate) {
                                     kShortestPartSeconds, kLongestPartSeconds);
   parts.Step = std::max<std::size_t>(1, static_cast<std::size_t>(std::lround(seconds * rate / 2.0)));
   parts.Length = 2 * parts.Step;
-  const std::vector<float> window = HannWindow(parts.Length);
-  const double radians = 2.0 * std::numbers::pi * toneHz / rate;
+  const ToneParts measure(parts.Length, toneHz, rate);
+  parts.NoiseBandwidthHz = measure.NoiseBandwidthHz();
   for (std::size_t at = 0; at + parts.Length <= reading.size(); at += parts.Step)
-    parts.Power.push_back(PartPower(reading.subspan(at, parts.Length), window, radians));
+    parts.Power.push_back(measure.PowerOf(reading.subspan(at, parts.Length)));
   return parts;
 }
 
@@ -76,8 +60,7 @@ std::vector<Run> RunsOf(const std::vector<bool>& down) {
 std::vector<KeyDown> Keying::PartsOf(std::span<const float> reading, double toneHz, double noiseDensity) {
   const Parts parts = SplitInParts(reading, toneHz, rate_);
   if (parts.Power.empty()) return {};
-  const std::vector<bool> down =
-      Split(parts.Power, noiseDensity * kHannNoiseLines * rate_ / static_cast<double>(parts.Length));
+  const std::vector<bool> down = Split(parts.Power, noiseDensity * parts.NoiseBandwidthHz);
   std::vector<KeyDown> found;
   for (const Run& run : RunsOf(down)) {
     // The window of a part beside a change reaches into the pause.
