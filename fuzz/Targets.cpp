@@ -18,7 +18,9 @@ std::vector<Target> AllTargets() {
                                  {"RotatorNews", TryRotatorNews},
                                  {"RotatorOrders", TryRotatorOrders},
                                  {"SoundBlocks", TrySoundBlocks},
-                                 {"TurnLog", TryTurnLog}};
+                                 {"TurnLog", TryTurnLog},
+                                 {"Calibration", TryCalibration},
+                                 {"SoundReadings", TrySoundReadings}};
   for (const PatternFormat& format : PatternFormats().subspan(1))
     targets.push_back(
         {std::string(format.Id), [&format](std::string_view input) { TryFormat(format, input); }});

@@ -45,5 +45,7 @@ void TryRotatorNews(std::string_view input);
 void TryRotatorOrders(std::string_view input);
 void TrySoundBlocks(std::string_view input);
 void TryTurnLog(std::string_view input);
+void TryCalibration(std::string_view input);
+void TrySoundReadings(std::string_view input);
 
 }  // namespace lobegraph::fuzz

@@ -51,7 +51,7 @@ ParsedMeterCommandLine ParseMeterCommandLine(int argc, const char* const* argv) 
       ->excludes(reference)
       ->capture_default_str();
   app.add_option("--calibration", options.CalibrationFile,
-                 "File of reported and true dB, linear between its lines")
+                 "File of reported and true dB, a smooth rising curve between its lines")
       ->check(CLI::ExistingFile);
   try {
     app.parse(argc, argv);

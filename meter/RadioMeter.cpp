@@ -13,11 +13,11 @@ constexpr std::chrono::seconds kShowEvery{1};
 
 }  // namespace
 
-RadioMeter::RadioMeter(const MeterOptions& options, Calibration calibration, SettingsStore& store,
+RadioMeter::RadioMeter(const MeterOptions& options, CalibrationTable calibration, SettingsStore& store,
                        std::ostream& shown, std::function<bool()> ended)
     : options_(options),
       calibration_(std::move(calibration)),
-      published_(store),
+      published_(store, !calibration_.Empty()),
       shown_(shown),
       ended_(std::move(ended)) {
   if (options.ReferenceDb) referenceDb_ = calibration_.TrueDb(*options.ReferenceDb);

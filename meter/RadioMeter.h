@@ -7,6 +7,7 @@
 #include <ostream>
 #include <string>
 
+#include "data/calibration/CalibrationTable.h"
 #include "meter/RadioLink.h"
 #include "meter/Strength.h"
 #include "settings/PublishedReading.h"
@@ -30,8 +31,8 @@ struct MeterOptions {
 class RadioMeter {
  public:
   /// @param ended asked at every step; a true answer ends Run
-  RadioMeter(const MeterOptions& options, Calibration calibration, SettingsStore& store, std::ostream& shown,
-             std::function<bool()> ended);
+  RadioMeter(const MeterOptions& options, CalibrationTable calibration, SettingsStore& store,
+             std::ostream& shown, std::function<bool()> ended);
   void Run();
 
  private:
@@ -43,7 +44,7 @@ class RadioMeter {
   void SayOnce(const std::string& text);
 
   const MeterOptions& options_;
-  Calibration calibration_;
+  CalibrationTable calibration_;
   PublishedReading published_;
   std::ostream& shown_;
   std::function<bool()> ended_;

@@ -1,8 +1,8 @@
 #include <csignal>
-#include <fstream>
 #include <iostream>
-#include <sstream>
+#include <stdexcept>
 
+#include "data/calibration/CalibrationText.h"
 #include "meter/Options.h"
 #include "settings/FileSettingsStore.h"
 
@@ -14,10 +14,12 @@ using namespace lobegraph;
 volatile std::sig_atomic_t ended = 0;
 void OnSignal(int) { ended = 1; }
 
-Calibration ReadCalibration(const std::string& path) {
-  std::ostringstream text;
-  if (!path.empty()) text << std::ifstream(path).rdbuf();
-  return Calibration::FromText(text.str());
+CalibrationTable CalibrationOf(const std::string& path) {
+  if (path.empty()) return {};
+  DiskFiles files;
+  CalibrationFile file = LoadCalibration(files, path);
+  if (!file.Outcome.Table) throw std::runtime_error(path + ": " + file.Outcome.Refusal);
+  return *file.Outcome.Table;
 }
 
 int Run(int argc, char** argv) {
@@ -27,9 +29,9 @@ int Run(int argc, char** argv) {
   if (!commandLine.Options) return commandLine.ExitCode;
   for (const int number : {SIGINT, SIGTERM, SIGHUP}) static_cast<void>(std::signal(number, OnSignal));
   FileSettingsStore store;
-  RadioMeter(*commandLine.Options, ReadCalibration(commandLine.Options->CalibrationFile), store, std::cout,
-             [] { return ended != 0; })
-      .Run();
+  RadioMeter(*commandLine.Options, CalibrationOf(commandLine.Options->CalibrationFile), store, std::cout, [] {
+    return ended != 0;
+  }).Run();
   return 0;
 }
 

@@ -19,7 +19,7 @@ import time
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 BUILD = ROOT / "build" / "fuzz"
 # In bytes: room for every kind of line; tables and sound need more.
-LONGEST_INPUT = {"SoundBlocks": 1280} | dict.fromkeys(("ModelTable", "Nsma", "Planet", "RadioMobile", "Splat"), 1024)
+LONGEST_INPUT = {"SoundBlocks": 1280, "SoundReadings": 4096} | dict.fromkeys(("ModelTable", "Nsma", "Planet", "RadioMobile", "Splat"), 1024)
 LONG_ENOUGH = 256
 # Short call chains beside each block and the usual stack: three times as many inputs a second, every finding still stops the run.
 SANITIZER = "malloc_context_size=2:detect_stack_use_after_return=0"

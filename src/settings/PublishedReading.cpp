@@ -14,6 +14,8 @@ void PublishedReading::Retract() { SetActive(false); }
 void PublishedReading::SetActive(bool active) {
   if (active == active_) return;
   active_ = active;
+  if (active)
+    store_.Save(kGaugeBridgeApplication, kSettingsSection, kPublishedCalibrated.Key, calibrated_ ? "Y" : "N");
   store_.Save(kGaugeBridgeApplication, kSettingsSection, kPublishedActive.Key, active ? "Y" : "N");
 }
 

@@ -10,7 +10,9 @@ namespace lobegraph {
 /// What a meter program publishes in the store. Says that the program has ended when it ends.
 class PublishedReading {
  public:
-  explicit PublishedReading(SettingsStore& store) : store_(store) {}
+  /// @param calibrated what is published has been through a calibration: nobody is to apply another one
+  explicit PublishedReading(SettingsStore& store, bool calibrated = false)
+      : store_(store), calibrated_(calibrated) {}
   ~PublishedReading() { Retract(); }
   PublishedReading(const PublishedReading&) = delete;
   PublishedReading& operator=(const PublishedReading&) = delete;
@@ -24,6 +26,7 @@ class PublishedReading {
   void SetActive(bool active);
 
   SettingsStore& store_;
+  bool calibrated_;
   std::optional<bool> active_;  ///< what a former run left behind is unknown
 };
 

@@ -79,6 +79,9 @@ struct PublishedKey {
 inline constexpr PublishedKey kPublishedActive{"Active", "N"};    ///< "Y" while it runs and publishes
 inline constexpr PublishedKey kPublishedReading{"Reading", "1"};  ///< dBm, a number as text
 
+inline constexpr PublishedKey kPublishedCalibrated{"Calibrated",
+                                                   "N"};  ///< "Y": a calibration was applied to it
+
 /// The row of a key; a key that is not in the table does not compile.
 consteval const SettingRow& RowOf(std::string_view key) {
   for (const SettingRow& row : kSettingsTable)

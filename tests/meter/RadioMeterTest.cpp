@@ -10,6 +10,7 @@
 #include <sstream>
 #include <thread>
 
+#include "data/calibration/CalibrationText.h"
 #include "support/RecordingStore.h"
 
 namespace lobegraph {
@@ -80,7 +81,7 @@ struct Rig {
   /// Runs until done() holds, five seconds at most.
   void Run(const std::function<bool()>& done, const std::string& calibration = "") {
     const auto until = std::chrono::steady_clock::now() + std::chrono::seconds(5);
-    RadioMeter(Options, Calibration::FromText(calibration), Store, Shown, [&] {
+    RadioMeter(Options, *ReadCalibration(calibration).Outcome.Table, Store, Shown, [&] {
       return done() || std::chrono::steady_clock::now() > until;
     }).Run();
   }

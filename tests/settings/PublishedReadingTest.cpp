@@ -16,8 +16,18 @@ TEST(PublishedReading, TheReadingStandsBeforeItCountsAndTheEndIsSaid) {
     published.Publish("-21.00");
   }
   EXPECT_THAT(store.Log,
-              ElementsAre("save GaugeBridge/Settings/Reading=-20.00", "save GaugeBridge/Settings/Active=Y",
+              ElementsAre("save GaugeBridge/Settings/Reading=-20.00",
+                          "save GaugeBridge/Settings/Calibrated=N", "save GaugeBridge/Settings/Active=Y",
                           "save GaugeBridge/Settings/Reading=-21.00", "save GaugeBridge/Settings/Active=N"));
+}
+
+TEST(PublishedReading, WhatIsCalibratedSaysSoBeforeItCounts) {
+  RecordingStore store;
+  PublishedReading published(store, true);
+  published.Publish("-20.00");
+  EXPECT_THAT(store.Log,
+              ElementsAre("save GaugeBridge/Settings/Reading=-20.00",
+                          "save GaugeBridge/Settings/Calibrated=Y", "save GaugeBridge/Settings/Active=Y"));
 }
 
 TEST(PublishedReading, WhatAFormerRunLeftBehindIsRetracted) {
