@@ -107,8 +107,15 @@ void AddReport(CLI::App& app, ReportRequest& request) {
   verb->footer(kReportExamples);
   verb->add_option("FILE", request.Files, "Pattern files")->required();
   verb->add_flag("--json", request.Json, "One JSON object for each file, one a line");
-  verb->add_flag("--readings", request.Extras.Readings, "With --json: all 361 readings")->needs("--json");
-  verb->add_flag("--trace", request.Extras.Trace, "With --json: the plotted points")->needs("--json");
+  CLI::Option* repeat =
+      verb->add_flag("--repeat", request.Repeat,
+                     "The files are turns of one antenna: their mean, and each figure with its spread");
+  verb->add_flag("--readings", request.Extras.Readings, "With --json: all 361 readings")
+      ->needs("--json")
+      ->excludes(repeat);
+  verb->add_flag("--trace", request.Extras.Trace, "With --json: the plotted points")
+      ->needs("--json")
+      ->excludes(repeat);
   verb->add_option("--jobs,-j", request.Jobs, "Files at the same time (default: one for each core)")
       ->check(CLI::Range(1, 1024));
   AddPatternOptions(*verb, request.Pattern);

@@ -12,6 +12,7 @@ namespace lobegraph {
 struct ReportRequest {
   std::vector<std::string> Files = {};
   bool Json = false;
+  bool Repeat = false;  ///< the files are turns of one antenna, to be laid on each other
   ReportExtras Extras = {};
   PatternOptions Pattern = {};
   unsigned Jobs = 0;  ///< files at the same time; 0: one for each core

@@ -5,6 +5,7 @@
 
 #include "cli/FileBatch.h"
 #include "cli/Progress.h"
+#include "cli/RepeatReport.h"
 #include "cli/ReportTable.h"
 
 namespace lobegraph {
@@ -34,6 +35,7 @@ unsigned JobsFor(const ReportRequest& request) {
 }  // namespace
 
 int RunReport(const ReportRequest& request, const CommandParts& parts) {
+  if (request.Repeat) return RunRepeat(request, parts);
   if (!request.Json) parts.Output << TableHeading();
   bool someFailed = false;
   Progress progress(parts.Complaints, parts.OnTerminal, request.Files.size());
