@@ -62,10 +62,23 @@ double LopsidedVoltage(double bearingDeg) {
   return 0.05 + 0.95 * std::pow(forward, 3) + 0.4 * (1 - forward) * std::exp(-away * away);
 }
 
-constexpr std::array<Antenna, 5> kAntennas{{
+/// A broadside array with lobes 25 dB down all round, and a null between each two. Source: C. L. Dolph, "A
+/// current distribution for broadside arrays which optimizes the relationship between beam width and
+/// side-lobe level", 1946.
+double ArrayVoltage(double bearingDeg) {
+  constexpr int kOrder = 5;
+  const double peak = std::pow(10, 25.0 / 20);
+  const double scale = std::cosh(std::acosh(peak) / kOrder);
+  const double x = scale * std::cos(bearingDeg * kRadPerDeg / 2);
+  const double size = std::abs(x);
+  return std::abs(size <= 1 ? std::cos(kOrder * std::acos(x)) : std::cosh(kOrder * std::acosh(size))) / peak;
+}
+
+constexpr std::array<Antenna, 6> kAntennas{{
     {"dipole", "half-wave dipole, E plane: a figure of eight", &DipoleVoltage},
     {"cardioid", "cardioid with one null to the back", &CardioidVoltage},
     {"beam", "3-element beam with minor lobes", &BeamVoltage},
+    {"array", "array with lobes 25 dB down all round", &ArrayVoltage},
     {"omni", "omnidirectional, with a ripple of 1 dB", &OmniVoltage},
     {"lopsided", "beam with a strong lobe on its right", &LopsidedVoltage},
 }};

@@ -17,7 +17,7 @@ struct Antenna {
   double (*Voltage)(double bearingDeg);
 };
 
-/// dipole, cardioid, beam, omni, lopsided.
+/// dipole, cardioid, beam, array, omni, lopsided.
 std::span<const Antenna> Antennas();
 
 /// @throws std::invalid_argument for a name that is none of Antennas().

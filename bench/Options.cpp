@@ -4,6 +4,7 @@
 #include <iomanip>
 #include <sstream>
 
+#include "bench/receiver/ReceiverOptions.h"
 #include "data/base/Numbers.h"
 
 namespace lobegraph {
@@ -24,6 +25,8 @@ constexpr const char* kExamples =
     "      a TARVEN meter that Lobegraph finds at COM 5\n"
     "  lobegraph-bench --rotator 4533 --swing 20 --run-up 2 --signal 211\n"
     "      turns as hamlib's NET rotctl at 127.0.0.1:4533 says, unevenly\n"
+    "  lobegraph-bench --antenna array --noise-band 300-2700 --snr 20 --tone 800 --agc\n"
+    "      a weak tone in the noise of a receiver whose AGC is on\n"
     "  lobegraph-bench --list\n"
     "      the antennas and their true beamwidth\n"
     "Nobody needs to hear it: play into a null sink (pactl load-module module-null-sink\n"
@@ -118,6 +121,7 @@ ParsedCommandLine ParseCommandLine(int argc, const char* const* argv) {
   AddDisturbanceOptions(app, options.Turn);
   AddMeterOptions(app, options);
   AddRotatorOptions(app, options.Rotator);
+  AddReceiverOptions(app, options.Receiver);
   try {
     app.parse(argc, argv);
     if (options.Kind == BenchKind::Rotator && !options.Rotator.Serve)
@@ -127,6 +131,7 @@ ParsedCommandLine ParseCommandLine(int argc, const char* const* argv) {
   }
   const bool firstReadingFirst = !options.File.empty() && app.count("--start-bearing") == 0;
   if (firstReadingFirst) options.Turn.StartBearingDeg = 0;
+  options.Receiver.Seed = options.Turn.Seed;
   return {options, 0, "", ""};
 }
 

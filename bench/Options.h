@@ -5,6 +5,7 @@
 
 #include "bench/Meter.h"
 #include "bench/Turn.h"
+#include "bench/receiver/ReceiverSettings.h"
 #include "bench/rotator/RotatorOptions.h"
 
 namespace lobegraph {
@@ -19,6 +20,7 @@ struct BenchOptions {
   std::optional<int> Com;  ///< COM number that a serial meter's terminal gets in the settings store
   RotatorOptions Rotator;
   std::string PulsesTo;  ///< where trigger pulses go; empty for none
+  ReceiverSettings Receiver;
   bool List = false;
   bool Plain = false;
 };

@@ -4,23 +4,19 @@
 #include <utility>
 #include <vector>
 
-#include "bench/Tone.h"
-
 namespace lobegraph {
 namespace {
 
 constexpr pa_usec_t kLongestWait = 2 * PA_USEC_PER_SEC;
-constexpr std::uint32_t kFrameBytes = Tone::kChannels * sizeof(std::int16_t);
-constexpr std::uint32_t kAheadBytes = Tone::kSamplesPerSecond / 10 * kFrameBytes;
 constexpr auto kServerDecides = static_cast<std::uint32_t>(-1);
 constexpr auto kFlags = static_cast<pa_stream_flags_t>(
     PA_STREAM_ADJUST_LATENCY | PA_STREAM_INTERPOLATE_TIMING | PA_STREAM_AUTO_TIMING_UPDATE);
-constexpr pa_sample_spec kSpec{PA_SAMPLE_S16NE, Tone::kSamplesPerSecond, Tone::kChannels};
 
 }  // namespace
 
-PulsePlayer::PulsePlayer(std::string sink, NextSamples nextSamples)
+PulsePlayer::PulsePlayer(std::string sink, const PlayedFormat& format, NextSamples nextSamples)
     : sink_(std::move(sink)),
+      format_(format),
       nextSamples_(std::move(nextSamples)),
       loop_(pa_mainloop_new()),
       context_(pa_context_new(pa_mainloop_get_api(loop_.get()), "lobegraph-bench")) {}
@@ -73,7 +69,9 @@ void PulsePlayer::ContextChanged() {
 }
 
 void PulsePlayer::CreateStream() {
-  stream_.reset(pa_stream_new(context_.get(), "Antenna", &kSpec, nullptr));
+  const pa_sample_spec spec{PA_SAMPLE_S16NE, format_.SamplesPerSecond, format_.Channels};
+  const auto frameBytes = static_cast<std::uint32_t>(pa_frame_size(&spec));
+  stream_.reset(pa_stream_new(context_.get(), "Antenna", &spec, nullptr));
   if (!stream_) return End("The sound server refuses (" + LastError() + ").");
   pa_stream_set_state_callback(
       stream_.get(), [](pa_stream*, void* self) { static_cast<PulsePlayer*>(self)->StreamChanged(); }, this);
@@ -82,8 +80,8 @@ void PulsePlayer::CreateStream() {
       [](pa_stream*, std::size_t bytes, void* self) { static_cast<PulsePlayer*>(self)->Write(bytes); }, this);
   pa_stream_set_underflow_callback(
       stream_.get(), [](pa_stream*, void* self) { ++static_cast<PulsePlayer*>(self)->gaps_; }, this);
-  const pa_buffer_attr attributes{kServerDecides, kAheadBytes, kServerDecides, kServerDecides,
-                                  kServerDecides};
+  const pa_buffer_attr attributes{kServerDecides, format_.SamplesPerSecond / 10 * frameBytes, kServerDecides,
+                                  kServerDecides, kServerDecides};
   if (pa_stream_connect_playback(stream_.get(), sink_.empty() ? nullptr : sink_.c_str(), &attributes, kFlags,
                                  nullptr, nullptr) < 0)
     End("The sound server refuses (" + LastError() + ").");
@@ -101,7 +99,8 @@ void PulsePlayer::StreamChanged() {
 
 void PulsePlayer::Write(std::size_t bytes) {
   if (ended_) return;
-  std::vector<std::int16_t> samples(bytes / kFrameBytes * Tone::kChannels);
+  const std::size_t frames = bytes / (sizeof(std::int16_t) * format_.Channels);
+  std::vector<std::int16_t> samples(frames * format_.Channels);
   const bool more = nextSamples_(samples, HeardInS());
   pa_stream_write(stream_.get(), samples.data(), samples.size() * sizeof(std::int16_t), nullptr, 0,
                   PA_SEEK_RELATIVE);

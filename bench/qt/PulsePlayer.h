@@ -17,7 +17,13 @@ class PlayerError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-/// Plays stereo 16-bit audio at 44.1 kHz into a sink, a tenth of a second ahead at most, until the audio ends
+/// What a sink is sent: 16-bit samples, channels in turn.
+struct PlayedFormat {
+  std::uint32_t SamplesPerSecond = 44100;
+  std::uint8_t Channels = 2;
+};
+
+/// Plays audio into a sink, a tenth of a second ahead at most, until the audio ends
 /// or the process is asked to end (SIGINT, SIGTERM). Never starts a server.
 class PulsePlayer {
  public:
@@ -25,7 +31,7 @@ class PulsePlayer {
   /// server knows. @return false when there are no more
   using NextSamples = std::function<bool(std::span<std::int16_t>, double heardInS)>;
 
-  PulsePlayer(std::string sink, NextSamples nextSamples);
+  PulsePlayer(std::string sink, const PlayedFormat& format, NextSamples nextSamples);
   ~PulsePlayer();
   PulsePlayer(const PulsePlayer&) = delete;
   PulsePlayer& operator=(const PulsePlayer&) = delete;
@@ -55,6 +61,7 @@ class PulsePlayer {
   std::string LastError() const { return pa_strerror(pa_context_errno(context_.get())); }
 
   std::string sink_;
+  PlayedFormat format_;
   NextSamples nextSamples_;
   std::unique_ptr<pa_mainloop, Release> loop_;
   std::unique_ptr<pa_context, Release> context_;

@@ -10,6 +10,7 @@
 #include "bench/Options.h"
 #include "bench/Tone.h"
 #include "bench/qt/PulsePlayer.h"
+#include "bench/receiver/ReceiverSound.h"
 #include "bench/rotator/HeardAt.h"
 #include "bench/rotator/Mast.h"
 
@@ -56,24 +57,42 @@ void PlayMeter(const BenchOptions& options) {
   progress.Finish();
 }
 
-void Play(const BenchOptions& options) {
-  Turn turn(options.Turn, ChosenPattern(options));
-  const auto mast = MastOf(options);
-  HeardAt heard;
-  if (mast) turn.Follow([&](double seconds) { return mast->DirectionAt(heard.MonotonicS(seconds)); });
-  Tone tone([&turn](double seconds) { return turn.Level(seconds); });
+/// @param sound Tone or ReceiverSound
+/// @param heard when each second of the sound is heard; what a mast is asked about
+template <typename Sound>
+void PlaySound(const BenchOptions& options, Turn& turn, Sound& sound, const PlayedFormat& format,
+               HeardAt& heard) {
   Progress progress;
-  PulsePlayer player(options.Sink, [&](std::span<std::int16_t> samples, double heardInS) {
-    heard.Sync(tone.Seconds(), MonotonicS() + heardInS);
-    tone.Fill(samples);
-    if (turn.Over(tone.Seconds())) return false;
-    progress.Show(turn, tone.Seconds());
+  PulsePlayer player(options.Sink, format, [&](std::span<std::int16_t> samples, double heardInS) {
+    heard.Sync(sound.Seconds(), MonotonicS() + heardInS);
+    sound.Fill(samples);
+    if (turn.Over(sound.Seconds())) return false;
+    progress.Show(turn, sound.Seconds());
     return true;
   });
   player.Run();
   progress.Finish();
   if (player.Gaps() > 0)
     std::cerr << "lobegraph-bench: the audio had " << player.Gaps() << " gaps, this machine was too busy\n";
+}
+
+void Play(const BenchOptions& options) {
+  Turn turn(options.Turn, ChosenPattern(options));
+  const auto mast = MastOf(options);
+  HeardAt heard;
+  if (mast) turn.Follow([&](double seconds) { return mast->DirectionAt(heard.MonotonicS(seconds)); });
+  const auto level = [&turn](double seconds) { return turn.Level(seconds); };
+  ReceiverSettings clean;
+  clean.Seed = options.Receiver.Seed;
+  if (options.Receiver == clean) {
+    Tone tone(level);
+    return PlaySound(options, turn, tone, {}, heard);
+  }
+  ReceiverSound sound(options.Receiver, options.Turn.PeakLevel, level);
+  PlaySound(
+      options, turn, sound,
+      {static_cast<std::uint32_t>(sound.SamplesPerSecond()), static_cast<std::uint8_t>(sound.Channels())},
+      heard);
 }
 
 int Run(int argc, char** argv) {

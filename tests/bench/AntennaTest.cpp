@@ -16,7 +16,7 @@ double DownDb(std::string_view antenna, double bearingDeg) {
 TEST(Antennas, AreThoseThatUsersTryTheProgramWith) {
   std::vector<std::string_view> names;
   for (const Antenna& antenna : Antennas()) names.push_back(antenna.Name);
-  EXPECT_THAT(names, ::testing::ElementsAre("dipole", "cardioid", "beam", "omni", "lopsided"));
+  EXPECT_THAT(names, ::testing::ElementsAre("dipole", "cardioid", "beam", "array", "omni", "lopsided"));
 }
 
 TEST(Antennas, AreStrongestStraightAheadAndNeverNegative) {
@@ -89,12 +89,12 @@ struct WidthCase {
 TEST(Beamwidth, OfTheAntennasIsKnown) {
   const double cardioid = 2 * std::acos(2 * std::pow(10, -0.15) - 1) * 180 / M_PI;
   for (const WidthCase& c :
-       {WidthCase{"cardioid", cardioid}, {"dipole", 77.95}, {"beam", 62.23}, {"omni", 360}})
+       {WidthCase{"cardioid", cardioid}, {"dipole", 77.95}, {"beam", 62.23}, {"array", 57.33}, {"omni", 360}})
     EXPECT_NEAR(TrueBeamwidthDeg(c.Name), c.Deg, 0.01) << c.Name;
 }
 
 TEST(Beamwidth, StandsWhereTheVoltageIsDownBy3Db) {
-  for (const char* name : {"dipole", "cardioid", "beam"})
+  for (const char* name : {"dipole", "cardioid", "beam", "array"})
     EXPECT_NEAR(DownDb(name, TrueBeamwidthDeg(name) / 2), 3, 0.001) << name;
 }
 
