@@ -3,7 +3,7 @@
 #include <nlohmann/json.hpp>
 #include <optional>
 
-#include "cli/PatternSession.h"
+#include "cli/OpenPattern.h"
 #include "data/base/Numbers.h"
 #include "processing/Beamwidth.h"
 #include "processing/Figures.h"
@@ -22,7 +22,7 @@ struct TurnOfFile {
 
 /// Why a pattern cannot be laid on others; empty: it can.
 std::string TakeTurn(const PatternSession& session, TurnOfFile& turn) {
-  const auto cut = session.Plot().FieldsShown ? CutOf(session.Record()) : std::nullopt;
+  const auto cut = session.Plot().FieldsSettled ? CutOf(session.Record()) : std::nullopt;
   if (!cut) return "its readings have no dB values";
   if (!cut->FullTurn) return "it is half a turn: only whole turns can be laid on each other";
   turn.Levels = ByDegrees(*cut);
@@ -34,13 +34,12 @@ std::string TakeTurn(const PatternSession& session, TurnOfFile& turn) {
 bool TakeTurns(const ReportRequest& request, const CommandParts& parts, std::vector<TurnOfFile>& turns) {
   bool all = true;
   for (const std::string& file : request.Files) {
-    PatternSession session(request.Session);
-    session.Run(parts.Files, file);
+    const OpenedPattern pattern = OpenPattern(parts.Files, file, request.Pattern);
     TurnOfFile turn;
     std::string complaint;
-    if (session.Error())
-      complaint = ComplaintAbout(file, *session.Error());
-    else if (const std::string wrong = TakeTurn(session, turn); !wrong.empty())
+    if (const auto& error = pattern.Error())
+      complaint = ComplaintAbout(file, *error);
+    else if (const std::string wrong = TakeTurn(pattern.Session, turn); !wrong.empty())
       complaint = ComplaintAbout(file, wrong);
     parts.Complaints << complaint;
     all = all && complaint.empty();

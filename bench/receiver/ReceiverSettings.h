@@ -18,8 +18,8 @@ struct ReceiverSettings {
   double ToneHz = 1102.5;
   double DriftHzPerSecond = 0.0;
   std::optional<double> WordsPerMinute = {};  ///< of a keyed beacon; none: a steady carrier
-  std::optional<std::pair<double, double>>
-      NoiseHz;  ///< the band that the receiver lets through; none: no noise
+  /// The band that the receiver lets through; none: no noise.
+  std::optional<std::pair<double, double>> NoiseHz = {};
   double SnrDb =
       40.0;  ///< tone in the antenna's main direction over the noise, power by power within the band
   std::optional<std::pair<double, double>> AgcSeconds = {};  ///< attack and decay; none: AGC off

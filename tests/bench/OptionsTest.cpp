@@ -4,6 +4,8 @@
 
 #include <vector>
 
+#include "data/base/Numbers.h"
+
 namespace lobegraph {
 namespace {
 
@@ -88,7 +90,6 @@ TEST(Options, WhatMakesNoSenseIsRefusedWithAReason) {
       {"--unknown"},
       {"--seconds"},
       {"stray"},
-<<<<<<< HEAD
       {"--rotator"},
       {"--rotator", "0"},
       {"--rotator", "host:"},
@@ -104,7 +105,6 @@ TEST(Options, WhatMakesNoSenseIsRefusedWithAReason) {
       {"--follow-rotator", "4533", "--swing", "5"},
       {"--signal", "361"},
       {"--as", "rotator"},
-=======
       {"--noise-band", "300"},
       {"--noise-band", "2700-300"},
       {"--noise-band", "a-b"},
@@ -118,7 +118,6 @@ TEST(Options, WhatMakesNoSenseIsRefusedWithAReason) {
       {"--mono", "--right", "same"},
       {"--rate", "100"},
       {"--second-tone", "900"},
->>>>>>> b35191e (lobegraph-bench plays a receiver: noise in its band, AGC, a drifting or keyed tone, clipping, a fixed antenna)
   };
   for (const auto& arguments : cases) {
     const auto parsed = Parse(arguments);
@@ -128,7 +127,6 @@ TEST(Options, WhatMakesNoSenseIsRefusedWithAReason) {
   }
 }
 
-<<<<<<< HEAD
 TEST(Options, ARotatorIsServedWithItsMotorAndItsAnswers) {
   const auto parsed = Parse({"--rotator",
                              "0.0.0.0:4600",
@@ -188,7 +186,8 @@ TEST(Options, WithoutOneTheAntennaTurnsByTheClock) {
   EXPECT_EQ(plain.Options->Rotator.Motor.HighestDeg, 450);
   EXPECT_EQ(Parse({"--follow-rotator", "mast:4533"}).Options->Rotator.Follow->Host, "mast");
   EXPECT_EQ(Parse({"--as", "rotator", "--rotator", "4533"}).Options->Kind, BenchKind::Rotator);
-=======
+}
+
 TEST(Options, TheReceiverIsSilentUntilItIsAskedFor) {
   ReceiverSettings clean;
   EXPECT_EQ(Parse({}).Options->Receiver, clean);
@@ -222,7 +221,6 @@ TEST(Options, AgcAndClippingHaveUsualValues) {
   ASSERT_TRUE(parsed.Options) << parsed.Complaint;
   EXPECT_EQ(parsed.Options->Receiver.AgcSeconds, std::pair(0.005, 0.5));
   EXPECT_EQ(parsed.Options->Receiver.ClipDb, 6);
->>>>>>> b35191e (lobegraph-bench plays a receiver: noise in its band, AGC, a drifting or keyed tone, clipping, a fixed antenna)
 }
 
 TEST(Options, HelpNamesEveryOptionAndShowsExamples) {
@@ -237,13 +235,10 @@ TEST(Options, HelpNamesEveryOptionAndShowsExamples) {
 
 TEST(ListText, NamesEachAntennaWithItsBeamwidth) {
   EXPECT_THAT(ListText(false), HasSubstr("beam           62.23  3-element beam with minor lobes\n"));
-<<<<<<< HEAD
   const std::string lopsided = FixedText(TrueBeamwidthDeg("lopsided"), 2);
   EXPECT_EQ(ListText(true),
-            "dipole\t77.95\ncardioid\t130.85\nbeam\t62.23\nomni\t360.00\nlopsided\t" + lopsided + "\n");
-=======
-  EXPECT_EQ(ListText(true), "dipole\t77.95\ncardioid\t130.85\nbeam\t62.23\narray\t57.33\nomni\t360.00\n");
->>>>>>> b35191e (lobegraph-bench plays a receiver: noise in its band, AGC, a drifting or keyed tone, clipping, a fixed antenna)
+            "dipole\t77.95\ncardioid\t130.85\nbeam\t62.23\narray\t57.33\nomni\t360.00\nlopsided\t" +
+                lopsided + "\n");
   EXPECT_TRUE(Parse({"--list", "--plain"}).Options->Plain);
 }
 

@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "app/main/Form1.h"
+#include "data/formats/PatternFile.h"
 #include "support/AppEditor.h"
 #include "support/AppPlatform.h"
 #include "support/AppPrinter.h"

@@ -13,16 +13,13 @@ namespace {
 
 constexpr std::size_t kPieceBytes = 1U << 16U;
 
-/// @throws RunTimeError as FileAccess::Open, 13 beyond the size of any log
+/// @throws RunTimeError as FileAccess::Open
 std::string BytesOf(FileAccess& files, const std::string& path) {
-  const auto stream = files.Open(path);
+  const auto stream = files.Open(path, kLargestTurnLog);
   std::string bytes;
   std::array<char, kPieceBytes> piece{};
-  while (stream->read(piece.data(), piece.size()), stream->gcount() > 0) {
+  while (stream->read(piece.data(), piece.size()), stream->gcount() > 0)
     bytes.append(piece.data(), static_cast<std::size_t>(stream->gcount()));
-    if (bytes.size() > kLargestTurnLog)
-      throw RunTimeError(fault::kTypeMismatch, "too large for the log of a turn");
-  }
   return bytes;
 }
 
@@ -67,6 +64,13 @@ std::string TriedLog(FileAccess& files, const std::string& path, const TurnLog& 
   }
 }
 
+std::string ReasonOf(const RunTimeError& error) {
+  std::string advice = error.AdviceText();
+  if (advice.ends_with('.')) advice.pop_back();
+  if (!advice.empty()) return advice;
+  return error.Number() == fault::kTypeMismatch ? error.Detail() : error.Description();
+}
+
 }  // namespace
 
 LogBeside ReadLogBeside(FileAccess& files, const std::string& patternPath, const ReadingsRecord& record) {
@@ -77,8 +81,7 @@ LogBeside ReadLogBeside(FileAccess& files, const std::string& patternPath, const
     if (OwnerOf(log, record) != LogOwner::Another) return {std::move(log), ""};
     return {std::nullopt, FileNameOf(path) + " belongs to another pattern; it is left alone."};
   } catch (const RunTimeError& error) {
-    const std::string reason = error.Number() == fault::kTypeMismatch ? error.Detail() : error.Description();
-    return {std::nullopt, FileNameOf(path) + " cannot be read (" + reason + ")."};
+    return {std::nullopt, FileNameOf(path) + " cannot be read (" + ReasonOf(error) + ")."};
   }
 }
 

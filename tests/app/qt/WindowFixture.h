@@ -22,6 +22,7 @@
 #include <vector>
 
 #include "app/qt/main/MainWindow.h"
+#include "data/formats/PatternFile.h"
 #include "support/TemporaryFolder.h"
 #include "support/TestRecord.h"
 

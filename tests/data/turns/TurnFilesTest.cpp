@@ -91,7 +91,8 @@ TEST_F(TurnFilesTest, AHugeFileIsRefusedBeforeItFillsTheMemory) {
   PutLog("x");
   std::filesystem::resize_file(logPath_, 1U << 30U);
   EXPECT_EQ(ReadLogBeside(files_, path_, first_).Note,
-            "beam.turn.csv cannot be read (too large for the log of a turn).");
+            "beam.turn.csv cannot be read (The file has 1073741824 bytes, more than the 16777216 that such a "
+            "file may have).");
 }
 
 TEST_F(TurnFilesTest, ASaveOverATurnReplacesBoth) {
