@@ -22,7 +22,8 @@ struct TurnOfFile {
 
 /// Why a pattern cannot be laid on others; empty: it can.
 std::string TakeTurn(const PatternSession& session, TurnOfFile& turn) {
-  const auto cut = session.Plot().FieldsSettled ? CutOf(session.Record()) : std::nullopt;
+  if (!session.Plot().PlotDone) return session.Plot().Message.value_or("it cannot be plotted");
+  const auto cut = CutOf(session.Record());
   if (!cut) return "its readings have no dB values";
   if (!cut->FullTurn) return "it is half a turn: only whole turns can be laid on each other";
   turn.Levels = ByDegrees(*cut);

@@ -14,6 +14,19 @@ constexpr std::pair<double, double> kAgcSeconds{0.005, 0.5};
 constexpr double kClipDb = 6;
 
 using Numbers = std::vector<double>;
+using Texts = std::vector<std::string>;
+
+/// What follows an option that may stand alone: the parser hands over one empty text then.
+Numbers NumbersOf(const char* name, const Texts& texts) {
+  Numbers numbers;
+  for (const std::string& text : texts) {
+    double number = 0;
+    if (text.empty()) continue;
+    if (!CLI::detail::lexical_cast(text, number)) throw CLI::ConversionError(text, name);
+    numbers.push_back(number);
+  }
+  return numbers;
+}
 
 CLI::Option* AddPair(CLI::App& app, const char* name, const char* about,
                      std::optional<std::pair<double, double>>& kept) {
@@ -71,9 +84,10 @@ void AddNoise(CLI::App& app, ReceiverSettings& settings) {
       ->needs("--noise-band")
       ->capture_default_str()
       ->group(kGroup);
-  app.add_option_function<Numbers>(
+  app.add_option_function<Texts>(
          "--agc",
-         [&settings](const Numbers& numbers) {
+         [&settings](const Texts& texts) {
+           const Numbers numbers = NumbersOf("--agc", texts);
            if (numbers.empty()) settings.AgcSeconds = kAgcSeconds;
            if (numbers.size() == 1) throw CLI::ValidationError("--agc", "attack and decay, two numbers");
            if (numbers.size() == 2) settings.AgcSeconds = {numbers[0], numbers[1]};
@@ -86,9 +100,12 @@ void AddNoise(CLI::App& app, ReceiverSettings& settings) {
 }
 
 void AddSoundCard(CLI::App& app, ReceiverSettings& settings) {
-  app.add_option_function<Numbers>(
+  app.add_option_function<Texts>(
          "--clip",
-         [&settings](const Numbers& numbers) { settings.ClipDb = numbers.empty() ? kClipDb : numbers[0]; },
+         [&settings](const Texts& texts) {
+           const Numbers numbers = NumbersOf("--clip", texts);
+           settings.ClipDb = numbers.empty() ? kClipDb : numbers[0];
+         },
          "The sound card is overdriven: the main direction by how many dB (default 6)")
       ->expected(0, 1)
       ->group(kGroup);

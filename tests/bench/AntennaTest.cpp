@@ -88,8 +88,12 @@ struct WidthCase {
 
 TEST(Beamwidth, OfTheAntennasIsKnown) {
   const double cardioid = 2 * std::acos(2 * std::pow(10, -0.15) - 1) * 180 / M_PI;
+  const double peak = std::pow(10, 25.0 / 20);
+  const double array =
+      4 * std::acos(std::cosh(std::acosh(peak * std::pow(10, -0.15)) / 5) / std::cosh(std::acosh(peak) / 5)) *
+      180 / M_PI;
   for (const WidthCase& c :
-       {WidthCase{"cardioid", cardioid}, {"dipole", 77.95}, {"beam", 62.23}, {"array", 57.33}, {"omni", 360}})
+       {WidthCase{"cardioid", cardioid}, {"dipole", 77.95}, {"beam", 62.23}, {"array", array}, {"omni", 360}})
     EXPECT_NEAR(TrueBeamwidthDeg(c.Name), c.Deg, 0.01) << c.Name;
 }
 

@@ -112,6 +112,8 @@ TEST(Options, WhatMakesNoSenseIsRefusedWithAReason) {
       {"--snr", "20"},
       {"--agc", "0.1"},
       {"--agc", "0", "1"},
+      {"--agc", "x", "1"},
+      {"--clip", "x"},
       {"--keyed", "0"},
       {"--tone", "0"},
       {"--right", "left"},
@@ -237,7 +239,7 @@ TEST(ListText, NamesEachAntennaWithItsBeamwidth) {
   EXPECT_THAT(ListText(false), HasSubstr("beam           62.23  3-element beam with minor lobes\n"));
   const std::string lopsided = FixedText(TrueBeamwidthDeg("lopsided"), 2);
   EXPECT_EQ(ListText(true),
-            "dipole\t77.95\ncardioid\t130.85\nbeam\t62.23\narray\t57.33\nomni\t360.00\nlopsided\t" +
+            "dipole\t77.95\ncardioid\t130.85\nbeam\t62.23\narray\t65.12\nomni\t360.00\nlopsided\t" +
                 lopsided + "\n");
   EXPECT_TRUE(Parse({"--list", "--plain"}).Options->Plain);
 }

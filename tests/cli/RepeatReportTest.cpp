@@ -99,11 +99,15 @@ TEST(RepeatReport, WhatCannotBeLaidOnOthersIsNamedAndNothingIsSaid) {
   silent.Readings(7) = 0.0F;
   silent.SaveReadings();
   files.Content["silent.lbg"] = StoredText(silent);
-  const Said said = Repeat(files, {"a.lbg", "half.lbg", "silent.lbg", "missing.lbg"}, true);
+  ReadingsRecord small = BegunAt(0);
+  small.NumReadings = 29;
+  files.Content["small.lbg"] = StoredText(small);
+  const Said said = Repeat(files, {"a.lbg", "half.lbg", "silent.lbg", "small.lbg", "missing.lbg"}, true);
   EXPECT_EQ(said.Code, kSomeFailed);
   EXPECT_EQ(said.Output, "");
   EXPECT_THAT(said.Complaints, HasSubstr("half.lbg: it is half a turn"));
-  EXPECT_THAT(said.Complaints, HasSubstr("silent.lbg: its readings have no dB values"));
+  EXPECT_THAT(said.Complaints, HasSubstr("silent.lbg: Error 11"));
+  EXPECT_THAT(said.Complaints, HasSubstr("small.lbg: LBG011"));
   EXPECT_THAT(said.Complaints, HasSubstr("missing.lbg: Error 53"));
 }
 

@@ -40,8 +40,9 @@ def shown_texts():
         fewest = 1 if path.name == "RunTimeError.cpp" else 2 if path.name == "UsbModule.cpp" else 3
         for literal in literals(path):
             for line in literal.split("\n"):
-                text = squeeze(line).strip(' (",.:-')
-                if not re.search(r"[/_{|%<>\\]|\w\.\w", text) and len(re.findall(r"[A-Za-z]{2,}", text)) >= fewest:
+                text = squeeze(re.sub(r"&(?=\w)", "", line)).strip(' (",.:-')  # "&" marks the letter that a key reaches
+                a_sentence = fewest == 1 or " " in text
+                if a_sentence and not re.search(r"[/_{|%<>\\]|\w\.\w", text) and len(re.findall(r"[A-Za-z]{2,}", text)) >= fewest:
                     yield place, text
 
 

@@ -108,7 +108,7 @@ TEST_F(SettingsCommandsTest, AMaximumThatIsNoNumberAnyLongerLeavesNoTurnOfNoTime
   for (const char* spoilt : {"abc", "-5"}) {
     Store.Put("MaxRotationTime", spoilt);
     Open();
-    settings_.cmdOK_Click();
+    settings_.cmdCancel_Click();
     settings_.Closed();
     Open();
     Enter(txtMaxRotationTime, "5");

@@ -74,8 +74,9 @@ std::optional<std::string> QtDialogs::InputBox(const std::string& prompt, const 
 std::optional<TickedAnswer> QtDialogs::InputBoxWithTick(const std::string& prompt, const std::string& title,
                                                         const std::string& tick) {
   QInputDialog box(Owner());
+  static_cast<void>(
+      box.sizeHint());  // lays out prompt, line and buttons, so that the line is typed into first
   auto* toTick = new QCheckBox(Q(tick), &box);
-  static_cast<void>(box.sizeHint());  // lays out prompt, line and buttons
   static_cast<QBoxLayout*>(box.layout())->insertWidget(box.layout()->count() - 1, toTick);
   const auto text = Ask(box, prompt, title);
   if (!text) return std::nullopt;
