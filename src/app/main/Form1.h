@@ -7,7 +7,7 @@
 
 #include "acquisition/run/ChosenInput.h"
 #include "acquisition/trigger/RotatorTrigger.h"
-#include "app/editor/EditorCommands.h"
+#include "app/editor/frmEditLbg.h"
 #include "app/file/FileCommands.h"
 #include "app/input/InputCommands.h"
 #include "app/main/ShellCommands.h"
@@ -19,7 +19,7 @@
 #include "app/run/RunCommands.h"
 #include "app/run/RunPanel.h"
 #include "app/run/SafetyCopy.h"
-#include "app/settings/SettingsCommands.h"
+#include "app/settings/frmSettings.h"
 
 namespace lobegraph {
 
@@ -66,11 +66,11 @@ class Form1 {
   PatternDisplay& Display() { return display_; }
   FileCommands& File() { return file_; }
   TransformCommands& Transform() { return transform_; }
-  EditorCommands& Editor() { return editor_; }
+  frmEditLbg& Editor() { return editor_; }
   AnalysisCommands& Analysis() { return analysis_; }
   RunCommands& Run() { return run_; }
   ShellCommands& Shell() { return shell_; }
-  SettingsCommands& Settings() { return settings_; }
+  frmSettings& Settings() { return settings_; }
   Globals& Shared() { return globals_; }
   PatternSession& Pattern() { return pattern_; }
   const AppParts& Parts() const { return parts_; }
@@ -89,7 +89,7 @@ class Form1 {
   PlotCommands plot_;
   FileCommands file_;
   TransformCommands transform_;
-  EditorCommands editor_;
+  frmEditLbg editor_;
   AnalysisCommands analysis_;
   PrintCommands print_;
   SafetyCopy copy_;
@@ -102,7 +102,7 @@ class Form1 {
   ChosenInput input_;
   RunCommands run_;
   ShellCommands shell_;
-  SettingsCommands settings_;
+  frmSettings settings_;
   InputCommands chooseInput_;
   std::map<Control, std::function<void()>> handlers_;
 };

@@ -160,11 +160,10 @@ TEST_F(ControlsInARunTest, LetNothingOutOfASweep) {
 
 /// The editor's buttons beside every state.
 TEST_P(EveryControlTest, TheEditorsButtonsLetNothingOutEither) {
-  using Handler = void (EditorCommands::*)();
-  for (const Handler handler :
-       {&EditorCommands::cmdGetDataFromPlot_Click, &EditorCommands::cmdGetDataFromFile_Click,
-        &EditorCommands::cmdInsert_Click, &EditorCommands::cmdDelete_Click, &EditorCommands::cmdUpdate_Click,
-        &EditorCommands::Command1_Click})
+  using Handler = void (frmEditLbg::*)();
+  for (const Handler handler : {&frmEditLbg::cmdGetDataFromPlot_Click, &frmEditLbg::cmdGetDataFromFile_Click,
+                                &frmEditLbg::cmdInsert_Click, &frmEditLbg::cmdDelete_Click,
+                                &frmEditLbg::cmdUpdate_Click, &frmEditLbg::Command1_Click})
     for (const char* value : {"", "0", "abc", "-1", "1e999", "7"}) {
       AppFixture window;
       window.Start();
@@ -184,7 +183,7 @@ TEST_P(EveryControlTest, TheSettingsLetNothingOutEither) {
       AppFixture window;
       window.Start();
       GetParam().Enter(window);
-      SettingsCommands& settings = window.Form.Settings();
+      frmSettings& settings = window.Form.Settings();
       settings.Form_Load();
       window.Forget();
       settings.Dialog().SetText(row.Id, text);

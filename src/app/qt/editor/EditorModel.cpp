@@ -5,7 +5,7 @@ namespace {
 EditorColumn ColumnOf(const QModelIndex& index) { return static_cast<EditorColumn>(index.column()); }
 }  // namespace
 
-void EditorModel::SetCommands(EditorCommands& commands) {
+void EditorModel::SetCommands(frmEditLbg& commands) {
   beginResetModel();
   commands_ = &commands;
   endResetModel();

@@ -2,7 +2,7 @@
 
 #include <QAbstractTableModel>
 
-#include "app/editor/EditorCommands.h"
+#include "app/editor/frmEditLbg.h"
 
 namespace lobegraph {
 
@@ -13,7 +13,7 @@ class EditorModel : public QAbstractTableModel {
 
  public:
   /// Until then the table has no rows. @param commands outlives the model
-  void SetCommands(EditorCommands& commands);
+  void SetCommands(frmEditLbg& commands);
   /// All cells may have changed.
   void Refresh() { emit dataChanged(index(0, 0), index(rowCount() - 1, EditorGrid::kColumns - 1)); }
 
@@ -25,7 +25,7 @@ class EditorModel : public QAbstractTableModel {
   Qt::ItemFlags flags(const QModelIndex& index) const override;
 
  private:
-  EditorCommands* commands_ = nullptr;
+  frmEditLbg* commands_ = nullptr;
 };
 
 }  // namespace lobegraph

@@ -2,7 +2,7 @@
 
 #include <QTableView>
 
-#include "app/editor/EditorCommands.h"
+#include "app/editor/frmEditLbg.h"
 
 namespace lobegraph {
 
@@ -13,7 +13,7 @@ class EditorTable : public QTableView {
 
  public:
   explicit EditorTable(QWidget* parent);
-  void SetCommands(EditorCommands& commands) { commands_ = &commands; }
+  void SetCommands(frmEditLbg& commands) { commands_ = &commands; }
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
@@ -27,7 +27,7 @@ class EditorTable : public QTableView {
   /// First row, last row, first column, last column; the current cell when nothing else is selected.
   QItemSelectionRange Selected() const;
 
-  EditorCommands* commands_ = nullptr;
+  frmEditLbg* commands_ = nullptr;
 };
 
 }  // namespace lobegraph

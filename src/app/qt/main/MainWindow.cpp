@@ -21,7 +21,7 @@
 #include "app/qt/main/UndoKeys.h"
 #include "app/qt/panel/WindowLayout.h"
 #include "app/qt/settings/SettingsOpener.h"
-#include "app/qt/settings/frmSettings.h"
+#include "app/qt/settings/frmSettingsDialog.h"
 
 namespace lobegraph {
 
@@ -176,10 +176,10 @@ void MainWindow::closeEvent(QCloseEvent* event) {
 }
 
 void MainWindow::OpenSettings(SettingsWay way) {
-  SettingsCommands& settings = form_.Settings();
+  frmSettings& settings = form_.Settings();
   if (!settings.MayOpen(way)) return;
   settings.Form_Load();
-  frmSettings dialog(settings, dialogs_, QString::fromStdString(form_.Shared().NoticeText), this);
+  frmSettingsDialog dialog(settings, dialogs_, QString::fromStdString(form_.Shared().NoticeText), this);
   dialogs_.Run(dialog);
   settings.Closed();
 }

@@ -8,7 +8,7 @@
 #include "acquisition/qt/SystemClock.h"
 #include "app/main/Form1.h"
 #include "app/qt/boxes/QtDialogs.h"
-#include "app/qt/editor/EditorWindow.h"
+#include "app/qt/editor/frmEditLbgWindow.h"
 #include "app/qt/input/Meters.h"
 #include "app/qt/main/AnalysisInput.h"
 #include "app/qt/panel/WidgetView.h"
@@ -77,7 +77,7 @@ class MainWindow : public QWidget, private ProgramEnd {
   QWidget panel_;
   WidgetView view_;
   QtDialogs dialogs_;
-  EditorWindow editor_;
+  frmEditLbgWindow editor_;
   QtPrinter printer_;
   QtSystemText system_;
   DiskFiles files_;

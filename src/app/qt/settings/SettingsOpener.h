@@ -4,7 +4,7 @@
 #include <QWidget>
 #include <functional>
 
-#include "app/settings/SettingsCommands.h"
+#include "app/settings/frmSettings.h"
 
 namespace lobegraph {
 

@@ -1,4 +1,4 @@
-#include "app/qt/editor/EditorWindow.h"
+#include "app/qt/editor/frmEditLbgWindow.h"
 
 #include <QCloseEvent>
 #include <QHBoxLayout>
@@ -24,7 +24,7 @@ constexpr int kFrame = 8;  // of a window, at its side
 
 }  // namespace
 
-EditorWindow::EditorWindow(QWidget* owner, QtDialogs& dialogs)
+frmEditLbgWindow::frmEditLbgWindow(QWidget* owner, QtDialogs& dialogs)
     : QWidget(owner, Qt::Window),
       dialogs_(dialogs),
       grdReadings_(new EditorTable(this)),
@@ -35,14 +35,13 @@ EditorWindow::EditorWindow(QWidget* owner, QtDialogs& dialogs)
   auto* column = new QWidget(this);
   auto* buttons = new QVBoxLayout(column);
   buttons->setContentsMargins({});
-  AddButton(*column, "cmdGetDataFromPlot", "Get values from the plot",
-            &EditorCommands::cmdGetDataFromPlot_Click);
+  AddButton(*column, "cmdGetDataFromPlot", "Get values from the plot", &frmEditLbg::cmdGetDataFromPlot_Click);
   cmdGetDataFromFile_ = AddButton(*column, "cmdGetDataFromFile", "Get values from a CSV file",
-                                  &EditorCommands::cmdGetDataFromFile_Click);
-  AddButton(*column, "cmdInsert", "Insert a row", &EditorCommands::cmdInsert_Click);
-  AddButton(*column, "cmdDelete", "Delete a row", &EditorCommands::cmdDelete_Click);
-  cmdUpdate_ = AddButton(*column, "cmdUpdate", "Update the plot", &EditorCommands::cmdUpdate_Click);
-  AddButton(*column, "Command1", "Clear all values", &EditorCommands::Command1_Click);
+                                  &frmEditLbg::cmdGetDataFromFile_Click);
+  AddButton(*column, "cmdInsert", "Insert a row", &frmEditLbg::cmdInsert_Click);
+  AddButton(*column, "cmdDelete", "Delete a row", &frmEditLbg::cmdDelete_Click);
+  cmdUpdate_ = AddButton(*column, "cmdUpdate", "Update the plot", &frmEditLbg::cmdUpdate_Click);
+  AddButton(*column, "Command1", "Clear all values", &frmEditLbg::Command1_Click);
   buttons->addStretch();
   lblStatus_->setObjectName("lblStatus");
   lblStatus_->setAccessibleName("What happened last");
@@ -60,7 +59,7 @@ EditorWindow::EditorWindow(QWidget* owner, QtDialogs& dialogs)
   resize(sizeHint().width(), kHeight);
 }
 
-void EditorWindow::MakeTable() {
+void frmEditLbgWindow::MakeTable() {
   grdReadings_->setObjectName("grdReadings");
   grdReadings_->setAccessibleName("Readings");
   grdReadings_->setModel(&model_);
@@ -73,8 +72,8 @@ void EditorWindow::MakeTable() {
   grdReadings_->setFixedWidth(width);
 }
 
-QPushButton* EditorWindow::AddButton(QWidget& column, const char* name, const char* caption,
-                                     void (EditorCommands::*command)()) {
+QPushButton* frmEditLbgWindow::AddButton(QWidget& column, const char* name, const char* caption,
+                                         void (frmEditLbg::*command)()) {
   auto* button = new QPushButton(caption, &column);
   button->setObjectName(name);
   button->setAccessibleName(caption);
@@ -84,14 +83,14 @@ QPushButton* EditorWindow::AddButton(QWidget& column, const char* name, const ch
   return button;
 }
 
-void EditorWindow::Connect(EditorCommands& commands, std::function<void(const std::function<void()>&)> run) {
+void frmEditLbgWindow::Connect(frmEditLbg& commands, std::function<void(const std::function<void()>&)> run) {
   commands_ = &commands;
   run_ = std::move(run);
   model_.SetCommands(commands);
   grdReadings_->SetCommands(commands);
 }
 
-void EditorWindow::Open() {
+void frmEditLbgWindow::Open() {
   if (!isVisible()) PlaceBesideOwner();
   grdReadings_->scrollToTop();
   grdReadings_->setCurrentIndex({});
@@ -101,37 +100,37 @@ void EditorWindow::Open() {
   grdReadings_->setFocus();
 }
 
-void EditorWindow::PlaceBesideOwner() {
+void frmEditLbgWindow::PlaceBesideOwner() {
   const QRect owner = parentWidget()->frameGeometry();
   const QRect screen = parentWidget()->screen()->availableGeometry();
   const int right = std::min(owner.right() + 1, screen.right() - width() - kFrame);
   move(std::max(right, screen.left()), owner.top());
 }
 
-void EditorWindow::Unload() { hide(); }
+void frmEditLbgWindow::Unload() { hide(); }
 
-int EditorWindow::CurrentRow() const { return grdReadings_->currentIndex().row() + 1; }
+int frmEditLbgWindow::CurrentRow() const { return grdReadings_->currentIndex().row() + 1; }
 
-void EditorWindow::SelectRow(int row) {
+void frmEditLbgWindow::SelectRow(int row) {
   grdReadings_->setCurrentIndex(model_.index(row - 1, static_cast<int>(EditorColumn::Value)));
 }
 
-void EditorWindow::ShowStatus(const std::string& text) {
+void frmEditLbgWindow::ShowStatus(const std::string& text) {
   lblStatus_->setText(QString::fromStdString(text));
   // To a screen reader its name says what it is, its description what it says.
   lblStatus_->setAccessibleDescription(lblStatus_->text());
 }
 
-void EditorWindow::AllowUpdate(bool allowed) {
+void frmEditLbgWindow::AllowUpdate(bool allowed) {
   cmdUpdate_->setEnabled(allowed);
   cmdGetDataFromFile_->setEnabled(allowed);
 }
 
-std::optional<std::string> EditorWindow::AskCsvFile(const std::string& folder) {
+std::optional<std::string> frmEditLbgWindow::AskCsvFile(const std::string& folder) {
   return dialogs_.OpenCsvFile(folder);
 }
 
-void EditorWindow::closeEvent(QCloseEvent* event) {
+void frmEditLbgWindow::closeEvent(QCloseEvent* event) {
   event->accept();
   run_([this] { commands_->Form_Unload(); });
 }

@@ -1,4 +1,4 @@
-#include "app/qt/editor/EditorWindow.h"
+#include "app/qt/editor/frmEditLbgWindow.h"
 
 #include <gmock/gmock.h>
 
@@ -18,9 +18,9 @@ constexpr int kValue = 1;
 constexpr int kPosn = 2;
 
 /// The editor beside the real window, operated as a person does.
-class EditorWindowTest : public testing::Test {
+class frmEditLbgWindowTest : public testing::Test {
  protected:
-  EditorWindowTest() {
+  frmEditLbgWindowTest() {
     window_.Press("chkEditor");
     EXPECT_TRUE(QTest::qWaitForWindowActive(&Editor()));
   }
@@ -58,7 +58,7 @@ class EditorWindowTest : public testing::Test {
   RealWindow window_;
 };
 
-TEST_F(EditorWindowTest, HasThreeColumnsOfTheirWidthsAnd360Rows) {
+TEST_F(frmEditLbgWindowTest, HasThreeColumnsOfTheirWidthsAnd360Rows) {
   EXPECT_EQ(Editor().windowTitle(), "Lbg editor");
   EXPECT_FALSE(Editor().isModal());
   ASSERT_EQ(Table().model()->rowCount(), 360);
@@ -72,7 +72,7 @@ TEST_F(EditorWindowTest, HasThreeColumnsOfTheirWidthsAnd360Rows) {
   EXPECT_EQ(Shown(360, kNo), "360");
 }
 
-TEST_F(EditorWindowTest, ButtonsHaveTheirCaptions) {
+TEST_F(frmEditLbgWindowTest, ButtonsHaveTheirCaptions) {
   const std::pair<const char*, const char*> buttons[] = {{"cmdGetDataFromPlot", "Get values from the plot"},
                                                          {"cmdGetDataFromFile", "Get values from a CSV file"},
                                                          {"cmdInsert", "Insert a row"},
@@ -83,7 +83,7 @@ TEST_F(EditorWindowTest, ButtonsHaveTheirCaptions) {
     EXPECT_EQ(window_.Find<QAbstractButton>(name).text(), caption) << name;
 }
 
-TEST_F(EditorWindowTest, TypingReplacesTheValueAndEnterGoesDownOneRow) {
+TEST_F(frmEditLbgWindowTest, TypingReplacesTheValueAndEnterGoesDownOneRow) {
   Click(5);
   Type("123.456");
   Key(Qt::Key_Return);
@@ -96,7 +96,7 @@ TEST_F(EditorWindowTest, TypingReplacesTheValueAndEnterGoesDownOneRow) {
   EXPECT_EQ(Shown(6, kPosn), "300.00");
 }
 
-TEST_F(EditorWindowTest, EnterGoesDownWithoutEditingAndStaysAtTheEnd) {
+TEST_F(frmEditLbgWindowTest, EnterGoesDownWithoutEditingAndStaysAtTheEnd) {
   Click(359);
   Key(Qt::Key_Return);
   EXPECT_EQ(CurrentRow(), 360);
@@ -105,7 +105,7 @@ TEST_F(EditorWindowTest, EnterGoesDownWithoutEditingAndStaysAtTheEnd) {
   EXPECT_EQ(Shown(360), "0");
 }
 
-TEST_F(EditorWindowTest, EscapeKeepsTheValueAndTheRow) {
+TEST_F(frmEditLbgWindowTest, EscapeKeepsTheValueAndTheRow) {
   Click(3);
   Type("9");
   Key(Qt::Key_Escape);
@@ -113,7 +113,7 @@ TEST_F(EditorWindowTest, EscapeKeepsTheValueAndTheRow) {
   EXPECT_EQ(CurrentRow(), 3);
 }
 
-TEST_F(EditorWindowTest, NumbersAndPositionsCannotBeTypedOver) {
+TEST_F(frmEditLbgWindowTest, NumbersAndPositionsCannotBeTypedOver) {
   for (const int column : {kNo, kPosn}) {
     Click(2, column);
     Type("7");
@@ -123,7 +123,7 @@ TEST_F(EditorWindowTest, NumbersAndPositionsCannotBeTypedOver) {
   EXPECT_EQ(Shown(2, kPosn), "0");
 }
 
-TEST_F(EditorWindowTest, AnEditedCellShowsItsFullText) {
+TEST_F(frmEditLbgWindowTest, AnEditedCellShowsItsFullText) {
   Click(1);
   Type("0.123456");
   Key(Qt::Key_Return);
@@ -134,7 +134,7 @@ TEST_F(EditorWindowTest, AnEditedCellShowsItsFullText) {
   Key(Qt::Key_Escape);
 }
 
-TEST_F(EditorWindowTest, AColumnOfASpreadsheetIsPastedFromTheSelectedRowOn) {
+TEST_F(frmEditLbgWindowTest, AColumnOfASpreadsheetIsPastedFromTheSelectedRowOn) {
   SetClipboard("1.5\n2.25\n\"3\"\n");
   Click(10);
   Key(Qt::Key_V, Qt::ControlModifier);
@@ -143,7 +143,7 @@ TEST_F(EditorWindowTest, AColumnOfASpreadsheetIsPastedFromTheSelectedRowOn) {
   EXPECT_EQ(window_.Caption("lblStatus"), "3 values pasted");
 }
 
-TEST_F(EditorWindowTest, ASelectedColumnIsCopiedInFull) {
+TEST_F(frmEditLbgWindowTest, ASelectedColumnIsCopiedInFull) {
   SetClipboard("1.234567\n2\n3\n");
   Click(1);
   Key(Qt::Key_V, Qt::ControlModifier);
@@ -153,7 +153,7 @@ TEST_F(EditorWindowTest, ASelectedColumnIsCopiedInFull) {
   EXPECT_EQ(Clipboard(), "1.234567\n2\n");
 }
 
-TEST_F(EditorWindowTest, ACopiedColumnPastesElsewhere) {
+TEST_F(frmEditLbgWindowTest, ACopiedColumnPastesElsewhere) {
   SetClipboard("4\n5\n");
   Click(1);
   Key(Qt::Key_V, Qt::ControlModifier);
@@ -164,7 +164,7 @@ TEST_F(EditorWindowTest, ACopiedColumnPastesElsewhere) {
   EXPECT_EQ(Shown(100) + Shown(101), "45");
 }
 
-TEST_F(EditorWindowTest, DeleteEmptiesTheSelectedSlots) {
+TEST_F(frmEditLbgWindowTest, DeleteEmptiesTheSelectedSlots) {
   SetClipboard("1\n2\n3\n4\n");
   Click(1);
   Key(Qt::Key_V, Qt::ControlModifier);
@@ -173,7 +173,7 @@ TEST_F(EditorWindowTest, DeleteEmptiesTheSelectedSlots) {
   EXPECT_EQ(Shown(1) + Shown(2) + Shown(3) + Shown(4), "1004");
 }
 
-TEST_F(EditorWindowTest, InsertAndDeleteActOnTheRowOfTheCursor) {
+TEST_F(frmEditLbgWindowTest, InsertAndDeleteActOnTheRowOfTheCursor) {
   SetClipboard("1\n2\n3\n");
   Click(1);
   Key(Qt::Key_V, Qt::ControlModifier);
@@ -185,7 +185,7 @@ TEST_F(EditorWindowTest, InsertAndDeleteActOnTheRowOfTheCursor) {
   EXPECT_EQ(Shown(1) + Shown(2) + Shown(3), "130");
 }
 
-TEST_F(EditorWindowTest, AValueThatIsNoNumberIsTakenToTheUser) {
+TEST_F(frmEditLbgWindowTest, AValueThatIsNoNumberIsTakenToTheUser) {
   SetClipboard("900\nabc\n800\n");
   Click(1);
   Key(Qt::Key_V, Qt::ControlModifier);
@@ -197,7 +197,7 @@ TEST_F(EditorWindowTest, AValueThatIsNoNumberIsTakenToTheUser) {
   EXPECT_TRUE(Table().viewport()->rect().contains(Table().visualRect(Table().currentIndex())));
 }
 
-TEST_F(EditorWindowTest, UpdateTakesAValueThatIsStillBeingTyped) {
+TEST_F(frmEditLbgWindowTest, UpdateTakesAValueThatIsStillBeingTyped) {
   SetClipboard(QString("500\n").repeated(90));
   Click(1);
   Key(Qt::Key_V, Qt::ControlModifier);
@@ -210,7 +210,7 @@ TEST_F(EditorWindowTest, UpdateTakesAValueThatIsStillBeingTyped) {
   EXPECT_EQ(window_.Text("txtReadingsPlotted"), "91");
 }
 
-TEST_F(EditorWindowTest, ImportsTheFileThatIsChosen) {
+TEST_F(frmEditLbgWindowTest, ImportsTheFileThatIsChosen) {
   std::ofstream(window_.Home.Folder.File("level.csv")) << "1,2,3";
   BoxWatch typing([&](QDialog& box) { test::TypePath(box, window_.Home.Folder.File("level")); });
   window_.Press("cmdGetDataFromFile");
@@ -221,7 +221,7 @@ TEST_F(EditorWindowTest, ImportsTheFileThatIsChosen) {
             window_.Find<QLabel>("lblStatus").text());
 }
 
-TEST_F(EditorWindowTest, ClosingItUnticksTheBoxAndTheBoxClosesIt) {
+TEST_F(frmEditLbgWindowTest, ClosingItUnticksTheBoxAndTheBoxClosesIt) {
   auto& box = window_.Find<QAbstractButton>("chkEditor");
   Editor().close();
   EXPECT_FALSE(box.isChecked());

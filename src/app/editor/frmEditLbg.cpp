@@ -1,4 +1,4 @@
-#include "app/editor/EditorCommands.h"
+#include "app/editor/frmEditLbg.h"
 
 #include "data/formats/CsvReadings.h"
 
@@ -15,7 +15,7 @@ std::string ErrorLine(const RunTimeError& error, const std::string& path) {
 
 }  // namespace
 
-void EditorCommands::chkEditor_Click() {
+void frmEditLbg::chkEditor_Click() {
   Run("chkEditor_Click", [&] {
     if (parts_.frmEditLbg == nullptr) return;
     if (!parts_.View.Checked(Control::chkEditor)) return View().Unload();
@@ -27,9 +27,9 @@ void EditorCommands::chkEditor_Click() {
   });
 }
 
-void EditorCommands::Form_Unload() { parts_.View.SetChecked(Control::chkEditor, false); }
+void frmEditLbg::Form_Unload() { parts_.View.SetChecked(Control::chkEditor, false); }
 
-void EditorCommands::cmdGetDataFromPlot_Click() {
+void frmEditLbg::cmdGetDataFromPlot_Click() {
   Run("cmdGetDataFromPlot_Click", [&] {
     grid_.GetFromPlot(parts_.Pattern.Record().Readings);
     View().ShowCells();
@@ -37,7 +37,7 @@ void EditorCommands::cmdGetDataFromPlot_Click() {
   });
 }
 
-void EditorCommands::cmdGetDataFromFile_Click() {
+void frmEditLbg::cmdGetDataFromFile_Click() {
   Run("cmdGetDataFromFile_Click", [&] {
     if (parts_.Shared.Run.Running()) return;
     const auto chosen = View().AskCsvFile(parts_.Shared.WorkingFolder);
@@ -45,12 +45,12 @@ void EditorCommands::cmdGetDataFromFile_Click() {
   });
 }
 
-void EditorCommands::Run(const char* procedure, const std::function<void()>& handler) {
+void frmEditLbg::Run(const char* procedure, const std::function<void()>& handler) {
   Guarded(parts_.Dialogs, procedure, kForm, handler);
 }
 
 /// The grid is emptied for what was read, never before: a mistyped name leaves the rows alone.
-void EditorCommands::Import(const std::string& path) {
+void frmEditLbg::Import(const std::string& path) {
   try {
     const CsvReadings readings = ReadCsv(*parts_.Files.Open(path, FileAccess::kLargestFile));
     grid_.Reset();
@@ -63,21 +63,21 @@ void EditorCommands::Import(const std::string& path) {
   View().ShowCells();
 }
 
-void EditorCommands::cmdInsert_Click() {
+void frmEditLbg::cmdInsert_Click() {
   Run("cmdInsert_Click", [&] {
     grid_.Insert(View().CurrentRow());
     View().ShowCells();
   });
 }
 
-void EditorCommands::cmdDelete_Click() {
+void frmEditLbg::cmdDelete_Click() {
   Run("cmdDelete_Click", [&] {
     grid_.Delete(View().CurrentRow());
     View().ShowCells();
   });
 }
 
-void EditorCommands::cmdUpdate_Click() {
+void frmEditLbg::cmdUpdate_Click() {
   Run("cmdUpdate_Click", [&] {
     if (parts_.Shared.Run.Running()) return;
     if (const auto empty = grid_.EmptyRow())
@@ -87,7 +87,7 @@ void EditorCommands::cmdUpdate_Click() {
   });
 }
 
-void EditorCommands::Update() {
+void frmEditLbg::Update() {
   int row = 0;
   ReadingArray readings = parts_.Pattern.Record().Readings;
   try {
@@ -101,13 +101,13 @@ void EditorCommands::Update() {
   display_.Run([&](PatternSession& pattern) { return pattern.Update(readings); }, NegativeAdvice(readings));
 }
 
-std::string EditorCommands::NoNumberAdvice(int row) const {
+std::string frmEditLbg::NoNumberAdvice(int row) const {
   return "Row " + std::to_string(row) + " reads \"" + grid_.Text(row, EditorColumn::Value) +
          "\", which is no number. Type a level with digits and a point, or 0 for an empty place.";
 }
 
 /// A level below 0 has no place on a plot; which row holds it is said where the drawing fails.
-std::string EditorCommands::NegativeAdvice(const ReadingArray& readings) const {
+std::string frmEditLbg::NegativeAdvice(const ReadingArray& readings) const {
   for (int row = 1; row <= EditorGrid::kRows; ++row)
     if (readings(row - 1) < 0.F)
       return "Row " + std::to_string(row) + " reads \"" + grid_.Text(row, EditorColumn::Value) +
@@ -115,7 +115,7 @@ std::string EditorCommands::NegativeAdvice(const ReadingArray& readings) const {
   return "";
 }
 
-void EditorCommands::Command1_Click() {
+void frmEditLbg::Command1_Click() {
   Run("Command1_Click", [&] {
     grid_.Reset();
     View().ShowCells();
@@ -123,14 +123,14 @@ void EditorCommands::Command1_Click() {
   });
 }
 
-void EditorCommands::EditValue(int row, const std::string& text) {
+void frmEditLbg::EditValue(int row, const std::string& text) {
   Run("grdReadings_AfterEdit", [&] {
     grid_.SetValue(row, text);
     View().ShowCells();
   });
 }
 
-void EditorCommands::Paste(int row, EditorColumn column, std::string_view text) {
+void frmEditLbg::Paste(int row, EditorColumn column, std::string_view text) {
   Run("grdReadings_KeyDown", [&] {
     const int set = grid_.Paste(row, column, text);
     View().ShowCells();
@@ -138,7 +138,7 @@ void EditorCommands::Paste(int row, EditorColumn column, std::string_view text) 
   });
 }
 
-void EditorCommands::ClearValues(int firstRow, int lastRow) {
+void frmEditLbg::ClearValues(int firstRow, int lastRow) {
   Run("grdReadings_KeyDown", [&] {
     grid_.ClearValues(firstRow, lastRow);
     View().ShowCells();

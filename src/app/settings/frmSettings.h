@@ -15,9 +15,9 @@ namespace lobegraph {
 enum class SettingsWay { Keyboard, Mouse };
 
 /// The settings dialog's handlers, and what they do to the main window.
-class SettingsCommands {
+class frmSettings {
  public:
-  SettingsCommands(const AppParts& parts, PatternDisplay& display, SettingsStore& store)
+  frmSettings(const AppParts& parts, PatternDisplay& display, SettingsStore& store)
       : parts_(parts), display_(display), store_(store) {}
 
   /// Not while a run is on; and the mouse belongs to the analysis lines while they are shown on the

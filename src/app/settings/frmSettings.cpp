@@ -1,4 +1,4 @@
-#include "app/settings/SettingsCommands.h"
+#include "app/settings/frmSettings.h"
 
 namespace lobegraph {
 namespace {
@@ -7,23 +7,23 @@ constexpr const char* kDialogNotice = "Settings are kept for each user.";
 
 }  // namespace
 
-void SettingsCommands::Run(const std::string& procedure, const std::function<void()>& handler) {
+void frmSettings::Run(const std::string& procedure, const std::function<void()>& handler) {
   Guarded(parts_.Dialogs, procedure, "frmSettings", handler);
 }
 
-bool SettingsCommands::MayOpen(SettingsWay way) const {
+bool frmSettings::MayOpen(SettingsWay way) const {
   const Globals& shared = parts_.Shared;
   if (shared.Run.Running() || shared.Loading || dialog_) return false;
   return way == SettingsWay::Keyboard || !(shared.AnalysisShown && parts_.Pattern.Style().Rectangular);
 }
 
-void SettingsCommands::Form_Load() {
+void frmSettings::Form_Load() {
   parts_.Shared.NoticeText = kDialogNotice;
   dialog_ = std::make_unique<SettingsDialog>(parts_.Shared.Settings, store_);
   display_.DialogOpens();
 }
 
-bool SettingsCommands::Validate(SettingsBox box) {
+bool frmSettings::Validate(SettingsBox box) {
   bool accepted = false;
   Run(std::string(RowOf(box).Name) + "_Validate", [&] {
     const auto refusal = Dialog().Validate(box);
@@ -33,7 +33,7 @@ bool SettingsCommands::Validate(SettingsBox box) {
   return accepted;
 }
 
-void SettingsCommands::ChooseColour(const SettingsColourRow& row, std::optional<Colour> colour) {
+void frmSettings::ChooseColour(const SettingsColourRow& row, std::optional<Colour> colour) {
   if (!colour) return;
   Run(std::string(row.Name) + "_Click", [&] {
     Dialog().SetColour(row, colour->Stored());
@@ -41,18 +41,18 @@ void SettingsCommands::ChooseColour(const SettingsColourRow& row, std::optional<
   });
 }
 
-void SettingsCommands::cmdDefault_Click() {
+void frmSettings::cmdDefault_Click() {
   Run("cmdDefault_Click", [&] {
     Dialog().SetDefaultColours();
     DrawOnNewBackground();
   });
 }
 
-void SettingsCommands::cmdSetDefaultValues_Click(SettingsGroup group) {
+void frmSettings::cmdSetDefaultValues_Click(SettingsGroup group) {
   Run("cmdSetDefaultValues_Click", [&] { Dialog().SetDefaultValues(group); });
 }
 
-void SettingsCommands::cmdTextOnOff_Click() {
+void frmSettings::cmdTextOnOff_Click() {
   Run("cmdTextOnOff_Click", [&] {
     bool& shown = parts_.Shared.PlotTextShown;
     shown = !shown;
@@ -60,14 +60,14 @@ void SettingsCommands::cmdTextOnOff_Click() {
   });
 }
 
-void SettingsCommands::cmdOK_Click() {
+void frmSettings::cmdOK_Click() {
   Run("cmdOK_Click", [&] {
     Dialog().Accept();
     ApplyInputLevelsAndRotationTime();
   });
 }
 
-void SettingsCommands::cmdCancel_Click() {
+void frmSettings::cmdCancel_Click() {
   Run("cmdCancel_Click", [&] {
     Dialog().Cancel();
     ApplyInputLevelsAndRotationTime();
@@ -75,12 +75,12 @@ void SettingsCommands::cmdCancel_Click() {
   ShowBackground();
 }
 
-void SettingsCommands::Closed() {
+void frmSettings::Closed() {
   dialog_.reset();
   display_.DialogCloses();
 }
 
-void SettingsCommands::ApplyInputLevelsAndRotationTime() {
+void frmSettings::ApplyInputLevelsAndRotationTime() {
   const SettingsValues& settings = parts_.Shared.Settings;
   parts_.Shared.Thresholds = SoundThresholds::FromPeak(settings.PeakInputLevel);
   parts_.View.SetMaximum(Control::Slider2, settings.Slider2Maximum());
@@ -88,12 +88,12 @@ void SettingsCommands::ApplyInputLevelsAndRotationTime() {
   parts_.View.SetText(Control::lblRotationTime, std::to_string(parts_.View.Value(Control::Slider2)));
 }
 
-void SettingsCommands::DrawOnNewBackground() {
+void frmSettings::DrawOnNewBackground() {
   ShowBackground();
   display_.RedrawBeneathDialog();
 }
 
-void SettingsCommands::ShowBackground() {
+void frmSettings::ShowBackground() {
   parts_.View.SetWindowBackground(Colour::FromStored(parts_.Shared.Settings.PlotBackground));
 }
 

@@ -5,7 +5,7 @@
 #include <QWidget>
 #include <functional>
 
-#include "app/editor/EditorCommands.h"
+#include "app/editor/frmEditLbg.h"
 #include "app/parts/EditorView.h"
 #include "app/qt/boxes/QtDialogs.h"
 #include "app/qt/editor/EditorModel.h"
@@ -14,15 +14,15 @@
 namespace lobegraph {
 
 /// The readings editor on the screen.
-class EditorWindow : public QWidget, public EditorView {
+class frmEditLbgWindow : public QWidget, public EditorView {
   Q_OBJECT
 
  public:
   /// @param dialogs outlives the window
-  EditorWindow(QWidget* owner, QtDialogs& dialogs);
+  frmEditLbgWindow(QWidget* owner, QtDialogs& dialogs);
 
   /// Gives the window its commands. @param run runs each of them
-  void Connect(EditorCommands& commands, std::function<void(const std::function<void()>&)> run);
+  void Connect(frmEditLbg& commands, std::function<void(const std::function<void()>&)> run);
 
   void Open() override;
   void Unload() override;
@@ -41,7 +41,7 @@ class EditorWindow : public QWidget, public EditorView {
   /// The plot stays in sight where the screen has room.
   void PlaceBesideOwner();
   QPushButton* AddButton(QWidget& column, const char* name, const char* caption,
-                         void (EditorCommands::*command)());
+                         void (frmEditLbg::*command)());
 
   QtDialogs& dialogs_;
   EditorModel model_;
@@ -49,7 +49,7 @@ class EditorWindow : public QWidget, public EditorView {
   QLabel* lblStatus_;
   QPushButton* cmdGetDataFromFile_ = nullptr;
   QPushButton* cmdUpdate_ = nullptr;
-  EditorCommands* commands_ = nullptr;
+  frmEditLbg* commands_ = nullptr;
   std::function<void(const std::function<void()>&)> run_;
 };
 

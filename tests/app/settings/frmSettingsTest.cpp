@@ -1,4 +1,4 @@
-#include "app/settings/SettingsCommands.h"
+#include "app/settings/frmSettings.h"
 
 #include <gmock/gmock.h>
 
@@ -14,11 +14,11 @@ using SettingsBox::txtPeakInputLevel;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-class SettingsCommandsTest : public ::testing::Test, protected AppFixture {
+class frmSettingsTest : public ::testing::Test, protected AppFixture {
  protected:
-  SettingsCommands& settings_ = Form.Settings();
+  frmSettings& settings_ = Form.Settings();
 
-  SettingsCommandsTest() { Start(); }
+  frmSettingsTest() { Start(); }
   void Open() {
     settings_.Form_Load();
     Forget();
@@ -34,12 +34,12 @@ class SettingsCommandsTest : public ::testing::Test, protected AppFixture {
   }
 };
 
-TEST_F(SettingsCommandsTest, OpensByKeyboardAndMouseWhenIdle) {
+TEST_F(frmSettingsTest, OpensByKeyboardAndMouseWhenIdle) {
   EXPECT_TRUE(settings_.MayOpen(SettingsWay::Keyboard));
   EXPECT_TRUE(settings_.MayOpen(SettingsWay::Mouse));
 }
 
-TEST_F(SettingsCommandsTest, NeverOpensDuringARun) {
+TEST_F(frmSettingsTest, NeverOpensDuringARun) {
   for (bool RunFlags::*flag : {&RunFlags::IsCollecting, &RunFlags::IsSweeping}) {
     Shared.Run.*flag = true;
     EXPECT_FALSE(settings_.MayOpen(SettingsWay::Keyboard));
@@ -48,7 +48,7 @@ TEST_F(SettingsCommandsTest, NeverOpensDuringARun) {
   }
 }
 
-TEST_F(SettingsCommandsTest, NeverOpensTwice) {
+TEST_F(frmSettingsTest, NeverOpensTwice) {
   Open();
   EXPECT_FALSE(settings_.MayOpen(SettingsWay::Keyboard));
   settings_.cmdCancel_Click();
@@ -56,7 +56,7 @@ TEST_F(SettingsCommandsTest, NeverOpensTwice) {
   EXPECT_TRUE(settings_.MayOpen(SettingsWay::Keyboard));
 }
 
-TEST_F(SettingsCommandsTest, TheMouseBelongsToTheAnalysisLinesWhileTheyAreShown) {
+TEST_F(frmSettingsTest, TheMouseBelongsToTheAnalysisLinesWhileTheyAreShown) {
   Shared.AnalysisShown = true;
   EXPECT_TRUE(settings_.MayOpen(SettingsWay::Mouse)) << "the circular plot shows no lines";
   Press(cmdLinear);
@@ -66,12 +66,12 @@ TEST_F(SettingsCommandsTest, TheMouseBelongsToTheAnalysisLinesWhileTheyAreShown)
   EXPECT_TRUE(settings_.MayOpen(SettingsWay::Mouse));
 }
 
-TEST_F(SettingsCommandsTest, OpeningSetsTheNotice) {
+TEST_F(frmSettingsTest, OpeningSetsTheNotice) {
   settings_.Form_Load();
   EXPECT_EQ(Shared.NoticeText, "Settings are kept for each user.");
 }
 
-TEST_F(SettingsCommandsTest, ARefusedBoxShowsItsMessageOnce) {
+TEST_F(frmSettingsTest, ARefusedBoxShowsItsMessageOnce) {
   Open();
   EXPECT_FALSE(Enter(txtDetectStartLevel, "41"));
   EXPECT_THAT(Dialogs.Texts(), ElementsAre("LBG024 Detect Start Level must be in the range 1 to 40"));
@@ -79,7 +79,7 @@ TEST_F(SettingsCommandsTest, ARefusedBoxShowsItsMessageOnce) {
   EXPECT_EQ(Dialogs.Messages.size(), 1U);
 }
 
-TEST_F(SettingsCommandsTest, OkPutsLevelsAndRotationTimeInForce) {
+TEST_F(frmSettingsTest, OkPutsLevelsAndRotationTimeInForce) {
   Open();
   Enter(txtPeakInputLevel, "500");
   Enter(txtMaxRotationTime, "9");
@@ -91,7 +91,7 @@ TEST_F(SettingsCommandsTest, OkPutsLevelsAndRotationTimeInForce) {
   EXPECT_LT(PlaceOf("save MaxRotationTime=9"), PlaceOf("Slider2 maximum 540")) << "saved, then in force";
 }
 
-TEST_F(SettingsCommandsTest, AMaximumBelowTheRotationTimeShowsTheNewTime) {
+TEST_F(frmSettingsTest, AMaximumBelowTheRotationTimeShowsTheNewTime) {
   Store.Put("MaxRotationTime", "20");
   Open();
   settings_.cmdCancel_Click();
@@ -104,7 +104,7 @@ TEST_F(SettingsCommandsTest, AMaximumBelowTheRotationTimeShowsTheNewTime) {
   EXPECT_EQ(Text(lblRotationTime), "180");
 }
 
-TEST_F(SettingsCommandsTest, AMaximumThatIsNoNumberAnyLongerLeavesNoTurnOfNoTime) {
+TEST_F(frmSettingsTest, AMaximumThatIsNoNumberAnyLongerLeavesNoTurnOfNoTime) {
   for (const char* spoilt : {"abc", "-5"}) {
     Store.Put("MaxRotationTime", spoilt);
     Open();
@@ -118,7 +118,7 @@ TEST_F(SettingsCommandsTest, AMaximumThatIsNoNumberAnyLongerLeavesNoTurnOfNoTime
   }
 }
 
-TEST_F(SettingsCommandsTest, CancelPutsEverythingInForceAsStored) {
+TEST_F(frmSettingsTest, CancelPutsEverythingInForceAsStored) {
   Open();
   Enter(txtPeakInputLevel, "500");
   Enter(txtMaxRotationTime, "9");
@@ -135,7 +135,7 @@ TEST_F(SettingsCommandsTest, CancelPutsEverythingInForceAsStored) {
   EXPECT_THAT(Dialogs.Messages, IsEmpty()) << "Cancel validates nothing";
 }
 
-TEST_F(SettingsCommandsTest, CancelOverADamagedStoreSaysSoAndCloses) {
+TEST_F(frmSettingsTest, CancelOverADamagedStoreSaysSoAndCloses) {
   Open();
   Store.Put("SpikeDetectLevel", "99999");
   settings_.cmdCancel_Click();
@@ -145,7 +145,7 @@ TEST_F(SettingsCommandsTest, CancelOverADamagedStoreSaysSoAndCloses) {
               ::testing::EndsWith("of procedure cmdCancel_Click of Form frmSettings"));
 }
 
-TEST_F(SettingsCommandsTest, OnlyTheBackgroundIsSeenAtOnce) {
+TEST_F(frmSettingsTest, OnlyTheBackgroundIsSeenAtOnce) {
   Open();
   for (const SettingsColourRow& row : SettingsColours()) settings_.ChooseColour(row, Colour{1, 2, 3});
   EXPECT_THAT(Only("window background"), ElementsAre("window background #010203"));
@@ -153,7 +153,7 @@ TEST_F(SettingsCommandsTest, OnlyTheBackgroundIsSeenAtOnce) {
   EXPECT_EQ(Shared.Settings.PlotGridColour, 1 + 256 * 2 + 65536 * 3);
 }
 
-TEST_F(SettingsCommandsTest, ASetThatCannotBeDrawnOpensNoBoxBeneathTheDialogNorAfterIt) {
+TEST_F(frmSettingsTest, ASetThatCannotBeDrawnOpensNoBoxBeneathTheDialogNorAfterIt) {
   HoldChanged([](ReadingsRecord& record) { record.NumReadings = 29; });
   Open();
   settings_.cmdDefault_Click();
@@ -164,7 +164,7 @@ TEST_F(SettingsCommandsTest, ASetThatCannotBeDrawnOpensNoBoxBeneathTheDialogNorA
   EXPECT_THAT(Dialogs.Texts(), IsEmpty()) << "it was said when the file was got";
 }
 
-TEST_F(SettingsCommandsTest, WhileTheDialogIsOpenOnlyTheBackgroundTakesItsColour) {
+TEST_F(frmSettingsTest, WhileTheDialogIsOpenOnlyTheBackgroundTakesItsColour) {
   HoldBeam();
   Open();
   settings_.ChooseColour(Row("cmdPlotLineColour"), Colour{255, 0, 255});
@@ -176,14 +176,14 @@ TEST_F(SettingsCommandsTest, WhileTheDialogIsOpenOnlyTheBackgroundTakesItsColour
   EXPECT_EQ(Surface.Count("line", "#ff00ff"), 360);
 }
 
-TEST_F(SettingsCommandsTest, ACancelledColourLeavesTheColour) {
+TEST_F(frmSettingsTest, ACancelledColourLeavesTheColour) {
   Open();
   settings_.ChooseColour(Row("cmdPlotBackground"), std::nullopt);
   EXPECT_EQ(Shared.Settings.PlotBackground, 14737632);
   EXPECT_THAT(Log, IsEmpty());
 }
 
-TEST_F(SettingsCommandsTest, DefaultColoursAreSeenAtOnce) {
+TEST_F(frmSettingsTest, DefaultColoursAreSeenAtOnce) {
   Open();
   Shared.Settings.PlotBackground = 0;
   settings_.cmdDefault_Click();
@@ -192,7 +192,7 @@ TEST_F(SettingsCommandsTest, DefaultColoursAreSeenAtOnce) {
   EXPECT_EQ(Grids(), 1) << "the drawing lies on the background";
 }
 
-TEST_F(SettingsCommandsTest, TextOnOffHidesSevenLabelsAndAButtonAndShowsThemAgain) {
+TEST_F(frmSettingsTest, TextOnOffHidesSevenLabelsAndAButtonAndShowsThemAgain) {
   Open();
   settings_.cmdTextOnOff_Click();
   EXPECT_THAT(Log, ElementsAre("lblOperator hidden", "lblDateTime hidden", "lblCollectTitle hidden",
@@ -206,7 +206,7 @@ TEST_F(SettingsCommandsTest, TextOnOffHidesSevenLabelsAndAButtonAndShowsThemAgai
   EXPECT_TRUE(Shared.PlotTextShown);
 }
 
-TEST_F(SettingsCommandsTest, HiddenTextStaysHiddenAfterCancelAndIsSavedNowhere) {
+TEST_F(frmSettingsTest, HiddenTextStaysHiddenAfterCancelAndIsSavedNowhere) {
   Open();
   settings_.cmdTextOnOff_Click();
   settings_.cmdCancel_Click();
@@ -215,7 +215,7 @@ TEST_F(SettingsCommandsTest, HiddenTextStaysHiddenAfterCancelAndIsSavedNowhere) 
   EXPECT_THAT(Only("save"), IsEmpty());
 }
 
-TEST_F(SettingsCommandsTest, TheWindowIsDrawnWhenTheDialogHasGone) {
+TEST_F(frmSettingsTest, TheWindowIsDrawnWhenTheDialogHasGone) {
   HoldBeam();
   Open();
   settings_.ChooseColour(Row("cmdPlotLineColour"), Colour{255, 0, 0});

@@ -10,17 +10,17 @@
 #include <vector>
 
 #include "app/qt/boxes/QtDialogs.h"
-#include "app/settings/SettingsCommands.h"
+#include "app/settings/frmSettings.h"
 
 namespace lobegraph {
 
 /// The settings dialog on the screen. Escape and the close box are Cancel; Enter does nothing anywhere in it.
 /// A button pressed with the mouse leaves the focus where it is, so that OK meets the box in hand.
-class frmSettings : public QDialog {
+class frmSettingsDialog : public QDialog {
   Q_OBJECT
 
  public:
-  frmSettings(SettingsCommands& commands, QtDialogs& dialogs, const QString& notice, QWidget* parent);
+  frmSettingsDialog(frmSettings& commands, QtDialogs& dialogs, const QString& notice, QWidget* parent);
 
   /// OK; refused while the box in hand is.
   void accept() override;
@@ -54,7 +54,7 @@ class frmSettings : public QDialog {
   void ReturnTo(SettingsBox box);
   QLineEdit& BoxOf(SettingsBox box) const { return *boxes_.at(static_cast<std::size_t>(box)); }
 
-  SettingsCommands& commands_;
+  frmSettings& commands_;
   QtDialogs& dialogs_;
   std::array<QLineEdit*, static_cast<std::size_t>(SettingsBox::kCount)> boxes_{};
   std::vector<QPushButton*> colours_;

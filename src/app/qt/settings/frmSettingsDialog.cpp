@@ -1,4 +1,4 @@
-#include "app/qt/settings/frmSettings.h"
+#include "app/qt/settings/frmSettingsDialog.h"
 
 #include <QColorDialog>
 #include <QFocusEvent>
@@ -66,8 +66,8 @@ bool LeavesForGood(const QFocusEvent& event) {
 
 }  // namespace
 
-frmSettings::frmSettings(SettingsCommands& commands, QtDialogs& dialogs, const QString& notice,
-                         QWidget* parent)
+frmSettingsDialog::frmSettingsDialog(frmSettings& commands, QtDialogs& dialogs, const QString& notice,
+                                     QWidget* parent)
     : QDialog(parent), commands_(commands), dialogs_(dialogs) {
   setObjectName("frmSettings");
   setWindowTitle("Lobegraph Settings");
@@ -89,7 +89,7 @@ frmSettings::frmSettings(SettingsCommands& commands, QtDialogs& dialogs, const Q
   BoxOf(SettingsBox::txtDetectStartLevel).setFocus();
 }
 
-QGridLayout* frmSettings::MakeFrame(const QString& caption) {
+QGridLayout* frmSettingsDialog::MakeFrame(const QString& caption) {
   auto* grid = new QGridLayout(new QGroupBox(caption, this));
   grid->setContentsMargins(kSide, kClose, kSide, kClose);
   grid->setVerticalSpacing(kClose);
@@ -97,8 +97,8 @@ QGridLayout* frmSettings::MakeFrame(const QString& caption) {
   return grid;
 }
 
-QWidget* frmSettings::MakeGroup(SettingsGroup group, const QString& caption, const QString& defaultName,
-                                const QString& about) {
+QWidget* frmSettingsDialog::MakeGroup(SettingsGroup group, const QString& caption, const QString& defaultName,
+                                      const QString& about) {
   QGridLayout* grid = MakeFrame(caption);
   for (const SettingsBoxRow& row : SettingsBoxes()) {
     if (row.Group != group) continue;
@@ -114,7 +114,7 @@ QWidget* frmSettings::MakeGroup(SettingsGroup group, const QString& caption, con
   return grid->parentWidget();
 }
 
-QLineEdit* frmSettings::MakeBox(const SettingsBoxRow& row) {
+QLineEdit* frmSettingsDialog::MakeBox(const SettingsBoxRow& row) {
   auto* box = new QLineEdit(this);
   box->setObjectName(Q(row.Name));
   box->setAccessibleName(Q(row.Label));
@@ -126,7 +126,7 @@ QLineEdit* frmSettings::MakeBox(const SettingsBoxRow& row) {
   return box;
 }
 
-QWidget* frmSettings::MakeColours() {
+QWidget* frmSettingsDialog::MakeColours() {
   QGridLayout* grid = MakeFrame("Plotting Colours");
   grid->addWidget(MakeLabel("Primary"), 0, kPrimaryColumn, Qt::AlignHCenter);
   grid->addWidget(MakeLabel("Overlay"), 0, kOverlayColumn, Qt::AlignHCenter);
@@ -144,7 +144,7 @@ QWidget* frmSettings::MakeColours() {
 }
 
 /// Labels, boxes and buttons of all frames stand below each other, whatever the desktop's font measures.
-void frmSettings::AlignFrames() {
+void frmSettingsDialog::AlignFrames() {
   int buttonWidth = 0;
   for (QPushButton* button : findChildren<QPushButton*>()) {
     if (!button->text().isEmpty()) button->setMinimumWidth(button->sizeHint().width() + kButtonRoom);
@@ -159,7 +159,7 @@ void frmSettings::AlignFrames() {
   }
 }
 
-QPushButton* frmSettings::MakeColourButton(std::size_t index) {
+QPushButton* frmSettingsDialog::MakeColourButton(std::size_t index) {
   const SettingsColourRow& row = SettingsColours()[index];
   QPushButton* button = MakeButton(Q(row.Name), "", [this, index] { ChooseColour(index); });
   button->setAccessibleName(Q(row.Label) + (row.Overlay ? " Overlay" : " Primary"));
@@ -168,7 +168,7 @@ QPushButton* frmSettings::MakeColourButton(std::size_t index) {
   return button;
 }
 
-QWidget* frmSettings::MakeFoot(const QString& notice) {
+QWidget* frmSettingsDialog::MakeFoot(const QString& notice) {
   auto* foot = new QWidget(this);
   auto* grid = new QGridLayout(foot);
   grid->setContentsMargins(0, 0, 0, 0);
@@ -186,15 +186,15 @@ QWidget* frmSettings::MakeFoot(const QString& notice) {
   return foot;
 }
 
-QPushButton* frmSettings::MakeButton(const QString& name, const QString& caption,
-                                     const std::function<void()>& pressed) {
+QPushButton* frmSettingsDialog::MakeButton(const QString& name, const QString& caption,
+                                           const std::function<void()>& pressed) {
   return MakePlainButton(name, caption, [this, pressed] {
     if (LeaveBoxInHand()) pressed();
   });
 }
 
-QPushButton* frmSettings::MakePlainButton(const QString& name, const QString& caption,
-                                          const std::function<void()>& pressed) {
+QPushButton* frmSettingsDialog::MakePlainButton(const QString& name, const QString& caption,
+                                                const std::function<void()>& pressed) {
   auto* button = new QPushButton(caption);
   button->setObjectName(name);
   button->setAutoDefault(false);
@@ -203,18 +203,18 @@ QPushButton* frmSettings::MakePlainButton(const QString& name, const QString& ca
   return button;
 }
 
-void frmSettings::FillBoxes() {
+void frmSettingsDialog::FillBoxes() {
   for (const SettingsBoxRow& row : SettingsBoxes())
     BoxOf(row.Id).setText(QString::fromStdString(commands_.Dialog().Text(row.Id)));
 }
 
-void frmSettings::PaintColours() {
+void frmSettingsDialog::PaintColours() {
   for (std::size_t i = 0; i < colours_.size(); ++i)
     colours_[i]->setStyleSheet(
         ColourSheet(ToQt(Colour::FromStored(commands_.Dialog().ColourOf(SettingsColours()[i])))));
 }
 
-void frmSettings::ChooseColour(std::size_t index) {
+void frmSettingsDialog::ChooseColour(std::size_t index) {
   const SettingsColourRow& row = SettingsColours()[index];
   QColorDialog choice(ToQt(Colour::FromStored(commands_.Dialog().ColourOf(row))), this);
   choice.setObjectName("CommonDialog1");
@@ -230,34 +230,34 @@ void frmSettings::ChooseColour(std::size_t index) {
   PaintColours();
 }
 
-void frmSettings::accept() {
+void frmSettingsDialog::accept() {
   if (!LeaveBoxInHand()) return;
   closing_ = true;
   commands_.cmdOK_Click();
   QDialog::accept();
 }
 
-void frmSettings::reject() {
+void frmSettingsDialog::reject() {
   closing_ = true;
   commands_.cmdCancel_Click();
   QDialog::reject();
 }
 
-bool frmSettings::LeaveBoxInHand() {
+bool frmSettingsDialog::LeaveBoxInHand() {
   if (returning_) return false;
   for (const SettingsBoxRow& row : SettingsBoxes())
     if (focusWidget() == &BoxOf(row.Id)) return commands_.Validate(row.Id);
   return true;
 }
 
-void frmSettings::LeaveBox(SettingsBox box) {
+void frmSettingsDialog::LeaveBox(SettingsBox box) {
   if (returning_ || closing_ || !commands_.Dialog().Validate(box)) return;
   returning_ = true;
   QTimer::singleShot(0, this, [this, box] { ReturnTo(box); });
 }
 
 /// The focus is back before the message is shown, so that what the user types next mends the entry.
-void frmSettings::ReturnTo(SettingsBox box) {
+void frmSettingsDialog::ReturnTo(SettingsBox box) {
   if (!closing_) {
     BoxOf(box).setFocus();
     commands_.Validate(box);
@@ -266,14 +266,14 @@ void frmSettings::ReturnTo(SettingsBox box) {
   returning_ = false;
 }
 
-bool frmSettings::eventFilter(QObject* watched, QEvent* event) {
+bool frmSettingsDialog::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::FocusOut && LeavesForGood(static_cast<const QFocusEvent&>(*event)))
     for (const SettingsBoxRow& row : SettingsBoxes())
       if (watched == &BoxOf(row.Id)) LeaveBox(row.Id);
   return QDialog::eventFilter(watched, event);
 }
 
-void frmSettings::keyPressEvent(QKeyEvent* event) {
+void frmSettingsDialog::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) return;
   QDialog::keyPressEvent(event);
 }

@@ -1,4 +1,4 @@
-#include "app/editor/EditorCommands.h"
+#include "app/editor/frmEditLbg.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -12,13 +12,13 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::MatchesRegex;
 
-class EditorCommandsTest : public testing::Test, protected AppFixture {
+class frmEditLbgTest : public testing::Test, protected AppFixture {
  protected:
-  EditorCommandsTest() {
+  frmEditLbgTest() {
     Start();
     Tick(Control::chkEditor, true);
   }
-  EditorCommands& Commands() { return Form.Editor(); }
+  frmEditLbg& Commands() { return Form.Editor(); }
   std::string Value(int row) { return Commands().Grid().Text(row, EditorColumn::Value); }
   std::string Posn(int row) { return Commands().Grid().Text(row, EditorColumn::Posn); }
   void Import(const std::string& text) {
@@ -28,18 +28,18 @@ class EditorCommandsTest : public testing::Test, protected AppFixture {
   }
 };
 
-TEST_F(EditorCommandsTest, the_box_shows_and_unloads_the_window) {
+TEST_F(frmEditLbgTest, the_box_shows_and_unloads_the_window) {
   EXPECT_TRUE(Editor.IsOpen);
   Tick(Control::chkEditor, false);
   EXPECT_FALSE(Editor.IsOpen);
 }
 
-TEST_F(EditorCommandsTest, closing_the_window_unticks_the_box) {
+TEST_F(frmEditLbgTest, closing_the_window_unticks_the_box) {
   Commands().Form_Unload();
   EXPECT_FALSE(View.Of(Control::chkEditor).Checked);
 }
 
-TEST_F(EditorCommandsTest, starts_empty_and_is_not_filled_from_the_plot) {
+TEST_F(frmEditLbgTest, starts_empty_and_is_not_filled_from_the_plot) {
   HoldBeam();
   Commands().EditValue(1, "7");
   Tick(Control::chkEditor, false);
@@ -48,7 +48,7 @@ TEST_F(EditorCommandsTest, starts_empty_and_is_not_filled_from_the_plot) {
   EXPECT_EQ(Posn(2), "0");
 }
 
-TEST_F(EditorCommandsTest, gets_the_values_of_the_plot) {
+TEST_F(frmEditLbgTest, gets_the_values_of_the_plot) {
   HoldBeam();
   Commands().cmdGetDataFromPlot_Click();
   EXPECT_EQ(Value(1), "900");
@@ -56,7 +56,7 @@ TEST_F(EditorCommandsTest, gets_the_values_of_the_plot) {
   EXPECT_EQ(Editor.TimesShown, 2);  // once empty, once all rows together
 }
 
-TEST_F(EditorCommandsTest, imports_a_CSV_file_and_says_what_was_read) {
+TEST_F(frmEditLbgTest, imports_a_CSV_file_and_says_what_was_read) {
   Import("Level\n2\n3\n");
   EXPECT_EQ(Editor.Folder, "/home/ham/");
   EXPECT_EQ(Value(1) + " " + Value(2) + " " + Value(3), "0 2 3");
@@ -65,28 +65,28 @@ TEST_F(EditorCommandsTest, imports_a_CSV_file_and_says_what_was_read) {
   EXPECT_EQ(Editor.TimesShown, 2);
 }
 
-TEST_F(EditorCommandsTest, an_import_empties_the_grid_first) {
+TEST_F(frmEditLbgTest, an_import_empties_the_grid_first) {
   Commands().EditValue(300, "7");
   Import("1,2,3");
   EXPECT_EQ(Value(300), "0");
   EXPECT_EQ(Posn(300), "0");
 }
 
-TEST_F(EditorCommandsTest, a_name_without_ending_opens_as_csv) {
+TEST_F(frmEditLbgTest, a_name_without_ending_opens_as_csv) {
   Files.Held["/home/ham/pattern.csv"] = "5";
   Editor.CsvFile = "/home/ham/pattern";
   Commands().cmdGetDataFromFile_Click();
   EXPECT_EQ(Value(1), "5");
 }
 
-TEST_F(EditorCommandsTest, a_name_in_capitals_is_opened_as_it_is) {
+TEST_F(frmEditLbgTest, a_name_in_capitals_is_opened_as_it_is) {
   Files.Held["/home/ham/DATA.CSV"] = "5";
   Editor.CsvFile = "/home/ham/DATA.CSV";
   Commands().cmdGetDataFromFile_Click();
   EXPECT_EQ(Value(1), "5");
 }
 
-TEST_F(EditorCommandsTest, a_cancelled_or_empty_file_dialog_changes_nothing) {
+TEST_F(frmEditLbgTest, a_cancelled_or_empty_file_dialog_changes_nothing) {
   Commands().EditValue(1, "7");
   for (const auto& answer : {std::optional<std::string>(), std::optional<std::string>("")}) {
     Editor.CsvFile = answer;
@@ -95,21 +95,21 @@ TEST_F(EditorCommandsTest, a_cancelled_or_empty_file_dialog_changes_nothing) {
   }
 }
 
-TEST_F(EditorCommandsTest, a_file_that_is_not_there_is_named_without_a_box) {
+TEST_F(frmEditLbgTest, a_file_that_is_not_there_is_named_without_a_box) {
   Editor.CsvFile = "/home/ham/none";
   Commands().cmdGetDataFromFile_Click();
   EXPECT_EQ(Editor.Status, "Error 53 (File not found): none.csv");
   EXPECT_THAT(Dialogs.Messages, IsEmpty());
 }
 
-TEST_F(EditorCommandsTest, a_mistyped_name_leaves_the_rows_that_were_edited) {
+TEST_F(frmEditLbgTest, a_mistyped_name_leaves_the_rows_that_were_edited) {
   Commands().EditValue(1, "7");
   Editor.CsvFile = "/home/ham/none";
   Commands().cmdGetDataFromFile_Click();
   EXPECT_EQ(Value(1), "7");
 }
 
-TEST_F(EditorCommandsTest, inserts_and_deletes_at_the_current_row) {
+TEST_F(frmEditLbgTest, inserts_and_deletes_at_the_current_row) {
   Import("1,2,3");
   Editor.Row = 2;
   Commands().cmdInsert_Click();
@@ -120,7 +120,7 @@ TEST_F(EditorCommandsTest, inserts_and_deletes_at_the_current_row) {
   EXPECT_EQ(Editor.TimesShown, 4);
 }
 
-TEST_F(EditorCommandsTest, inserts_and_deletes_at_row_1_when_nothing_is_selected) {
+TEST_F(frmEditLbgTest, inserts_and_deletes_at_row_1_when_nothing_is_selected) {
   Import("1,2,3");
   Commands().cmdInsert_Click();
   EXPECT_EQ(Value(1) + Value(2), "01");
@@ -128,7 +128,7 @@ TEST_F(EditorCommandsTest, inserts_and_deletes_at_row_1_when_nothing_is_selected
   EXPECT_EQ(Value(1), "1");
 }
 
-TEST_F(EditorCommandsTest, clears_all_values) {
+TEST_F(frmEditLbgTest, clears_all_values) {
   Import("1,2,3");
   Commands().Command1_Click();
   EXPECT_EQ(Value(1), "0");
@@ -136,7 +136,7 @@ TEST_F(EditorCommandsTest, clears_all_values) {
   EXPECT_EQ(Editor.Status, "");
 }
 
-TEST_F(EditorCommandsTest, update_plots_the_values_and_they_can_be_saved) {
+TEST_F(frmEditLbgTest, update_plots_the_values_and_they_can_be_saved) {
   std::string text;
   for (int i = 0; i < 360; ++i) text += std::to_string(100 + i) + "\n";
   Import(text);
@@ -151,7 +151,7 @@ TEST_F(EditorCommandsTest, update_plots_the_values_and_they_can_be_saved) {
   EXPECT_TRUE(Files.Held.contains("/home/ham/new.lbg"));
 }
 
-TEST_F(EditorCommandsTest, an_update_ends_an_overlay) {
+TEST_F(frmEditLbgTest, an_update_ends_an_overlay) {
   HoldPair();
   ASSERT_TRUE(Pattern.Beneath());
   Commands().cmdGetDataFromPlot_Click();
@@ -159,7 +159,7 @@ TEST_F(EditorCommandsTest, an_update_ends_an_overlay) {
   EXPECT_FALSE(Pattern.Beneath());
 }
 
-TEST_F(EditorCommandsTest, after_the_first_update_of_a_fresh_window_original_brings_its_readings_back) {
+TEST_F(frmEditLbgTest, after_the_first_update_of_a_fresh_window_original_brings_its_readings_back) {
   std::string text;
   for (int i = 0; i < 360; ++i) text += std::to_string(100 + i) + "\n";
   Import(text);
@@ -172,7 +172,7 @@ TEST_F(EditorCommandsTest, after_the_first_update_of_a_fresh_window_original_bri
   EXPECT_NE(Files.Held["/home/ham/new.lbg"].find("\r\n459\r\n"), std::string::npos);
 }
 
-TEST_F(EditorCommandsTest, an_update_without_any_level_is_refused_and_original_still_works) {
+TEST_F(frmEditLbgTest, an_update_without_any_level_is_refused_and_original_still_works) {
   HoldBeam();
   const std::string before = WritePatternText(Record(), "");
   Commands().cmdUpdate_Click();  // the grid is empty
@@ -185,7 +185,7 @@ TEST_F(EditorCommandsTest, an_update_without_any_level_is_refused_and_original_s
   EXPECT_EQ(Record().Readings(0), 900.F);
 }
 
-TEST_F(EditorCommandsTest, update_with_an_empty_value_opens_no_box_and_changes_nothing) {
+TEST_F(frmEditLbgTest, update_with_an_empty_value_opens_no_box_and_changes_nothing) {
   HoldBeam();
   const ReadingArray before = Record().Readings;
   Commands().EditValue(5, "");
@@ -196,7 +196,7 @@ TEST_F(EditorCommandsTest, update_with_an_empty_value_opens_no_box_and_changes_n
   EXPECT_EQ(Editor.Status, "Row 5 is empty: the plot stays as it is");
 }
 
-TEST_F(EditorCommandsTest, a_value_that_is_no_number_is_an_error_that_names_and_selects_its_row) {
+TEST_F(frmEditLbgTest, a_value_that_is_no_number_is_an_error_that_names_and_selects_its_row) {
   HoldBeam();
   const ReadingArray before = Record().Readings;
   Commands().EditValue(12, "abc");
@@ -213,7 +213,7 @@ TEST_F(EditorCommandsTest, a_value_that_is_no_number_is_an_error_that_names_and_
   EXPECT_EQ(Grids(), 0);
 }
 
-TEST_F(EditorCommandsTest, a_value_below_0_is_named_with_its_row_before_the_fault_of_the_drawing) {
+TEST_F(frmEditLbgTest, a_value_below_0_is_named_with_its_row_before_the_fault_of_the_drawing) {
   HoldBeam();
   Commands().cmdGetDataFromPlot_Click();
   Commands().EditValue(7, "-1");
@@ -225,7 +225,7 @@ TEST_F(EditorCommandsTest, a_value_below_0_is_named_with_its_row_before_the_faul
                                "line [0-9]+ of procedure ReDraw of Form Form1")));
 }
 
-TEST_F(EditorCommandsTest, pasted_values_are_counted) {
+TEST_F(frmEditLbgTest, pasted_values_are_counted) {
   Commands().Paste(1, EditorColumn::Value, "1\n2\n3\n");
   EXPECT_EQ(Posn(3), "240.00");
   EXPECT_EQ(Editor.Status, "3 values pasted");
@@ -233,7 +233,7 @@ TEST_F(EditorCommandsTest, pasted_values_are_counted) {
   EXPECT_EQ(Value(1) + Value(2) + Value(3), "003");
 }
 
-TEST_F(EditorCommandsTest, a_run_switches_update_and_import_off_and_on_again) {
+TEST_F(frmEditLbgTest, a_run_switches_update_and_import_off_and_on_again) {
   Import("1,2,3");
   bool seen = false;
   OnYield = [&] {

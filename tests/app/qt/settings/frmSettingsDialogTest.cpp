@@ -1,4 +1,4 @@
-#include "app/qt/settings/frmSettings.h"
+#include "app/qt/settings/frmSettingsDialog.h"
 
 #include <gmock/gmock.h>
 
@@ -20,15 +20,15 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
 /// The dialog on an invisible screen, used with keys and clicks. Its messages are answered by a double.
-class frmSettingsTest : public ::testing::Test, protected AppFixture {
+class frmSettingsDialogTest : public ::testing::Test, protected AppFixture {
  protected:
   QtDialogs boxes_;
-  std::unique_ptr<frmSettings> dialog_;
+  std::unique_ptr<frmSettingsDialog> dialog_;
 
-  frmSettingsTest() {
+  frmSettingsDialogTest() {
     Start();
     Form.Settings().Form_Load();
-    dialog_ = std::make_unique<frmSettings>(Form.Settings(), boxes_, "The notice", nullptr);
+    dialog_ = std::make_unique<frmSettingsDialog>(Form.Settings(), boxes_, "The notice", nullptr);
     dialog_->show();
     EXPECT_TRUE(QTest::qWaitForWindowActive(dialog_.get()));
     Forget();
@@ -59,7 +59,7 @@ class frmSettingsTest : public ::testing::Test, protected AppFixture {
   QColor ColourOf(const char* name) { return QColor(Find<QPushButton>(name).grab().toImage().pixel(20, 10)); }
 };
 
-TEST_F(frmSettingsTest, EveryCaptionIsExact) {
+TEST_F(frmSettingsDialogTest, EveryCaptionIsExact) {
   EXPECT_EQ(dialog_->windowTitle(), "Lobegraph Settings");
   std::vector<std::string> groups;
   for (const auto* group : dialog_->findChildren<QGroupBox*>())
@@ -89,7 +89,7 @@ TEST_F(frmSettingsTest, EveryCaptionIsExact) {
   EXPECT_EQ(Find<QLabel>("lblNotice").text(), "The notice");
 }
 
-TEST_F(frmSettingsTest, TheBoxesAreFilled) {
+TEST_F(frmSettingsDialogTest, TheBoxesAreFilled) {
   EXPECT_EQ(TextOf("txtDetectStartLevel"), "7");
   EXPECT_EQ(TextOf("txtStartupDelay"), "0.25");
   EXPECT_EQ(TextOf("txtDetectStopLevel"), "7");
@@ -99,18 +99,18 @@ TEST_F(frmSettingsTest, TheBoxesAreFilled) {
   EXPECT_EQ(TextOf("txtSpikeDetectLevel"), "50");
 }
 
-TEST_F(frmSettingsTest, ThePeakLevelTellsWhatItMeansForMeters) {
+TEST_F(frmSettingsDialogTest, ThePeakLevelTellsWhatItMeansForMeters) {
   EXPECT_TRUE(Box("txtPeakInputLevel").toolTip().contains("1000"));
   EXPECT_TRUE(Box("txtPeakInputLevel").toolTip().contains("eters"));
 }
 
-TEST_F(frmSettingsTest, EveryWidgetSaysWhatItIsToAScreenReader) {
+TEST_F(frmSettingsDialogTest, EveryWidgetSaysWhatItIsToAScreenReader) {
   for (const auto* box : dialog_->findChildren<QLineEdit*>()) EXPECT_FALSE(box->accessibleName().isEmpty());
   for (const auto* button : dialog_->findChildren<QPushButton*>())
     EXPECT_FALSE(button->text().isEmpty() && button->accessibleName().isEmpty());
 }
 
-TEST_F(frmSettingsTest, TabGoesThroughTheGroupsOneAfterTheOther) {
+TEST_F(frmSettingsDialogTest, TabGoesThroughTheGroupsOneAfterTheOther) {
   std::vector<std::string> stops{Focus()};
   for (int i = 0; i < 19; ++i) {
     Key(Qt::Key_Tab);
@@ -124,7 +124,7 @@ TEST_F(frmSettingsTest, TabGoesThroughTheGroupsOneAfterTheOther) {
                                  "cmdPlotBackground", "cmdDefault", "cmdTextOnOff", "cmdOK", "cmdCancel"));
 }
 
-TEST_F(frmSettingsTest, TheFramesShareTheirColumns) {
+TEST_F(frmSettingsDialogTest, TheFramesShareTheirColumns) {
   const auto left = [&](const QWidget& widget) { return widget.mapTo(dialog_.get(), QPoint(0, 0)).x(); };
   const QWidget& overlay = Find<QWidget>("cmdPlotUserOverlayColour");
   for (const SettingsBoxRow& row : SettingsBoxes()) {
@@ -140,7 +140,7 @@ TEST_F(frmSettingsTest, TheFramesShareTheirColumns) {
   }
 }
 
-TEST_F(frmSettingsTest, NothingIsCut) {
+TEST_F(frmSettingsDialogTest, NothingIsCut) {
   for (const auto* label : dialog_->findChildren<QLabel*>()) {
     const int width = label->width();
     EXPECT_GE(label->height(), label->heightForWidth(width)) << label->text().toStdString();
@@ -152,9 +152,9 @@ TEST_F(frmSettingsTest, NothingIsCut) {
     EXPECT_GE(button->width(), button->sizeHint().width()) << button->objectName().toStdString();
 }
 
-TEST_F(frmSettingsTest, IsNoTallerThanTheMainWindow) { EXPECT_LE(dialog_->height(), kSurfaceHeight); }
+TEST_F(frmSettingsDialogTest, IsNoTallerThanTheMainWindow) { EXPECT_LE(dialog_->height(), kSurfaceHeight); }
 
-TEST_F(frmSettingsTest, EnterIsInertInEveryBoxAndOnEveryButton) {
+TEST_F(frmSettingsDialogTest, EnterIsInertInEveryBoxAndOnEveryButton) {
   Type("txtDetectStartLevel", "99");
   for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
     for (const SettingsBoxRow& row : SettingsBoxes()) QTest::keyClick(&Box(row.Name.data()), key);
@@ -165,7 +165,7 @@ TEST_F(frmSettingsTest, EnterIsInertInEveryBoxAndOnEveryButton) {
   EXPECT_THAT(Log, IsEmpty());
 }
 
-TEST_F(frmSettingsTest, ARefusedBoxKeepsTheFocusAfterItsMessage) {
+TEST_F(frmSettingsDialogTest, ARefusedBoxKeepsTheFocusAfterItsMessage) {
   Type("txtDetectStartLevel", "41");
   Key(Qt::Key_Tab);
   EXPECT_THAT(Dialogs.Texts(), ElementsAre("LBG024 Detect Start Level must be in the range 1 to 40"));
@@ -176,7 +176,7 @@ TEST_F(frmSettingsTest, ARefusedBoxKeepsTheFocusAfterItsMessage) {
   EXPECT_EQ(Dialogs.Messages.size(), 1U);
 }
 
-TEST_F(frmSettingsTest, AClickIntoAnotherBoxIsRefusedAsWell) {
+TEST_F(frmSettingsDialogTest, AClickIntoAnotherBoxIsRefusedAsWell) {
   Type("txtStartupDelay", "2");
   QTest::mouseClick(&Box("txtSpikeDetectLevel"), Qt::LeftButton);
   QApplication::processEvents();
@@ -184,7 +184,7 @@ TEST_F(frmSettingsTest, AClickIntoAnotherBoxIsRefusedAsWell) {
   EXPECT_EQ(Focus(), "txtStartupDelay");
 }
 
-TEST_F(frmSettingsTest, TwoBadBoxesDoNotFightForTheFocus) {
+TEST_F(frmSettingsDialogTest, TwoBadBoxesDoNotFightForTheFocus) {
   Box("txtSpikeDetectLevel").setText("5");
   Type("txtStartupDelay", "2");
   QTest::mouseClick(&Box("txtSpikeDetectLevel"), Qt::LeftButton);
@@ -193,7 +193,7 @@ TEST_F(frmSettingsTest, TwoBadBoxesDoNotFightForTheFocus) {
   EXPECT_EQ(Focus(), "txtStartupDelay");
 }
 
-TEST_F(frmSettingsTest, OkMeetsTheBoxThatHasTheFocus) {
+TEST_F(frmSettingsDialogTest, OkMeetsTheBoxThatHasTheFocus) {
   Type("txtMaxRotationTime", "21");
   Click("cmdOK");
   EXPECT_THAT(Dialogs.Texts(), ElementsAre("LBG027 Maximum rotation time must be in the range 2 to 20"));
@@ -208,7 +208,7 @@ TEST_F(frmSettingsTest, OkMeetsTheBoxThatHasTheFocus) {
   EXPECT_EQ(View.Of(Control::Slider2).Maximum, 1200);
 }
 
-TEST_F(frmSettingsTest, OkSavesWhatTheBoxesHold) {
+TEST_F(frmSettingsDialogTest, OkSavesWhatTheBoxesHold) {
   Type("txtDetectStartLevel", "40.9");
   Type("txtStartupDelay", "0.5");
   Click("cmdOK");
@@ -217,14 +217,14 @@ TEST_F(frmSettingsTest, OkSavesWhatTheBoxesHold) {
   EXPECT_EQ(Store.Held("StartupDelay"), "0.5");
 }
 
-TEST_F(frmSettingsTest, EscapeAndTheCloseBoxAndCancelValidateNothingAndTakeAllBack) {
+TEST_F(frmSettingsDialogTest, EscapeAndTheCloseBoxAndCancelValidateNothingAndTakeAllBack) {
   const std::function<void()> ways[] = {[this] { Key(Qt::Key_Escape); }, [this] { dialog_->close(); },
                                         [this] { Click("cmdCancel"); }};
   for (const auto& leave : ways) {
     dialog_.reset();
     Form.Settings().Closed();
     Form.Settings().Form_Load();
-    dialog_ = std::make_unique<frmSettings>(Form.Settings(), boxes_, "", nullptr);
+    dialog_ = std::make_unique<frmSettingsDialog>(Form.Settings(), boxes_, "", nullptr);
     dialog_->show();
     ASSERT_TRUE(QTest::qWaitForWindowActive(dialog_.get()));
     Click("cmdDefault");
@@ -243,7 +243,7 @@ TEST_F(frmSettingsTest, EscapeAndTheCloseBoxAndCancelValidateNothingAndTakeAllBa
   }
 }
 
-TEST_F(frmSettingsTest, DefaultButtonsFillTheirBoxes) {
+TEST_F(frmSettingsDialogTest, DefaultButtonsFillTheirBoxes) {
   for (const SettingsBoxRow& row : SettingsBoxes()) Box(row.Name.data()).setText("11");
   Box("txtDetectStartLevel").setFocus();
   Click("cmdSetDefaultValues");
@@ -253,7 +253,7 @@ TEST_F(frmSettingsTest, DefaultButtonsFillTheirBoxes) {
     EXPECT_EQ(TextOf(row.Name.data()), row.Default) << row.Name;
 }
 
-TEST_F(frmSettingsTest, AColourButtonShowsItsColourAndADefaultAtOnce) {
+TEST_F(frmSettingsDialogTest, AColourButtonShowsItsColourAndADefaultAtOnce) {
   EXPECT_EQ(ColourOf("cmdPlotUserColour"), QColor(0, 0, 128));
   EXPECT_EQ(ColourOf("cmdPlotUserOverlayColour"), QColor(255, 255, 0));
   EXPECT_EQ(ColourOf("cmdPlotLineColour"), QColor(128, 0, 0));
@@ -265,7 +265,7 @@ TEST_F(frmSettingsTest, AColourButtonShowsItsColourAndADefaultAtOnce) {
   EXPECT_EQ(ColourOf("cmdPlotLineColour"), QColor(255, 0, 0));
 }
 
-TEST_F(frmSettingsTest, AChosenColourIsTakenAndACancelledOneIsNot) {
+TEST_F(frmSettingsDialogTest, AChosenColourIsTakenAndACancelledOneIsNot) {
   const auto answer = [this](bool accept) {
     QTimer::singleShot(0, [accept] {
       auto* choice = qobject_cast<QColorDialog*>(QApplication::activeModalWidget());
@@ -284,14 +284,14 @@ TEST_F(frmSettingsTest, AChosenColourIsTakenAndACancelledOneIsNot) {
   EXPECT_TRUE(Logged("window background #010203"));
 }
 
-TEST_F(frmSettingsTest, TextOnOffActsAtOnce) {
+TEST_F(frmSettingsDialogTest, TextOnOffActsAtOnce) {
   Click("cmdTextOnOff");
   EXPECT_FALSE(Shared.PlotTextShown);
   Click("cmdTextOnOff");
   EXPECT_TRUE(Shared.PlotTextShown);
 }
 
-TEST_F(frmSettingsTest, ClosingAllInTheMiddleOfAColourEndsBoth) {
+TEST_F(frmSettingsDialogTest, ClosingAllInTheMiddleOfAColourEndsBoth) {
   dialog_->hide();
   QTimer::singleShot(0, [this] { Click("cmdPlotGridColour"); });
   QTimer::singleShot(50, [this] { boxes_.CloseAll(); });

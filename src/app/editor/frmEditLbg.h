@@ -12,9 +12,9 @@
 namespace lobegraph {
 
 /// The readings editor: fills its grid from the plot, from a file or by hand, and gives it back to the plot.
-class EditorCommands {
+class frmEditLbg {
  public:
-  EditorCommands(const AppParts& parts, PatternDisplay& display) : parts_(parts), display_(display) {}
+  frmEditLbg(const AppParts& parts, PatternDisplay& display) : parts_(parts), display_(display) {}
 
   /// Ticked: shows the editor, its grid empty. Cleared: unloads it.
   void chkEditor_Click();
