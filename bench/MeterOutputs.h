@@ -14,6 +14,8 @@ class MeterTerminal {
   MeterTerminal& operator=(const MeterTerminal&) = delete;
 
   const std::string& Path() const { return path_; }
+  /// An open handle of the end that programs open.
+  int Handle() const { return held_; }
   /// Sends what there is room for; a meter does not wait for its reader.
   void Send(const std::string& text) const;
   /// What the program has sent since the last call.

@@ -5,8 +5,6 @@
 #include <thread>
 #include <utility>
 
-#include "settings/SettingsTable.h"
-
 namespace lobegraph {
 namespace {
 
@@ -24,7 +22,8 @@ MeterPlayer::MeterPlayer(const BenchOptions& options, Turn& turn, std::ostream& 
     : options_(options), turn_(turn), output_(output), shown_(std::move(shown)), steps_(options.Turn) {}
 
 void MeterPlayer::Run() {
-  for (const int number : {SIGINT, SIGTERM}) static_cast<void>(std::signal(number, OnSignal));
+  for (const int number : {SIGINT, SIGTERM, SIGHUP}) static_cast<void>(std::signal(number, OnSignal));
+  static_cast<void>(std::signal(SIGPIPE, SIG_IGN));
   Begin();
   using Clock = std::chrono::steady_clock;
   const auto start = Clock::now();
@@ -50,8 +49,7 @@ void MeterPlayer::Begin() {
   if (options_.Kind == BenchKind::Rotator) return;
   terminal_.emplace();
   output_ << "meter on " << terminal_->Path() << std::endl;
-  if (!options_.Com) return;
-  store_.Save(kLobegraphApplication, "Ports", "COM" + std::to_string(*options_.Com), terminal_->Path());
+  if (options_.Com) com_.emplace(store_, *options_.Com, terminal_->Handle());
 }
 
 void MeterPlayer::Play(double seconds) {

@@ -4,6 +4,7 @@
 #include <optional>
 #include <ostream>
 
+#include "bench/ComLink.h"
 #include "bench/MeterOutputs.h"
 #include "bench/Options.h"
 #include "settings/FileSettingsStore.h"
@@ -12,7 +13,7 @@
 namespace lobegraph {
 
 /// Is a meter while the antenna turns, in real time, until the turns are over or the process is asked to end
-/// (SIGINT, SIGTERM).
+/// (SIGINT, SIGTERM, SIGHUP); one who no longer reads what it prints ends nothing.
 class MeterPlayer {
  public:
   /// @param shown called with each moment played
@@ -31,6 +32,7 @@ class MeterPlayer {
   SteppedTurn steps_;
   FileSettingsStore store_;
   std::optional<MeterTerminal> terminal_;
+  std::optional<ComLink> com_;
   std::optional<PublishedReading> program_;
   std::optional<PulseOutput> pulses_;
 };

@@ -17,7 +17,10 @@ class TextStore final : public SettingsStore {
                   std::string_view fallback) override {
     return FindValue(text_, section, key).value_or(std::string(fallback));
   }
-  bool Save(std::string_view, std::string_view, std::string_view, std::string_view) override { return false; }
+  bool SaveAll(std::string_view, std::string_view, std::span<const SettingToSave>, Keeping) override {
+    return false;
+  }
+  std::optional<StoreChange> LastChange(std::string_view) override { return std::nullopt; }
   std::string Place(std::string_view) const override { return "a text"; }
 
  private:

@@ -10,6 +10,8 @@ namespace {
 
 constexpr std::chrono::milliseconds kRetry{500};
 constexpr std::chrono::seconds kShowEvery{1};
+constexpr int kMostRetractions = 20;
+constexpr std::chrono::milliseconds kBetweenRetractions{100};
 
 }  // namespace
 
@@ -36,7 +38,18 @@ void RadioMeter::Run() {
     }
     std::this_thread::sleep_for(rest);
   }
-  Say("ended; nothing is published any more");
+  End();
+}
+
+/// What was published must not outlive its program; whoever prints comes second.
+void RadioMeter::End() {
+  bool retracted = published_.Retract();
+  for (int again = 0; !retracted && again < kMostRetractions; ++again) {
+    std::this_thread::sleep_for(kBetweenRetractions);
+    retracted = published_.Retract();
+  }
+  Say(retracted ? "ended; nothing is published any more"
+                : "ended; the last value could not be taken back, its beat has stopped");
 }
 
 void RadioMeter::Step() {
@@ -55,10 +68,14 @@ void RadioMeter::Step() {
 
 void RadioMeter::Take(double reportedDb) {
   const double trueDb = calibration_.TrueDb(reportedDb);
-  lastProblem_.clear();
   if (!referenceDb_) return Look(trueDb);
   const std::string text = PublishedText(trueDb, *referenceDb_);
-  published_.Publish(text);
+  Publish(text, reportedDb, trueDb);
+}
+
+void RadioMeter::Publish(const std::string& text, double reportedDb, double trueDb) {
+  if (!published_.Publish(text)) return SayOnce("not published: the store cannot be written now");
+  lastProblem_.clear();
   if (Time::now() - lastShown_ < kShowEvery) return;
   lastShown_ = Time::now();
   Say("S9 " + FixedText(reportedDb, 0) + " dB (" + FixedText(kS9Dbm + trueDb, 0) + " dBm), published " +
@@ -66,6 +83,7 @@ void RadioMeter::Take(double reportedDb) {
 }
 
 void RadioMeter::Look(double trueDb) {
+  lastProblem_.clear();
   if (!strongestDb_) {
     lookedSince_ = Time::now();
     Say("turn the antenna once, slowly: looking for the strongest level for " +

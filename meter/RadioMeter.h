@@ -27,7 +27,8 @@ struct MeterOptions {
 };
 
 /// Publishes the strength that a radio's daemon reports. A daemon that goes and comes back is asked again; as
-/// long as there is no answer nothing counts as published.
+/// long as there is no answer nothing counts as published. What could not be published, or taken back, is
+/// said.
 class RadioMeter {
  public:
   /// @param ended asked at every step; a true answer ends Run
@@ -39,6 +40,8 @@ class RadioMeter {
   using Time = std::chrono::steady_clock;
   void Step();
   void Take(double reportedDb);
+  void Publish(const std::string& text, double reportedDb, double trueDb);
+  void End();
   void Look(double trueDb);
   void Say(const std::string& text);
   void SayOnce(const std::string& text);

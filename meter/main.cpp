@@ -28,6 +28,8 @@ int Run(int argc, char** argv) {
   std::cerr << commandLine.Complaint;
   if (!commandLine.Options) return commandLine.ExitCode;
   for (const int number : {SIGINT, SIGTERM, SIGHUP}) static_cast<void>(std::signal(number, OnSignal));
+  // One who no longer reads what it prints must not end it with the last value standing as if it were of now.
+  static_cast<void>(std::signal(SIGPIPE, SIG_IGN));
   FileSettingsStore store;
   RadioMeter(*commandLine.Options, CalibrationOf(commandLine.Options->CalibrationFile), store, std::cout, [] {
     return ended != 0;

@@ -1,8 +1,8 @@
 #include "settings/SettingsReader.h"
 
 #include <span>
+#include <utility>
 
-#include "data/base/RunTimeError.h"
 #include "settings/SettingsConversion.h"
 
 namespace lobegraph {
@@ -15,9 +15,7 @@ void ReadRow(SettingsStore& store, const SettingRow& row, SettingsValues& values
     // The slider takes these minutes in seconds: a number that does not fit it is a value that does not fit.
     if (row.Key == "MaxRotationTime") static_cast<void>(values.Slider2Maximum());
   } catch (const RunTimeError& error) {
-    throw RunTimeError(error.Number(), store.Place(kLobegraphApplication) + ": [" +
-                                           std::string(kSettingsSection) + "] " + std::string(row.Key) + "=" +
-                                           text);
+    throw BadSetting(error, store.Place(kLobegraphApplication), row, text);
   }
 }
 
@@ -34,6 +32,13 @@ constexpr SettingRow kDialogRows[] = {RowOf("PlotUserColour"),  RowOf("PlotUserO
                                       RowOf("MaxRotationTime")};
 
 }  // namespace
+
+BadSetting::BadSetting(const RunTimeError& fault, std::string place, const SettingRow& row, std::string text)
+    : RunTimeError(fault.Number(),
+                   place + ": [" + std::string(kSettingsSection) + "] " + std::string(row.Key) + "=" + text),
+      row_(&row),
+      place_(std::move(place)),
+      text_(std::move(text)) {}
 
 std::string ReadUsername(SettingsStore& store) {
   SettingsValues values;

@@ -78,6 +78,8 @@ struct PublishedKey {
 };
 inline constexpr PublishedKey kPublishedActive{"Active", "N"};    ///< "Y" while it runs and publishes
 inline constexpr PublishedKey kPublishedReading{"Reading", "1"};  ///< dBm, a number as text
+inline constexpr PublishedKey kPublishedBeat{"Beat",
+                                             ""};  ///< changes once a second while it lives; may be missing
 
 inline constexpr PublishedKey kPublishedCalibrated{"Calibrated",
                                                    "N"};  ///< "Y": a calibration was applied to it

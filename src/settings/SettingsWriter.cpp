@@ -1,6 +1,7 @@
 #include "settings/SettingsWriter.h"
 
 #include <span>
+#include <vector>
 
 #include "settings/SettingsConversion.h"
 
@@ -8,10 +9,9 @@ namespace lobegraph {
 namespace {
 
 bool SaveRows(SettingsStore& store, std::span<const SettingRow> rows, const SettingsValues& values) {
-  bool saved = true;
-  for (const SettingRow& row : rows)
-    saved &= store.Save(kLobegraphApplication, kSettingsSection, row.Key, SettingText(row, values));
-  return saved;
+  std::vector<SettingToSave> texts;
+  for (const SettingRow& row : rows) texts.push_back({std::string(row.Key), SettingText(row, values)});
+  return store.SaveAll(kLobegraphApplication, kSettingsSection, texts, Keeping::Durable);
 }
 
 constexpr SettingRow kMainWindowRows[] = {RowOf("Scale"),       RowOf("RotateTime"), RowOf("AutoStart"),

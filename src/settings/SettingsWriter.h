@@ -7,8 +7,7 @@
 
 namespace lobegraph {
 
-/// Each writer saves its own keys only, in a fixed order, and goes on past one that cannot be saved.
-/// @return false when one was not saved
+/// Each writer saves its own keys only, in a fixed order and in one step. @return false when that failed
 
 /// The main window at exit: sliders, check boxes, the two display flags.
 bool SaveMainWindowSettings(SettingsStore& store, const SettingsValues& values);

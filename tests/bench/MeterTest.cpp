@@ -1,9 +1,16 @@
 // The bench as a meter.
 #include "bench/Meter.h"
 
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <filesystem>
 #include <fstream>
 
+#include "bench/ComLink.h"
 #include "bench/MeterOutputs.h"
+#include "support/RecordingStore.h"
 #include "support/TemporaryFolder.h"
 
 namespace lobegraph {
@@ -66,6 +73,64 @@ TEST(BenchMeter, ATerminalThatNobodyReadsNeverBlocksAndKeepsOnlyTheNewest) {
   const MeterTerminal meter;
   for (int i = 0; i < 100000; ++i) meter.Send("\r400 ");
   SUCCEED();
+}
+
+/// What the number means now.
+std::string PathOf(RecordingStore& store) { return store.Get("Lobegraph", "Ports", "COM5", ""); }
+
+TEST(BenchComLink, LeadsToTheTerminalAndGivesTheNumberBack) {
+  for (const char* before : {"", "/dev/serial/by-id/my-meter"}) {
+    RecordingStore store;
+    store.Values["Lobegraph/Ports/COM5"] = before;
+    std::string link;
+    {
+      const MeterTerminal meter;
+      const ComLink com(store, 5, meter.Handle());
+      link = PathOf(store);
+      std::ifstream port(link);
+      meter.Send("400;");
+      std::string text(4, ' ');
+      port.read(text.data(), 4);
+      EXPECT_EQ(text, "400;");
+      EXPECT_EQ(std::filesystem::canonical(link), meter.Path());
+    }
+    EXPECT_EQ(PathOf(store), before);
+    EXPECT_FALSE(std::filesystem::is_symlink(link));
+    EXPECT_FALSE(std::filesystem::exists(std::filesystem::path(link).parent_path()));
+  }
+}
+
+TEST(BenchComLink, ANumberThatWasGivenAwayMeanwhileStaysSo) {
+  RecordingStore store;
+  {
+    const MeterTerminal meter;
+    const ComLink com(store, 5, meter.Handle());
+    store.Save("Lobegraph", "Ports", "COM5", "/dev/ttyUSB0");
+  }
+  EXPECT_EQ(PathOf(store), "/dev/ttyUSB0");
+}
+
+TEST(BenchComLink, OfAKilledBenchLeadsNowhere) {
+  RecordingStore store;
+  int ends[2];
+  ASSERT_EQ(pipe(ends), 0);
+  const pid_t child = fork();
+  if (child == 0) {
+    const MeterTerminal meter;
+    const ComLink com(store, 5, meter.Handle());
+    const std::string link = PathOf(store);
+    if (write(ends[1], link.data(), link.size()) < 0) _exit(1);
+    pause();
+  }
+  char text[4096];
+  const ssize_t length = read(ends[0], text, sizeof text);
+  ASSERT_GT(length, 0);
+  const std::string link(text, static_cast<std::size_t>(length));
+  EXPECT_TRUE(std::filesystem::exists(link));
+  kill(child, SIGKILL);
+  waitpid(child, nullptr, 0);
+  EXPECT_FALSE(std::filesystem::exists(link)) << "its terminal's number may be somebody else's by now";
+  std::filesystem::remove_all(std::filesystem::path(link).parent_path());
 }
 
 TEST(BenchMeter, PulsesIntoAFileAreLines) {

@@ -148,7 +148,11 @@ TEST(RadioMeter, ADaemonThatComesBackIsAskedAgain) {
     return rig.Reading() == "-15.00";
   });
   EXPECT_EQ(rig.Reading(), "-15.00");
-  EXPECT_THAT(rig.Store.Log, Contains("save GaugeBridge/Settings/Active=Y").Times(2));
+  const auto& log = rig.Store.Log;
+  const auto retracted = std::find(log.begin(), log.end(), "save GaugeBridge/Settings/Active=N");
+  EXPECT_THAT(std::vector<std::string>(log.begin(), retracted),
+              Contains("save GaugeBridge/Settings/Active=Y"));
+  EXPECT_THAT(std::vector<std::string>(retracted, log.end()), Contains("save GaugeBridge/Settings/Active=Y"));
 }
 
 TEST(RadioMeter, AnAnswerThatNeverComesIsGivenUpWithinTheLimit) {
@@ -167,6 +171,31 @@ TEST(RadioMeter, ARadioWithoutAStrengthIsSaidOnceAndRetracted) {
   EXPECT_THAT(shown, HasSubstr("does not tell its signal strength (RPRT -11)"));
   EXPECT_EQ(shown.find("does not tell"), shown.rfind("does not tell"));
   EXPECT_THAT(rig.Store.Log, Not(Contains("save GaugeBridge/Settings/Active=Y")));
+}
+
+TEST(RadioMeter, WhatCouldNotBePublishedIsNotSaidToBe) {
+  Daemon daemon([] { return "25\n"; });
+  Rig rig(daemon.Port);
+  rig.Store.FailsToSave = true;
+  rig.Run([&] {
+    if (daemon.Asked >= 5) rig.Store.FailsToSave = false;  // there is room again at the end
+    return daemon.Asked >= 5;
+  });
+  EXPECT_EQ(rig.Shown.str().find("published -20"), std::string::npos) << rig.Shown.str();
+  EXPECT_THAT(rig.Shown.str(), HasSubstr("not published: the store cannot be written now"));
+}
+
+TEST(RadioMeter, ARetractionIsTriedAgainBeforeTheEndIsSaid) {
+  Daemon daemon([] { return "25\n"; });
+  Rig rig(daemon.Port);
+  rig.Store.FailsFor = 0;
+  rig.Run([&] {
+    if (daemon.Asked < 5) return false;
+    rig.Store.FailsFor = 3;
+    return true;
+  });
+  EXPECT_EQ(rig.Active(), "N");
+  EXPECT_THAT(rig.Shown.str(), HasSubstr("ended; nothing is published any more"));
 }
 
 TEST(RadioMeter, NobodyThereIsSaidAndTriedAgain) {

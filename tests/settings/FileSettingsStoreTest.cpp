@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include <array>
+#include <cstdlib>
 #include <fstream>
 
 #include "data/base/RunTimeError.h"
@@ -157,12 +159,96 @@ TEST_F(FileSettingsStoreTest, AFileThatIsFarTooLargeIsLeftAlone) {
   EXPECT_EQ(ReadFile(Path()).size(), large.size());
 }
 
-TEST_F(FileSettingsStoreTest, ALockThatIsNeverFreedDoesNotHoldTheWindowForEver) {
+TEST_F(FileSettingsStoreTest, ReadingNeedsNoLock) {
   const FileLock other(Path() + ".lock", milliseconds(0));
   ASSERT_TRUE(other.Held());
-  FileSettingsStore impatient(folder_.Path().string(), milliseconds(5));
-  EXPECT_FALSE(impatient.Save("Lobegraph", "Settings", "Scale", "35"));
-  EXPECT_EQ(impatient.Get("Lobegraph", "Settings", "Scale", "1"), "1") << "reading needs no lock";
+  Write("[Settings]\nScale=1\n");
+  EXPECT_EQ(Get("Scale"), "1");
+}
+
+TEST_F(FileSettingsStoreTest, WhileSomebodyHoldsTheLockAllSavesTogetherWaitOnce) {
+  const FileLock other(Path() + ".lock", milliseconds(0));
+  FileSettingsStore store(folder_.Path().string(), milliseconds(300));
+  const auto started = std::chrono::steady_clock::now();
+  for (int key = 0; key < 50; ++key)
+    EXPECT_FALSE(store.Save("Lobegraph", "Settings", "Key" + std::to_string(key), "1"));
+  const auto waited = std::chrono::steady_clock::now() - started;
+  EXPECT_GE(waited, milliseconds(300));
+  EXPECT_LT(waited, milliseconds(3000)) << "fifty would be 15 s";
+}
+
+TEST_F(FileSettingsStoreTest, WhatCouldNotBeSavedIsReadHereAndSavedLater) {
+  Write("[Settings]\nScale=1\nTrigger=0\n");
+  FileSettingsStore store(folder_.Path().string(), milliseconds(5));
+  std::optional<FileLock> other;
+  other.emplace(Path() + ".lock", milliseconds(0));
+  EXPECT_FALSE(store.Save("Lobegraph", "Settings", "Scale", "35"));
+  EXPECT_FALSE(store.Save("Lobegraph", "Settings", "Scale", "36"));
+  EXPECT_EQ(store.Get("Lobegraph", "Settings", "Scale", "none"), "36");
+  EXPECT_EQ(store.Get("Lobegraph", "Ports", "Scale", "none"), "none");
+  EXPECT_EQ(Get("Scale"), "1") << "and nobody else reads it";
+  EXPECT_TRUE(store.SomethingWaits());
+  EXPECT_FALSE(store.SaveWaiting());
+  other.reset();
+  EXPECT_TRUE(store.SaveWaiting());
+  EXPECT_FALSE(store.SomethingWaits());
+  EXPECT_EQ(ReadFile(Path()), "[Settings]\nScale=36\nTrigger=0\n");
+}
+
+TEST_F(FileSettingsStoreTest, WhatWaitsGoesWithTheNextSave) {
+  FileSettingsStore store(folder_.Path().string(), milliseconds(5));
+  {
+    const FileLock other(Path() + ".lock", milliseconds(0));
+    EXPECT_FALSE(store.Save("Lobegraph", "Settings", "Scale", "35"));
+  }
+  EXPECT_TRUE(store.Save("Lobegraph", "Settings", "Trigger", "1"));
+  EXPECT_EQ(ReadFile(Path()), "[Settings]\nScale=35\nTrigger=1\n");
+  EXPECT_FALSE(store.SomethingWaits());
+}
+
+TEST_F(FileSettingsStoreTest, WhatIsFleetingIsNeitherWaitedForNorTriedAgain) {
+  const SettingToSave value{"Reading", "-30"};
+  FileSettingsStore store(folder_.Path().string(), milliseconds(60'000));
+  {
+    const FileLock other(Path("GaugeBridge") + ".lock", milliseconds(0));
+    EXPECT_FALSE(store.SaveAll("GaugeBridge", "Settings", {&value, 1}, Keeping::Fleeting));
+  }
+  EXPECT_FALSE(store.SomethingWaits());
+  EXPECT_EQ(store.Get("GaugeBridge", "Settings", "Reading", "none"), "none");
+  EXPECT_TRUE(store.SaveAll("GaugeBridge", "Settings", {&value, 1}, Keeping::Fleeting));
+  EXPECT_EQ(store.Get("GaugeBridge", "Settings", "Reading", "none"), "-30");
+}
+
+TEST_F(FileSettingsStoreTest, SeveralValuesAreSavedInOneStep) {
+  const std::array<SettingToSave, 2> values = {{{"Reading", "-30"}, {"Active", "Y"}}};
+  EXPECT_TRUE(store_.SaveAll("GaugeBridge", "Settings", values, Keeping::Durable));
+  EXPECT_EQ(ReadFile(Path("GaugeBridge")), "[Settings]\nReading=-30\nActive=Y\n");
+  const std::array<SettingToSave, 2> bad = {{{"Reading", "-40"}, {"a=b", "Y"}}};
+  EXPECT_FALSE(store_.SaveAll("GaugeBridge", "Settings", bad, Keeping::Durable));
+  EXPECT_EQ(store_.Get("GaugeBridge", "Settings", "Reading", ""), "-30") << "not even the good one";
+}
+
+TEST_F(FileSettingsStoreTest, AFileWrittenAnewIsAChangeThoughItSaysTheSame) {
+  EXPECT_EQ(store_.LastChange("GaugeBridge"), std::nullopt);
+  Write("[Settings]\nReading=-30\n", "GaugeBridge");
+  const auto first = store_.LastChange("GaugeBridge");
+  ASSERT_TRUE(first);
+  EXPECT_LT(std::abs(first->Age.count()), 5000);
+  EXPECT_EQ(store_.LastChange("GaugeBridge")->Stamp, first->Stamp);
+  fs::last_write_time(Path("GaugeBridge"), fs::file_time_type::clock::now() - std::chrono::hours(24));
+  const auto second = store_.LastChange("GaugeBridge");
+  EXPECT_NE(second->Stamp, first->Stamp);
+  EXPECT_NEAR(static_cast<double>(second->Age.count()), 86'400'000, 5000);
+}
+
+TEST_F(FileSettingsStoreTest, WhatCannotBeReadWholeIsNoChange) {
+  Write("[Settings]\nReading=-30\n", "GaugeBridge");
+  const auto whole = store_.LastChange("GaugeBridge");
+  Write("[Settings]\nReading=-4", "GaugeBridge");
+  EXPECT_EQ(store_.LastChange("GaugeBridge")->Stamp, whole->Stamp);
+  fs::remove(Path("GaugeBridge"));
+  fs::create_directory(Path("GaugeBridge"));
+  EXPECT_EQ(store_.LastChange("GaugeBridge")->Stamp, whole->Stamp);
 }
 
 TEST_F(FileSettingsStoreTest, StartUpNamesTheFileOfAValueThatIsNoBoolean) {

@@ -177,10 +177,10 @@ class AppStore final : public RecordingStore {
     log_.push_back(Log.back());
     return value;
   }
-  bool Save(std::string_view application, std::string_view section, std::string_view key,
-            std::string_view text) override {
-    const bool saved = RecordingStore::Save(application, section, key, text);
-    log_.push_back(Log.back());
+  bool SaveAll(std::string_view application, std::string_view section, std::span<const SettingToSave> values,
+               Keeping keeping) override {
+    const bool saved = RecordingStore::SaveAll(application, section, values, keeping);
+    log_.insert(log_.end(), Log.end() - static_cast<std::ptrdiff_t>(values.size()), Log.end());
     return saved;
   }
 

@@ -21,14 +21,20 @@ class RecordingStore : public SettingsStore {
     return found == Values.end() ? std::string(fallback) : found->second;
   }
 
-  bool Save(std::string_view application, std::string_view section, std::string_view key,
-            std::string_view text) override {
-    const std::string name = NameOf(application, section, key);
-    Log.push_back("save " + name + "=" + std::string(text));
-    if (FailsToSave) return false;
-    Values[name] = text;
-    return true;
+  bool SaveAll(std::string_view application, std::string_view section, std::span<const SettingToSave> values,
+               Keeping keeping) override {
+    LastKeeping = keeping;
+    const bool fails = FailsToSave || FailsFor > 0;
+    if (FailsFor > 0) --FailsFor;
+    for (const auto& [key, text] : values) {
+      const std::string name = NameOf(application, section, key);
+      Log.push_back("save " + name + "=" + text);
+      if (!fails) Values[name] = text;
+    }
+    return !fails;
   }
+
+  std::optional<StoreChange> LastChange(std::string_view) override { return Change; }
 
   std::string Place(std::string_view application) const override {
     return "memory of " + std::string(application);
@@ -51,6 +57,9 @@ class RecordingStore : public SettingsStore {
   /// By key; "<application>/<section>/<key>" outside this program's own settings.
   std::map<std::string, std::string> Values;
   bool FailsToSave = false;
+  int FailsFor = 0;  ///< so many saves
+  Keeping LastKeeping = Keeping::Durable;
+  std::optional<StoreChange> Change;  ///< of every application
 
  private:
   static std::string NameOf(std::string_view application, std::string_view section, std::string_view key) {

@@ -41,9 +41,9 @@ class TemporaryFile {
     }
   }
 
-  void KeepAs(const std::string& target, mode_t mode) {
+  void KeepAs(const std::string& target, mode_t mode, Flush flush) {
     fchmod(handle_, mode);
-    if (fsync(handle_) != 0 && errno != EINVAL) Fail(errno, target);
+    if (flush == Flush::Yes && fsync(handle_) != 0 && errno != EINVAL) Fail(errno, target);
     const int closed = close(handle_);
     handle_ = -1;
     if (closed != 0 || rename(name_.c_str(), target.c_str()) != 0) Fail(errno, target);
@@ -77,12 +77,12 @@ mode_t ModeFor(const std::string& target) {
 
 }  // namespace
 
-void ReplaceFile(const std::string& path, std::string_view bytes) {
+void ReplaceFile(const std::string& path, std::string_view bytes, Flush flush) {
   const std::string target = Target(path);
   const mode_t mode = ModeFor(target);
   TemporaryFile temporary(target);
   temporary.Write(bytes);
-  temporary.KeepAs(target, mode);
+  temporary.KeepAs(target, mode, flush);
 }
 
 int FaultOfErrno(int errorNumber) {
