@@ -1,5 +1,7 @@
 """The settings dialog, used as a person uses it: keys, mouse, and every way in and out."""
+import fcntl
 import subprocess
+import time
 
 import from_outside
 from from_outside import read_settings, wait_for
@@ -102,6 +104,33 @@ class SettingsDialog(from_outside.FromOutside):
             wait_for("the colours to come back", 5, lambda: self.background() == "FFFFFF")
         self.assertEqual(self.stage.settings.read_text(), before)
         self.leave(program)
+
+    def test_settings_that_another_program_holds_are_told_and_saved_later(self):
+        program = self.open_window(MaxRotationTime=5)
+        lock = open(self.stage.settings.with_name("Lobegraph.conf.lock"), "w", encoding="utf-8")
+        fcntl.flock(lock, fcntl.LOCK_EX)
+        box = self.open_dialog(program)
+        program.press("Set default values of rotation and spikes", within=box)
+        pressed = time.monotonic()
+        program.press("OK", within=box)
+        self.wait_closed(program)
+        self.assertLess(time.monotonic() - pressed, 3)
+        wait_for("the line", 10, lambda: program.label("What to do next").startswith("The settings are not saved yet: "))
+        self.assertEqual(self.slowest_turn(program), 120, "they hold all the same")
+        lock.close()
+        wait_for("the line", 10, lambda: program.label("What to do next") == "The settings are saved now.")
+        self.assertEqual(read_settings(self.stage.settings)["MaxRotationTime"], "2")
+        self.leave(program)
+
+    def test_a_program_that_is_to_end_does_not_wait_for_settings_that_another_holds(self):
+        program = self.open_window()
+        with open(self.stage.settings.with_name("Lobegraph.conf.lock"), "w", encoding="utf-8") as lock:
+            fcntl.flock(lock, fcntl.LOCK_EX)
+            asked = time.monotonic()
+            program.process.terminate()
+            self.assertEqual(program.process.wait(10), 0)
+            self.assertLess(time.monotonic() - asked, 2)
+        self.assertIn("not saved", self.log.read_text())
 
     def double_click(self):
         self.click(250, 300, "--repeat", "2", "--delay", "60", "1")

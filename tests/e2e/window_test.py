@@ -118,19 +118,43 @@ class InTheMiddleOfARun(from_outside.FromOutside):
 class DamagedSettings(from_outside.FromOutside):
     sound = False
 
-    def test_one_message_ends_it_and_standard_error_says_where_to_mend(self):
+    def answer(self, program, answer):
+        """The message, closed with OK; then the offer of the default, answered."""
+        def offer():
+            box = program.open_box("Lobegraph")
+            return box if box and "Use the default" in " ".join(program.words(box)) else None
+
+        box = program.box("Lobegraph")
+        words = " ".join(program.words(box)).strip()
+        program.press("OK", within=box)
+        box = wait_for("the offer", 10, offer)
+        offered = " ".join(program.words(box))
+        program.press(answer, within=box)
+        return words, offered
+
+    def test_a_declined_default_ends_it_and_standard_error_says_where_to_mend(self):
         for key, value, error in (("LinearMode", "perhaps", "Error 13 (Type mismatch) in line "),
                                   ("SpikeDetectLevel", "99999", "Error 6 (Overflow) in line ")):
             with self.subTest(key):
                 self.keep_settings(**{key: value})
                 program = outside.Program(self.begin())
-                words = self.close_box(program).strip()
+                words, offered = self.answer(program, "No")
                 self.assertTrue(words.startswith(error), words)
                 self.assertTrue(words.endswith(" of procedure Form_Load of Form Form1"), words)
                 self.assertEqual(program.process.wait(10), 1)
                 said = self.log.read_text()
                 for part in (key, value, str(self.stage.settings)):
                     self.assertIn(part, said)
+                    self.assertIn(part, offered)
+
+    def test_an_accepted_default_is_stored_and_the_program_starts(self):
+        self.keep_settings(Commport="70000")
+        program = outside.Program(self.begin())
+        self.answer(program, "Yes")
+        program.find("Collect Data")
+        wait_for("the default", 10, lambda: read_settings(self.stage.settings)["Commport"] == "0")
+        program.learn()
+        self.leave(program)
 
 
 class AModuleThatDoesNotClose(from_outside.FromOutside):

@@ -13,6 +13,12 @@ std::string Trimmed(const std::string& text) {
   return first == std::string::npos ? "" : text.substr(first, text.find_last_not_of(' ') - first + 1);
 }
 
+std::string DefaultOffer(const BadSetting& bad) {
+  const SettingRow& row = bad.Row();
+  return bad.Place() + "\r\nsays " + std::string(row.Key) + "=" + bad.Text() +
+         ", which cannot be used.\r\n\r\nUse the default, " + std::string(row.Default) + ", instead?";
+}
+
 }  // namespace
 
 void ShellCommands::Form_Load() {
@@ -20,12 +26,31 @@ void ShellCommands::Form_Load() {
   const bool loaded = Guarded(parts_.Dialogs, "Form_Load", [&] {
     SetIdentity();
     AskCallSign();
-    ReadAndApplySettings();
+    if (!LoadSettings()) return;
     OpenInputDevice();
     parts_.Shared.Run.InputReady = true;
     parts_.Shared.Loading = false;
   });
-  if (!loaded) parts_.End.EndAtOnce();
+  if (!loaded || parts_.Shared.Loading) parts_.End.EndAtOnce();
+}
+
+/// A value that cannot be used would keep the user out for ever, so its key's default is offered.
+bool ShellCommands::LoadSettings() {
+  while (true) {
+    try {
+      ReadAndApplySettings();
+      return true;
+    } catch (const BadSetting& bad) {
+      ReportFault(parts_.Dialogs, bad, "Form_Load");
+      if (!parts_.Dialogs.AskYesNo(DefaultOffer(bad)) || !TakeDefault(bad)) return false;
+    }
+  }
+}
+
+bool ShellCommands::TakeDefault(const BadSetting& bad) {
+  const SettingRow& row = bad.Row();
+  store_.Save(kLobegraphApplication, kSettingsSection, row.Key, row.Default);
+  return store_.Get(kLobegraphApplication, kSettingsSection, row.Key, row.Default) == row.Default;
 }
 
 void ShellCommands::SetIdentity() { parts_.Shared.NoticeText = "No warranty. Figures are estimates."; }
@@ -76,6 +101,7 @@ void ShellCommands::Form_QueryUnload() {
 }
 
 bool ShellCommands::Form_Unload() {
+  parts_.Shared.Run.CloseRequested = true;
   if (!devices_.CloseUsbModule()) return false;
   SaveOwnSettings();
   devices_.ClosePorts();

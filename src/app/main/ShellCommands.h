@@ -5,7 +5,7 @@
 #include "acquisition/sound/frmDX_Record.h"
 #include "app/parts/AppParts.h"
 #include "app/plot/PatternDisplay.h"
-#include "settings/SettingsStore.h"
+#include "settings/SettingsReader.h"
 
 namespace lobegraph {
 
@@ -41,6 +41,8 @@ class ShellCommands {
  private:
   void SetIdentity();
   void AskCallSign();
+  bool LoadSettings();
+  bool TakeDefault(const BadSetting& bad);
   void ReadAndApplySettings();
   void OpenInputDevice();
   void SaveOwnSettings();

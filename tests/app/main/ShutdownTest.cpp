@@ -36,6 +36,11 @@ TEST_F(ShutdownTest, UnloadsInItsOrder) {
                                "save ShowLogScale=False", "meter close", "trigger close", "EndProgram"));
 }
 
+TEST_F(ShutdownTest, EndsWhateverABoxIsStillOpenFor) {
+  Form.Shell().Form_Unload();
+  EXPECT_TRUE(Shared.Run.CloseRequested);
+}
+
 TEST_F(ShutdownTest, CaptureThatStillRunsIsStoppedBeforeTheEnd) {
   Shared.Sound.SoundCaptureActive = true;
   Form.Shell().Form_Unload();

@@ -229,7 +229,8 @@ struct BadValue {
 
 class BadValueTest : public StartUpTest, public testing::WithParamInterface<BadValue> {};
 
-TEST_P(BadValueTest, IsReportedOnceAndEndsTheProgramAtOnce) {
+TEST_P(BadValueTest, IsReportedOnceAndEndsTheProgramWhenItsDefaultIsDeclined) {
+  Dialogs.Yes = false;
   testing::internal::CaptureStderr();
   LoadWith(GetParam().Key, GetParam().Text);
   const std::string errors = testing::internal::GetCapturedStderr();
@@ -243,6 +244,42 @@ TEST_P(BadValueTest, IsReportedOnceAndEndsTheProgramAtOnce) {
   EXPECT_THAT(Only("save "), IsEmpty()) << "nothing is saved on the way out";
   for (const char* part : {GetParam().Key, GetParam().Text, "memory of Lobegraph"})
     EXPECT_THAT(errors, testing::HasSubstr(part)) << "or the user cannot get in again";
+}
+
+TEST_P(BadValueTest, CanBeReplacedByItsDefaultSoThatTheProgramStarts) {
+  testing::internal::CaptureStderr();
+  LoadWith(GetParam().Key, GetParam().Text);
+  testing::internal::GetCapturedStderr();
+  ASSERT_EQ(Dialogs.Questions.size(), 1U);
+  const std::string key = GetParam().Key;
+  const auto row = std::find_if(kSettingsTable.begin(), kSettingsTable.end(),
+                                [&](const SettingRow& each) { return each.Key == key; });
+  EXPECT_EQ(Dialogs.Questions[0], "memory of Lobegraph\r\nsays " + key + "=" + GetParam().Text +
+                                      ", which cannot be used.\r\n\r\nUse the default, " +
+                                      std::string(row->Default) + ", instead?");
+  EXPECT_EQ(Store.Held(key), row->Default);
+  EXPECT_EQ(End.AtOnce, 0);
+  EXPECT_FALSE(Shared.Loading);
+  EXPECT_EQ(Text(lblSource), "Sound: line-in") << "start-up has gone on to its end";
+}
+
+TEST_F(StartUpTest, EveryBadValueIsOfferedItsDefaultInTurn) {
+  Store.Put("Commtrigger", "-99999");
+  testing::internal::CaptureStderr();
+  LoadWith("SpikeDetectLevel", "40000");
+  testing::internal::GetCapturedStderr();
+  EXPECT_EQ(Dialogs.Questions.size(), 2U);
+  EXPECT_EQ(Dialogs.Messages.size(), 2U);
+  EXPECT_EQ(End.AtOnce, 0);
+}
+
+TEST_F(StartUpTest, ADefaultThatCannotBeSavedIsNotAskedForForEver) {
+  Store.FailsToSave = true;
+  testing::internal::CaptureStderr();
+  LoadWith("SpikeDetectLevel", "40000");
+  testing::internal::GetCapturedStderr();
+  EXPECT_EQ(Dialogs.Questions.size(), 1U);
+  EXPECT_EQ(End.AtOnce, 1);
 }
 
 INSTANTIATE_TEST_SUITE_P(Values, BadValueTest,

@@ -37,7 +37,8 @@ MainWindow::MainWindow(const std::string& versionText)
       meters_(*shared_, store_, clock_, dialogs_),
       form_(MakePlatform(versionText), MakePlotGeometry(kSurfaceWidth, kSurfaceHeight, kPanelWidth)),
       analysis_(form_.Analysis(), view_, plot_,
-                [this](const auto& handler) { Run("Form_MouseMove", handler); }) {
+                [this](const auto& handler) { Run("Form_MouseMove", handler); }),
+      retry_(store_, [this](const std::string& line) { return ShowLine(line); }) {
   setObjectName("Form1");
   dialogs_.SetOwner(this);
   plot_.setGeometry(0, 0, kPlotWidth, kSurfaceHeight);
@@ -203,10 +204,18 @@ void MainWindow::ShowChooser() {
   dialogs_.Run(dialog);
 }
 
+/// A run has the line for itself.
+bool MainWindow::ShowLine(const std::string& hint) {
+  if (form_.Shared().Run.Running()) return false;
+  view_.SetText(Control::lblHint, hint);
+  return true;
+}
+
 void MainWindow::EndAtOnce() { std::_Exit(EXIT_FAILURE); }
 
 void MainWindow::EndProgram() {
   left_ = true;
+  retry_.Finish();
   meters_.frmdBMeter().hide();
   hide();
   QCoreApplication::exit(EXIT_SUCCESS);

@@ -11,6 +11,7 @@
 #include "app/qt/editor/frmEditLbgWindow.h"
 #include "app/qt/input/Meters.h"
 #include "app/qt/main/AnalysisInput.h"
+#include "app/qt/main/SettingsRetry.h"
 #include "app/qt/panel/WidgetView.h"
 #include "app/qt/parts/DBusAwake.h"
 #include "app/qt/parts/QtSystemText.h"
@@ -61,6 +62,7 @@ class MainWindow : public QWidget, private ProgramEnd {
   }
   void LeaveWithModuleOpen();
   void ShowChooser();
+  bool ShowLine(const std::string& hint);
   void PlaceSurface();
   void DrawForRatio(qreal ratio);
   void OpenSettings(SettingsWay way);
@@ -90,6 +92,7 @@ class MainWindow : public QWidget, private ProgramEnd {
   Meters meters_;
   Form1 form_;
   AnalysisInput analysis_;
+  SettingsRetry retry_;
   bool leavePending_ = false;
   bool ratioPending_ = false;
   bool left_ = false;
