@@ -59,8 +59,8 @@ std::vector<double> Turn() {
   SystemClock clock;
   SoundLevelState sound{.SoundLevel = 300.F};
   SoundThresholds thresholds;
-  dBMeter meter(rig.Meter, rig.Settings, rig.MeterForm);
-  ExternalMeter program(rig.Store, meter, rig.Meter, rig.MeterForm);
+  dBMeter meter(rig.Meter, rig.Settings, rig.MeterForm, clock);
+  ExternalMeter program(rig.Store, meter, rig.Meter, rig.MeterForm, clock);
   rig.Settings.PeakInputLevel = 1000.F;
   rig.Panel.RotationSeconds = kSecondsPerTurn;
   ChosenInput input(
@@ -73,9 +73,8 @@ std::vector<double> Turn() {
                               rig.Parts.WaitForTrigger,
                               rig.Sound,
                               rig.Port,
-                              rig.MeterForm,
                               rig.Meter,
-                              rig.Store,
+                              program,
                               rig.Settings,
                               rig.Front(),
                               234.0F,

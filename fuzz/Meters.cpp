@@ -11,7 +11,8 @@ struct MeterRig {
   MeterState State;
   SettingsValues Settings;
   NoDisplay Display;
-  dBMeter Meter{State, Settings, Display};
+  StoppedClock Time;
+  dBMeter Meter{State, Settings, Display, Time};
 };
 
 bool Same(const MeterState& a, const MeterState& b) {
@@ -44,7 +45,7 @@ void TrySerialMeters(std::string_view input) {
 void TryExternalMeter(std::string_view input) {
   MeterRig rig;
   TextStore store(input);
-  ExternalMeter external(store, rig.Meter, rig.State, rig.Display);
+  ExternalMeter external(store, rig.Meter, rig.State, rig.Display, rig.Time);
   for (int poll = 0; poll < 3; ++poll) external.Poll();
   Promise(InRange(rig.State), "a meter program stays in its range");
 }

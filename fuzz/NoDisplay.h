@@ -1,5 +1,6 @@
 #pragma once
 
+#include "acquisition/core/Clock.h"
 #include "acquisition/core/MeterDisplay.h"
 #include "acquisition/meters/MeterState.h"
 
@@ -9,9 +10,18 @@ namespace lobegraph::fuzz {
 class NoDisplay final : public MeterDisplay {
  public:
   void ShowWindow() override {}
+  void HideWindow() override {}
 
  protected:
   void Show(const MeterShown&) override {}
+};
+
+/// A clock that nobody winds.
+class StoppedClock final : public Clock {
+ public:
+  std::int32_t timeGetTime() override { return 0; }
+  void Sleep(int) override {}
+  void SleepToNextTick() override {}
 };
 
 /// What holds for a meter whatever it was told.

@@ -33,8 +33,11 @@ void FakePanel::On(const run_event::TurnBegins&) {
   Locked = true;
   ClearFields();
 }
-void FakePanel::On(const run_event::SoundOpened&) { log_.emplace_back("SoundOpened"); }
 void FakePanel::On(const run_event::SourceRuns&) { log_.emplace_back("SourceRuns"); }
+void FakePanel::On(const run_event::SourceNamed& source) { log_.push_back("source " + source.Name); }
+void FakePanel::On(const run_event::AwaitsMeter& meter) {
+  log_.emplace_back(meter.Waits ? "awaits the meter" : "the meter speaks");
+}
 void FakePanel::On(const run_event::ManualTrigger& trigger) {
   log_.emplace_back(trigger.Offered ? "manual trigger offered" : "manual trigger gone");
 }
@@ -86,7 +89,8 @@ float FakeLevel::ReadInputLevel() {
   return OnSample ? OnSample(Samples) : Level;
 }
 
-bool FakeSound::StartSoundCapture() {
+bool FakeSound::StartSoundCapture(SourceMoves moves) {
+  Moves = moves;
   log_.emplace_back("StartSoundCapture");
   if (OnStart) OnStart();
   return Starts;
@@ -139,12 +143,20 @@ void CollectionRig::UseExternalMeter(const std::string& active) {
   HearMeter();
 }
 
-/// A fresh value with every sample.
+/// A fresh value with every sample; enough for a mean were there before.
 void CollectionRig::HearMeter() {
+  Meter.HistoryLength = Meter.MeterHistory.size();
   Level.OnSample = [this](int) {
-    ++Meter.ValuesReceived;
+    Speak();
     return Level.Level;
   };
+}
+
+void CollectionRig::Speak() {
+  Meter.HistoryLength = std::min(Meter.HistoryLength + 1, Meter.MeterHistory.size());
+  ++Meter.ValuesReceived;
+  ++Meter.Life.Signs;
+  ++Meter.Life.Changes;
 }
 
 int CollectionRig::CountOf(const std::string& call) const {

@@ -49,8 +49,9 @@ class FakePanel {
 
  private:
   void On(const run_event::TurnBegins&);
-  void On(const run_event::SoundOpened&);
   void On(const run_event::SourceRuns&);
+  void On(const run_event::SourceNamed& source);
+  void On(const run_event::AwaitsMeter& meter);
   void On(const run_event::ManualTrigger& trigger);
   void On(const run_event::LevelColour& level);
   void On(const run_event::ReadingStored& reading);
@@ -98,10 +99,13 @@ class FakeSound final : public SoundCapture {
   bool Starts = true;
   std::function<void()> OnStart;
 
-  bool StartSoundCapture() override;
+  SourceMoves Moves = SourceMoves::AreFailures;
+  std::string Name = "Test input";
+
+  bool StartSoundCapture(SourceMoves moves) override;
   void StopSoundCapture() override { log_.emplace_back("StopSoundCapture"); }
   std::string SoundFailure() override { return Failure; }
-  std::string SoundSourceName() const override { return "Test input"; }
+  std::string SoundSourceName() const override { return Name; }
 
  private:
   CallLog& log_;
@@ -137,7 +141,9 @@ struct CollectionRig {
   FakePanel Panel{Log, Record};
   FakeMessages Messages{Log};
   DeviceMessages Waiting{Flags, Messages};
-  SourceWatch Pump{Window, Sound, Flags};
+  SourceWatch Pump{Window, Sound, Flags, Meter, Time};
+  dBMeter Scale{Meter, Settings, MeterForm, Time};
+  ExternalMeter Program{Store, Scale, Meter, MeterForm, Time};
   CollectionParts Parts{Time,
                         Pump,
                         Flags,
@@ -146,9 +152,8 @@ struct CollectionRig {
                         [this] { return Trigger.OnWait(++Trigger.Waits); },
                         Sound,
                         Port,
-                        MeterForm,
                         Meter,
-                        Store,
+                        Program,
                         Settings,
                         Front(),
                         234.0F,
@@ -170,6 +175,8 @@ struct CollectionRig {
   void UseExternalMeter(const std::string& active);
 
   void HearMeter();
+  /// A value from the meter.
+  void Speak();
 
   bool Called(const std::string& call) const { return CountOf(call) > 0; }
   int CountOf(const std::string& call) const;

@@ -15,7 +15,7 @@ def true_db(index):
 
 class Triggered(WithParts):
     def whole_turn(self, program, rotator):
-        program.press("Collect Data")
+        rotator.begin(true_db(0))
         for index in range(READINGS):
             rotator.step(true_db(index))
         readings = saved_readings(self, program)
@@ -44,7 +44,7 @@ class Triggered(WithParts):
         module = self.machine.usb_module()
         program = self.open(GaugeBridgeTrigger="True")
         rotator = Rotator(program, module, meter)
-        program.press("Collect Data")
+        rotator.begin(true_db(0))
         for index in range(5):
             rotator.step(true_db(index))
         rotator.wait_ready()
@@ -54,9 +54,9 @@ class Triggered(WithParts):
         self.assertEqual(program.text("Current reading number"), "5")
 
     def test_without_a_module_the_turn_ends_and_the_meter_window_says_why(self):
-        self.machine.serial_port("ttyUSB0")
+        lines, meter = self.machine.serial_port("ttyUSB0")
         program = self.open(GaugeBridgeTrigger="True")
-        program.press("Collect Data")
+        Rotator(program, lines, meter).begin(true_db(0))
         reason = "No FTDI devices found. Please connect the meter and re-try"
         wait_for("the reason", 10, lambda: program.label("Meter status") == reason)
         wait_for("the end of the turn", 10, lambda: program.enabled("Collect Data"))

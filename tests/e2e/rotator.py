@@ -52,6 +52,12 @@ class Rotator:
         """The first low after the one that fired: the samples are taken, the program waits for the next pulse."""
         self.wait_given(False, self.lows + 1)
 
+    def begin(self, db):
+        """The meter has said enough for a mean before the turn begins."""
+        wait_for("the meter's port", 20, lambda: self.program.label("Meter status").endswith(" is open."))
+        self.show_level(db)
+        self.program.press("Collect Data")
+
     def show_level(self, db):
         """Three values fill the meter's mean. The last has leading zeros, another number of them than the one before:
         what the meter's window shows then tells it from all others."""

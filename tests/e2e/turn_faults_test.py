@@ -99,6 +99,36 @@ class TurnFaults(from_outside.FromOutside):
         self.assertGreaterEqual(program.number("Number of readings"), 40)
         self.leave(program)
 
+    def second_input(self):
+        """Of which people think as well."""
+        self.stage.output("pactl", "load-module", "module-null-sink", "sink_name=other", "rate=44100", "channels=2",
+                          "norewinds=1", "sink_properties=device.description=Other")
+
+    def test_a_sound_input_that_is_pulled_out_ends_the_turn_though_there_is_another(self):
+        self.second_input()
+        program = self.open_window(RotateTime=TURN_SECONDS)
+        self.begin_turn(program)
+        sink = next(line.split()[0] for line in self.stage.output("pactl", "list", "short", "modules").splitlines()
+                    if "sink_name=rx" in line)
+        self.stage.output("pactl", "unload-module", sink)
+        self.assertIn("The sound input has gone.", self.close_box(program, "DirectSound Error"))
+        self.assertLess(program.number("Number of readings"), 360)
+        self.assertGreaterEqual(program.number("Number of readings"), 40)
+        self.leave(program)
+
+    def test_while_calibrating_another_input_is_followed_and_named(self):
+        self.second_input()
+        program = self.open_window(RotateTime=TURN_SECONDS)
+        program.tick("Calibrate Input")
+        wait_for("the source's name", 10, lambda: program.label("Input source") == "Monitor of Receiver")
+        stream = self.stage.output("pactl", "list", "short", "source-outputs").split()[0]
+        self.stage.output("pactl", "move-source-output", stream, "other.monitor")
+        wait_for("the other's name", 10, lambda: program.label("Input source") == "Monitor of Other")
+        program.tick("Calibrate Input")
+        wait_for("the end of the sweep", 10, lambda: program.enabled("Get File"))
+        self.assertEqual(program.messages(), [])
+        self.leave(program)
+
     def test_a_sound_server_that_comes_back_serves_the_next_turn(self):
         program = self.open_window(RotateTime=TURN_SECONDS)
         self.begin_turn(program, 10)

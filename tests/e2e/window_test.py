@@ -11,7 +11,7 @@ import outside
 import pattern_file
 from drag import Drag
 from from_outside import read_settings, wait_for
-from rotator import METER
+from rotator import METER, Rotator
 
 REFUSAL = "The screen cannot be shrunk when it is maximised"
 
@@ -166,10 +166,10 @@ class AModuleThatDoesNotClose(from_outside.FromOutside):
         machine = emulated.Machine()
         self.addCleanup(machine.close)
         self.stage.environment.update(machine.environment())
-        machine.serial_port("ttyUSB0")
+        _, meter = machine.serial_port("ttyUSB0")
         module = machine.usb_module()
         program = self.open_window("umockdev-wrapper", **METER, Trigger="1", GaugeBridgeTrigger="True")
-        program.press("Collect Data")
+        Rotator(program, module, meter).begin(30)
         wait_for("the trigger to be watched", 15, lambda: len(module.set_up) >= 3)
         program.press("Halt Collection")
         wait_for("the end of the run", 15, lambda: program.enabled("Collect Data"))

@@ -43,7 +43,7 @@ class AppFixture {
   FakePump Pump;
   test::FakeDevice Sound;
   std::shared_ptr<Globals> AllShared = std::make_shared<Globals>();
-  test::InputRig Inputs{*AllShared, Log, Store};
+  test::InputRig Inputs{*AllShared, Log, Store, Time};
   TemporaryFolder State;
   FakeEditor Editor;
   FakePrinter Printer{Log};
@@ -59,7 +59,6 @@ class AppFixture {
               .SoundDevice = Sound,
               .Devices = Inputs.Devices,
               .MSComm1 = Inputs.MSComm1,
-              .frmdBMeter = Inputs.Display,
               .MeterProgram = Inputs.Program,
               .Trigger = Inputs.Line,
               .VersionText = "V2.1.0",

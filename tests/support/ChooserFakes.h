@@ -13,40 +13,16 @@
 namespace lobegraph::test {
 
 /// The chooser's controls in memory.
-class FakeChooserView final : public ChooserView {
+class FakeChooserView final : public ChooserView, public ChooserShown {
  public:
-  int Input = -1, Trigger = -1, Closed = 0;
-  bool MeterComShown = true, ComTriggerEnabled = true;
-  std::vector<std::string> CommPorts, ComTriggers;
-  std::string CommPort, ComTrigger, MeterTitle, TriggerTitle;
-  std::function<void()> OnFill = [] {};
+  int Closed = 0;
+  std::function<void()> OnShow = [] {};
 
-  void TickInput(int index) override { Input = index; }
-  void TickTrigger(int index) override { Trigger = index; }
-  bool TriggerTicked(int index) const override { return Trigger == index; }
-  void ShowMeterCom(bool shown) override { MeterComShown = shown; }
-  void FillCommPort(const std::vector<std::string>& entries) override {
-    CommPorts = entries;
-    OnFill();
-  }
-  void FillComTrigger(const std::vector<std::string>& entries) override { ComTriggers = entries; }
-  void SelectCommPort(const std::string& text) override { CommPort = Among(CommPorts, text); }
-  void SelectComTrigger(const std::string& text) override { ComTrigger = Among(ComTriggers, text); }
-  void EnableComTrigger(bool enabled) override { ComTriggerEnabled = enabled; }
-  std::string CommPortText() const override { return CommPort; }
-  std::string ComTriggerText() const override { return ComTrigger; }
-  void ShowPortTitles(const std::string& meterPort, const std::string& triggerPort) override {
-    MeterTitle = meterPort;
-    TriggerTitle = triggerPort;
+  void Show(const ChooserShown& shown) override {
+    static_cast<ChooserShown&>(*this) = shown;
+    OnShow();
   }
   void Close() override { ++Closed; }
-
- private:
-  static std::string Among(const std::vector<std::string>& entries, const std::string& text) {
-    for (const std::string& entry : entries)
-      if (entry == text) return text;
-    return "";
-  }
 };
 
 /// A main window of which only what the chooser touches is kept.
@@ -126,7 +102,7 @@ struct ChooserWorld {
 class LoggedSound final : public SoundCapture {
  public:
   explicit LoggedSound(std::vector<std::string>& log) : log_(log) {}
-  bool StartSoundCapture() override { return true; }
+  bool StartSoundCapture(SourceMoves) override { return true; }
   void StopSoundCapture() override { log_.emplace_back("stop capture"); }
   std::string SoundFailure() override { return ""; }
   std::string SoundSourceName() const override { return ""; }

@@ -12,13 +12,16 @@ namespace lobegraph {
 class FakeClock final : public Clock {
  public:
   std::int32_t NowMs = 1000;
+  std::int64_t Suspended = 0;        ///< milliseconds
   std::int32_t MsPerRead = 0;        ///< added after each read
   std::int64_t SleptMs = 0;          ///< all that was slept
   int TicksSlept = 0;                ///< calls of SleepToNextTick
   std::function<void(int)> OnSleep;  ///< sees each Sleep after it has passed
 
+  /// Beyond the largest number it goes on at the smallest.
   void Advance(std::int32_t milliseconds) {
-    NowMs += milliseconds;
+    NowMs = static_cast<std::int32_t>(static_cast<std::uint32_t>(NowMs) +
+                                      static_cast<std::uint32_t>(milliseconds));
     readsAtThisTime_ = 0;
   }
 
@@ -41,6 +44,8 @@ class FakeClock final : public Clock {
     Advance(1);
   }
 
+  std::int64_t SuspendedMs() override { return Suspended; }
+
  private:
   static constexpr int kMostReads = 1'000'000;
   int readsAtThisTime_ = 0;
@@ -50,11 +55,17 @@ class FakeClock final : public Clock {
 class FakePump final : public EventPump {
  public:
   int Yields = 0;
+  int Served = 0;                    ///< times that the window alone was served
   std::function<void(int)> OnYield;  ///< number of the yield, from 1
+  std::function<void(int)> OnServe;
 
   void ProcessPendingEvents() override {
     if (++Yields > kMostYields) throw std::logic_error("a loop yields for ever");
     if (OnYield) OnYield(Yields);
+  }
+  void ServeWindow() override {
+    ++Served;
+    if (OnServe) OnServe(Served);
   }
 
  private:

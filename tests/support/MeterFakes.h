@@ -35,7 +35,7 @@ using Calls = std::vector<std::string>;
 class FakeDisplay final : public MeterDisplay {
  public:
   std::string lblStatus, Reading, lblStateCount;
-  StatusColour Shape = StatusColour::LightYellow, Indicator = StatusColour::LightYellow;
+  std::optional<StatusColour> Shape, Indicator;
   float Dbm = 0, DownDb = -1;
   int Shown = 0;
   int Changes = 0;
@@ -45,17 +45,18 @@ class FakeDisplay final : public MeterDisplay {
     ++Shown;
     Tell("show meter window");
   }
+  void HideWindow() override { Tell("hide meter window"); }
 
  private:
   void Show(const MeterShown& shown) override {
     ++Changes;
     if (lblStatus != shown.Status) Tell("lblStatus " + shown.Status);
-    if (shown.StatusShape && Shape != *shown.StatusShape) Tell("shape " + NameOf(*shown.StatusShape));
+    if (shown.StatusShape && Shape != shown.StatusShape) Tell("shape " + NameOf(*shown.StatusShape));
     lblStatus = shown.Status;
     lblStateCount = shown.StateCount;
-    Shape = shown.StatusShape.value_or(Shape);
-    Indicator = shown.LevelIndicator.value_or(Indicator);
-    DownDb = shown.DownDb.value_or(DownDb);
+    Shape = shown.StatusShape;
+    Indicator = shown.LevelIndicator;
+    DownDb = shown.DownDb.value_or(-1);
     if (const auto* text = std::get_if<std::string>(&shown.Reading)) Reading = *text;
     if (const auto* dbm = std::get_if<float>(&shown.Reading)) Dbm = *dbm;
   }

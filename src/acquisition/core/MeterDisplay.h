@@ -10,14 +10,14 @@
 
 namespace lobegraph {
 
-/// What the dB meter window shows; an empty option is not shown yet.
+/// What the dB meter window shows; an empty option is not shown.
 struct MeterShown {
-  std::string Status;                          ///< lblStatus
-  std::optional<StatusColour> StatusShape;     ///< ready, error, idle
-  std::variant<std::string, float> Reading;    ///< as the meter sent it, or dBm with one decimal
-  std::optional<float> DownDb;                 ///< below full scale, one decimal
-  std::optional<StatusColour> LevelIndicator;  ///< green within the meter's range, yellow above it
-  std::string StateCount;                      ///< lblStateCount: trigger polls of the last second
+  std::string Status = {};                          ///< lblStatus
+  std::optional<StatusColour> StatusShape = {};     ///< ready, error, idle
+  std::variant<std::string, float> Reading = {};    ///< as the meter sent it, or dBm with one decimal
+  std::optional<float> DownDb = {};                 ///< below full scale, one decimal
+  std::optional<StatusColour> LevelIndicator = {};  ///< green within the meter's range, yellow above it
+  std::string StateCount = {};                      ///< lblStateCount: trigger polls of the last second
 };
 
 /// The dB meter window (frmdBMeter) as the program writes to it; shown or hidden, the writes go on.
@@ -26,6 +26,7 @@ class MeterDisplay {
   virtual ~MeterDisplay() = default;
   /// Shows the window, or brings it back after the user closed it.
   virtual void ShowWindow() = 0;
+  virtual void HideWindow() = 0;
 
   void SetStatusText(const std::string& text) { Put(shown_.Status, text); }
   void PaintStatusShape(StatusColour colour) { Put(shown_.StatusShape, colour); }
@@ -36,6 +37,11 @@ class MeterDisplay {
   void SetDownDb(float downDb) { Put(shown_.DownDb, downDb); }
   void PaintLevelIndicator(StatusColour colour) { Put(shown_.LevelIndicator, colour); }
   void SetStateCount(const std::string& count) { Put(shown_.StateCount, count); }
+  /// Nothing of what a meter said is shown any more.
+  void Clear() {
+    shown_ = {.StateCount = shown_.StateCount};
+    Show(shown_);
+  }
 
  protected:
   /// Something of it has changed.

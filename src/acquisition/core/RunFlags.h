@@ -12,7 +12,8 @@ struct RunFlags {
   bool IsSweeping = false;  ///< the calibrate sweep is on
   bool CollectRequested = false;
   bool InputReady = false;
-  bool CloseRequested = false;  ///< the window goes: every run ends and leaves the record as it is
+  bool TriggerPortGone = false;  ///< since the run began: no pulse can come any more
+  bool CloseRequested = false;   ///< the window goes: every run ends and leaves the record as it is
 
   /// A run is a collection or a calibrate sweep.
   bool Running() const { return IsCollecting || IsSweeping; }

@@ -1,7 +1,5 @@
 #include "acquisition/meters/InputDevices.h"
 
-#include "acquisition/meters/LevelSource.h"
-
 namespace lobegraph {
 
 InputDevices::InputDevices(const Parts& parts) : parts_(parts) {
@@ -9,19 +7,44 @@ InputDevices::InputDevices(const Parts& parts) : parts_(parts) {
     if (eventCode == SCom::kReceived) parts_.Meter.ParseChars(parts_.MSComm1.Input());
   };
   parts_.MSComm1.OnGone = [this] {
-    parts_.Display.PaintStatusShape(StatusColour::Red);
-    parts_.Display.SetStatusText("The meter's port has gone. Plug it in and choose the input again.");
+    ShowPort(StatusColour::Red, "The meter's port has gone. Plug it in and choose the input again.");
+    const InputChoice& choice = parts_.Settings.Input;
+    if (!choice.GaugeBridgeTrigger && choice.Commtrigger == parts_.MSComm1.PortNumber())
+      parts_.Flags.TriggerPortGone = true;
   };
+  parts_.MSCommTrigger.OnGone = [this] { parts_.Flags.TriggerPortGone = true; };
 }
 
-void InputDevices::Open(Occasion occasion) {
-  const InputChoice& choice = parts_.Settings.Input;
-  const LevelSource& source = SourceOf(choice);
-  if (occasion == Occasion::StartUp ? source.NeedsPort : source.IsMeter()) {
+std::string InputDevices::Open(Occasion occasion) {
+  const LevelSource& source = SourceOf(parts_.Settings.Input);
+  parts_.State.Forget();
+  parts_.Display.Clear();
+  std::string hint;
+  if (source.NeedsPort) {
     ShowMeterWindow();
-    OpenMeterPort(choice.Commport, source.Baud);
+    OpenMeterPort(parts_.Settings.Input.Commport, source.Baud);
+  } else if (occasion == Occasion::Chosen) {
+    hint = OpenBesideProgram(source);
   }
   OpenTriggerPort();
+  return hint;
+}
+
+std::string InputDevices::OpenBesideProgram(const LevelSource& source) {
+  const std::int16_t port = parts_.Settings.Input.Commport;
+  if (!source.IsMeter()) {
+    parts_.Display.HideWindow();
+    return "";
+  }
+  ShowMeterWindow();
+  CloseMeterPort();
+  if (port == 0 || parts_.MSComm1.Open(port, source.Baud).Opened) return "";
+  return "COM" + std::to_string(port) + " is not to be had; the meter program does not need it.";
+}
+
+void InputDevices::ShowPort(StatusColour shape, const std::string& status) {
+  parts_.Display.PaintStatusShape(shape);
+  parts_.Display.SetStatusText(status);
 }
 
 void InputDevices::ClosePorts() {
@@ -33,7 +56,10 @@ void InputDevices::OpenMeterPort(std::int16_t port, std::string_view baud) {
   CloseMeterPort();
   if (port == 0) return;
   const SCom::Outcome outcome = parts_.MSComm1.Open(port, baud);
-  if (!outcome.Opened) Report(kMeterPortFailed, outcome);
+  const std::string name = "The meter's port COM" + std::to_string(port);
+  if (outcome.Opened) return ShowPort(StatusColour::Green, name + " is open.");
+  ShowPort(StatusColour::Red, name + " is not open.");
+  Report(kMeterPortFailed, outcome);
 }
 
 void InputDevices::OpenTriggerPort() {

@@ -1,48 +1,55 @@
 #include "acquisition/meters/MeterSilence.h"
 
+#include <algorithm>
 #include <utility>
+
+#include "acquisition/core/Clock.h"
 
 namespace lobegraph {
 namespace {
 
-constexpr std::int64_t kSilenceMs = 1000;
-
-bool LongAgo(std::int32_t sinceMs, std::int32_t nowMs) {
-  return static_cast<std::int64_t>(nowMs) - sinceMs >= kSilenceMs;
-}
+/// Between two yields of a program that is awake; a meter's sample lasts 5 ms.
+constexpr std::uint32_t kLongestLookMs = 50;
 
 }  // namespace
 
-void MeterSilence::Begin(std::uint64_t values, std::int32_t nowMs) {
+void MeterSilence::Begin(std::uint64_t signs, std::int32_t nowMs) {
   *this = {};
-  values_ = values;
-  lastValueMs_ = nowMs;
+  signs_ = signs;
+  lookedMs_ = nowMs;
 }
 
-void MeterSilence::Reading(int index, std::uint64_t values, std::int32_t nowMs) {
-  if (values != std::exchange(values_, values)) {
-    if (LongAgo(lastValueMs_, nowMs)) Count();
-    stretch_ = 0;
-    lastValueMs_ = nowMs;
+void MeterSilence::Look(std::uint64_t signs, std::uint32_t silentAfterMs, std::int32_t nowMs) {
+  const std::uint32_t sinceMs = MsBetween(std::exchange(lookedMs_, nowMs), nowMs);
+  if (signs == signs_) {
+    quietMs_ += std::min(sinceMs, kLongestLookMs);
+    due_ = due_ || quietMs_ >= silentAfterMs;
     return;
   }
-  if (stretch_++ == 0) stretchFirst_ = index;
+  if (due_) Count();
+  signs_ = signs;
+  stretch_ = 0;
+  quietMs_ = 0;
+  due_ = false;
+  heard_ = true;
 }
 
-SilentReadings MeterSilence::End(std::int32_t nowMs, bool gone) {
-  if (gone || LongAgo(lastValueMs_, nowMs)) Count();
+void MeterSilence::Reading(int index) {
+  if (std::exchange(heard_, false)) return;
+  if (stretch_++ == 0) stretchFirst_ = index;
+  stretchLast_ = index;
+}
+
+SilentReadings MeterSilence::End(bool gone) {
+  if (gone || due_) Count();
   return silent_;
 }
 
 void MeterSilence::Count() {
-  if (stretch_ > 0 && silent_.Count == 0) silent_.First = stretchFirst_;
+  if (stretch_ == 0) return;
+  if (silent_.Count == 0) silent_.First = stretchFirst_;
+  silent_.Last = stretchLast_;
   silent_.Count += std::exchange(stretch_, 0);
-}
-
-std::string SilenceText(const SilentReadings& silent) {
-  return "The meter had no fresh value for " + std::to_string(silent.Count) +
-         (silent.Count == 1 ? " reading" : " readings") + ", the first is No. " +
-         std::to_string(silent.First + 1) + ". Check the meter and its cable; then choose the input again.";
 }
 
 }  // namespace lobegraph

@@ -1,38 +1,43 @@
 #pragma once
 
 #include <cstdint>
-#include <string>
 
 namespace lobegraph {
 
-/// Readings for which the meter had nothing new to say.
+/// Readings for which the source had nothing new to say.
 struct SilentReadings {
   int Count = 0;
   int First = -1;  ///< index of the first, -1 for none
+  int Last = -1;
 };
 
-/// Watches, reading by reading, whether the meter still talks. A meter slower than the readings is not
-/// silent: only a stretch without any value of a second or more counts, and then from its first reading on.
+/// Watches whether the meter still speaks. A meter slower than the readings is not silent: only a stretch
+/// without any sign of it that lasts long enough counts, and then from its first reading on. Time in which
+/// the program itself stood still is nobody's silence: what came meanwhile has not been heard yet.
 class MeterSilence {
  public:
-  /// A turn begins. @param values count of the values received so far
-  void Begin(std::uint64_t values, std::int32_t nowMs);
+  /// A turn begins. @param signs count of the signs of life so far
+  void Begin(std::uint64_t signs, std::int32_t nowMs);
+  /// At every yield. @param silentAfterMs from when on a stretch counts
+  void Look(std::uint64_t signs, std::uint32_t silentAfterMs, std::int32_t nowMs);
   /// A reading was taken.
-  void Reading(int index, std::uint64_t values, std::int32_t nowMs);
-  /// The turn has ended. @param gone the meter's port is closed: a short stretch at the end counts as well
-  SilentReadings End(std::int32_t nowMs, bool gone);
+  void Reading(int index);
+  /// The turn has ended. @param gone the meter is not there any more: a short stretch at the end counts as
+  /// well
+  SilentReadings End(bool gone);
 
  private:
   void Count();
 
   SilentReadings silent_;
+  int stretch_ = 0;  ///< readings since the last sign
   int stretchFirst_ = -1;
-  int stretch_ = 0;
-  std::uint64_t values_ = 0;
-  std::int32_t lastValueMs_ = 0;
+  int stretchLast_ = -1;
+  bool heard_ = false;  ///< in the reading that is under way
+  bool due_ = false;    ///< the stretch is long enough
+  std::uint64_t signs_ = 0;
+  std::uint64_t quietMs_ = 0;  ///< since the last sign, as far as the program was awake
+  std::int32_t lookedMs_ = 0;
 };
-
-/// The message after the turn.
-std::string SilenceText(const SilentReadings& silent);
 
 }  // namespace lobegraph

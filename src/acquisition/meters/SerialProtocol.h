@@ -11,6 +11,7 @@ namespace lobegraph {
 struct Reception {
   std::string Buffer;                  ///< its characters so far
   bool Capturing = false;              ///< where a protocol marks its beginning: it has begun
+  bool AfterBlank = false;             ///< the last character was a blank
   std::int32_t MeterReadingCount = 0;  ///< numbers completed, by a protocol that counts them
 
   /// Line noise without an end must not fill the memory: what follows the 64th character is dropped.

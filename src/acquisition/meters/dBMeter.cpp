@@ -31,6 +31,7 @@ float dBMeter::ConvertReading(std::string_view text) {
   auto& history = state_.MeterHistory;
   history = {RawValue(text), history[0], history[1]};
   state_.MeterAverage = (history[0] + history[1] + history[2]) / 3.0F;
+  state_.HistoryLength = std::min(state_.HistoryLength + 1, history.size());
   ++state_.ValuesReceived;
   float value = std::max(state_.MeterAverage - settings_.dBCalAdjust0dB, 0.0F);
   const bool inRange = value - 1.0F <= kFullScaleRaw;
@@ -44,11 +45,19 @@ float dBMeter::ConvertReading(std::string_view text) {
 void dBMeter::ParseChars(std::string_view text) {
   const SerialProtocol receive = SourceOf(settings_.Input).Protocol;
   if (receive == nullptr) return;
-  receive(text, state_.Received, [this](const std::string& number) { TakeReading(number); });
+  int values = 0;
+  receive(text, state_.Received, [&](const std::string& number) {
+    TakeReading(number);
+    ++values;
+  });
+  state_.Pace.Received(values, clock_.timeGetTime());
+  state_.Life.SilentAfterMs = state_.Pace.SilentAfterMs();
+  state_.Life.ToldByChangesOnly = false;
 }
 
 void dBMeter::TakeReading(const std::string& number) {
   state_.MeterLevel = ConvertReading(number);
+  ++state_.Life.Signs;
   display_.SetReading(number);
   display_.SetDownDb(kFullScaleDb - state_.MeterDb);
 }

@@ -9,9 +9,14 @@ namespace {
 
 constexpr const char* kStreamName = "Antenna level";
 constexpr const char* kInputGone = "The sound input has gone.";
+constexpr const char* kInputMoved = "The sound input was changed to another one.";
 constexpr auto kServerDecides = static_cast<std::uint32_t>(-1);
-constexpr auto kStreamFlags =
-    static_cast<pa_stream_flags_t>(PA_STREAM_START_CORKED | PA_STREAM_ADJUST_LATENCY);
+
+/// The server moves a stream whose source goes, unless it is told not to: then the stream fails.
+pa_stream_flags_t StreamFlags(bool followsMoves) {
+  const auto flags = PA_STREAM_START_CORKED | PA_STREAM_ADJUST_LATENCY;
+  return static_cast<pa_stream_flags_t>(followsMoves ? flags : flags | PA_STREAM_DONT_MOVE);
+}
 
 void KeepDefaultSource(pa_context*, const pa_server_info* info, void* name) {
   if (info && info->default_source_name) *static_cast<std::string*>(name) = info->default_source_name;
@@ -58,6 +63,7 @@ void PulseCapture::Open(const std::string& identifier, const CaptureBuffer& buff
                         CaptureListener& listener) {
   if (!connection_) ConnectToServer();
   listener_ = &listener;
+  followsMoves_ = buffer.FollowsMoves;
   ring_ = std::make_unique<SoundRing>(buffer, [this] { Post(&PulseCapture::DeliverNotices); });
   const PulseConnection::Lock lock(*connection_);
   AskDescription(identifier);
@@ -92,10 +98,12 @@ void PulseCapture::ConnectStream(const std::string& identifier, std::int32_t fra
         capture->connection_->Signal();
       },
       this);
+  pa_stream_set_moved_callback(
+      stream_.get(), [](pa_stream*, void* self) { static_cast<PulseCapture*>(self)->Moved(); }, this);
   const pa_buffer_attr attributes{kServerDecides, kServerDecides, kServerDecides, kServerDecides,
                                   static_cast<std::uint32_t>(fragmentBytes)};
-  const bool asked =
-      pa_stream_connect_record(stream_.get(), identifier.c_str(), &attributes, kStreamFlags) == 0;
+  const bool asked = pa_stream_connect_record(stream_.get(), identifier.c_str(), &attributes,
+                                              StreamFlags(followsMoves_)) == 0;
   const auto state = [this] { return pa_stream_get_state(stream_.get()); };
   if (asked) connection_->WaitUntil([state] { return state() != PA_STREAM_CREATING; });
   if (!asked || state() != PA_STREAM_READY)
@@ -122,6 +130,7 @@ void PulseCapture::Close() noexcept {
     const PulseConnection::Lock lock(*connection_);
     pa_stream_set_read_callback(stream_.get(), nullptr, nullptr);
     pa_stream_set_state_callback(stream_.get(), nullptr, nullptr);
+    pa_stream_set_moved_callback(stream_.get(), nullptr, nullptr);
     pa_stream_disconnect(stream_.get());
     stream_.reset();
   }
@@ -144,6 +153,24 @@ void PulseCapture::TakeAudio() {
   }
 }
 
+/// On the connection's thread, where nothing may be waited for.
+void PulseCapture::Moved() {
+  if (!followsMoves_) return Fail(kInputMoved);
+  const auto named = [](pa_context*, const pa_source_info* info, int, void* self) {
+    if (!info || !info->description) return;
+    static_cast<PulseCapture*>(self)->movedTo_ = info->description;
+    static_cast<PulseCapture*>(self)->Post(&PulseCapture::DeliverMove);
+  };
+  const char* name = pa_stream_get_device_name(stream_.get());
+  if (pa_operation* asked = pa_context_get_source_info_by_name(connection_->Context(), name, named, this))
+    pa_operation_unref(asked);
+}
+
+void PulseCapture::DeliverMove() {
+  const PulseConnection::Lock lock(*connection_);
+  description_ = movedTo_;
+}
+
 void PulseCapture::Fail(const std::string& reason) {
   if (!failure_.empty()) return;
   failure_ = reason;
@@ -152,7 +179,12 @@ void PulseCapture::Fail(const std::string& reason) {
 
 void PulseCapture::Post(void (PulseCapture::*delivery)()) {
   QMetaObject::invokeMethod(
-      window_.get(), [this, delivery] { (this->*delivery)(); }, Qt::QueuedConnection);
+      window_.get(),
+      [this, delivery] {
+        if (gate_ == nullptr) return (this->*delivery)();
+        gate_->Pass(*window_, [this, delivery] { (this->*delivery)(); });
+      },
+      Qt::QueuedConnection);
 }
 
 void PulseCapture::DeliverNotices() {

@@ -3,6 +3,7 @@
 #include <QObject>
 #include <memory>
 
+#include "acquisition/qt/NoticeGate.h"
 #include "acquisition/qt/PulseConnection.h"
 #include "acquisition/sound/SoundDevice.h"
 #include "acquisition/sound/SoundRing.h"
@@ -11,11 +12,13 @@ namespace lobegraph {
 
 /// Capture from the sound server (PulseAudio, or PipeWire's server of the same protocol) in 10 ms fragments.
 /// The server's default source counts as the first enumerated device, so what the user chose in the desktop's
-/// sound settings is heard. Notices reach the listener as queued calls of the thread that opened the device:
-/// only while that thread yields.
+/// sound settings is heard. A source that the server puts in its place is a failure, or is followed, as the
+/// buffer says. Notices reach the listener as queued calls of the thread that opened the device: only while
+/// that thread yields.
 class PulseCapture final : public CaptureDevice {
  public:
-  PulseCapture() = default;
+  /// @param gate which its notices pass; outlives it, none: they pass at once
+  explicit PulseCapture(NoticeGate* gate = nullptr) : gate_(gate) {}
   ~PulseCapture() override { Close(); }
   PulseCapture(const PulseCapture&) = delete;
   PulseCapture& operator=(const PulseCapture&) = delete;
@@ -41,6 +44,8 @@ class PulseCapture final : public CaptureDevice {
   void Post(void (PulseCapture::*delivery)());
   void DeliverNotices();
   void DeliverFailure();
+  void DeliverMove();
+  void Moved();
   void Fail(const std::string& reason);
 
   std::unique_ptr<PulseConnection> connection_;
@@ -50,6 +55,9 @@ class PulseCapture final : public CaptureDevice {
   CaptureListener* listener_ = nullptr;
   std::string failure_;  ///< written on the connection's thread before its delivery is posted
   std::string description_;
+  bool followsMoves_ = false;
+  std::string movedTo_;  ///< written on the connection's thread before its delivery is posted
+  NoticeGate* gate_;
 };
 
 }  // namespace lobegraph

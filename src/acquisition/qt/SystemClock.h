@@ -4,13 +4,15 @@
 
 namespace lobegraph {
 
-/// The system's monotonic clock. Starts at 0 when it is made, so that 32 bits last for 24 days.
+/// The system's monotonic clock, which stands still while the computer is suspended. Starts at 0 when it is
+/// made.
 class SystemClock final : public Clock {
  public:
   SystemClock();
   std::int32_t timeGetTime() override;
   void Sleep(int milliseconds) override;
   void SleepToNextTick() override;
+  std::int64_t SuspendedMs() override;
   void SleepMicroseconds(int microseconds);
 
  private:

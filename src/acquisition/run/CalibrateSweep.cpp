@@ -38,7 +38,7 @@ bool CalibrateSweep::CaptureStarts() {
   RunFlags& flags = parts_.Flags;
   if (flags.Running() || !parts_.FromSoundCard()) return false;
   flags.IsSweeping = true;
-  flags.InputReady = parts_.Sound.StartSoundCapture();
+  flags.InputReady = parts_.Sound.StartSoundCapture(SourceMoves::AreFollowed);
   flags.IsSweeping = false;
   if (!flags.InputReady) flags.CollectRequested = false;
   return flags.InputReady;
@@ -80,25 +80,39 @@ RunReport CalibrateSweep::Timer1_Timer() {
 
 void CalibrateSweep::Begin() {
   parts_.Flags.IsSweeping = true;
+  sourceName_.clear();
   parts_.Flags.ManualTriggerPressed = false;
   plotScale_ = parts_.Window.Controls().PlotScale;
   parts_.Window.Tell(SweepBegins{});
 }
 
 void CalibrateSweep::Sweep() {
-  if (parts_.FromSoundCard()) {
-    if (!parts_.Sound.StartSoundCapture()) {
-      failure_ = parts_.Sound.SoundFailure();
-      parts_.Window.Tell(CalibrateOff{});
-      return;
-    }
-    parts_.Pump.Begin();
-    parts_.Window.Tell(SoundOpened{});
+  if (!parts_.FromSoundCard()) {
+    AwaitMeter(parts_, [this] { return GoesOn(); });
+  } else if (!StartSound()) {
+    return;
   }
   do {
     SweepOnce();
   } while (GoesOn());
   if (parts_.Pump.Lost()) parts_.Window.Tell(CalibrateOff{});
+}
+
+bool CalibrateSweep::StartSound() {
+  if (parts_.Sound.StartSoundCapture(SourceMoves::AreFollowed)) {
+    parts_.Pump.Begin();
+    NameSource();
+    return true;
+  }
+  failure_ = parts_.Sound.SoundFailure();
+  parts_.Window.Tell(CalibrateOff{});
+  return false;
+}
+
+/// The user may set another source in the middle of it.
+void CalibrateSweep::NameSource() {
+  const std::string name = parts_.Sound.SoundSourceName();
+  if (std::exchange(sourceName_, name) != name) parts_.Window.Tell(SourceNamed{name});
 }
 
 bool CalibrateSweep::GoesOn() const {
@@ -116,6 +130,7 @@ void CalibrateSweep::SweepOnce() {
 }
 
 void CalibrateSweep::TellPoint(float counter) {
+  if (parts_.FromSoundCard()) NameSource();
   const float level = AverageLevel();
   const float radius = LiveRadius(parts_, level, LiveDownDb(parts_, level), plotScale_);
   parts_.Window.Tell(SweepPoint{level, counter, radius});

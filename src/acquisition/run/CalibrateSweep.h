@@ -33,6 +33,8 @@ class CalibrateSweep {
   bool SendCommand(std::string_view command);
   void Begin();
   void Sweep();
+  bool StartSound();
+  void NameSource();
   bool GoesOn() const;
   void SweepOnce();
   void TellPoint(float counter);
@@ -43,6 +45,7 @@ class CalibrateSweep {
   CollectionEngine& engine_;
   int plotScale_ = 0;
   std::string failure_;
+  std::string sourceName_;  ///< as last told
 };
 
 }  // namespace lobegraph

@@ -3,9 +3,9 @@
 #include <functional>
 
 #include "acquisition/core/Clock.h"
-#include "acquisition/core/MeterDisplay.h"
 #include "acquisition/core/RunFlags.h"
 #include "acquisition/core/UserMessages.h"
+#include "acquisition/meters/ExternalMeter.h"
 #include "acquisition/meters/LevelSource.h"
 #include "acquisition/meters/MeterState.h"
 #include "acquisition/run/RunEvents.h"
@@ -13,7 +13,6 @@
 #include "acquisition/serial/SCom.h"
 #include "acquisition/sound/SoundCapture.h"
 #include "data/record/ReadingsRecord.h"
-#include "settings/SettingsStore.h"
 #include "settings/SettingsValues.h"
 
 namespace lobegraph {
@@ -29,9 +28,8 @@ struct CollectionParts {
   std::function<bool()> WaitForTrigger;   ///< see RotatorTrigger
   SoundCapture& Sound;
   SCom& MSComm1;
-  MeterDisplay& frmdBMeter;
-  const MeterState& Meter;
-  SettingsStore& Store;
+  MeterState& Meter;
+  ExternalMeter& Program;
   const SettingsValues& Settings;
   RunFront Window;
   float FullScaleRadius;    ///< of the plot, surface units

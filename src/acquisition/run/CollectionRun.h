@@ -4,7 +4,6 @@
 #include <exception>
 #include <limits>
 
-#include "acquisition/meters/MeterSilence.h"
 #include "acquisition/run/CollectionParts.h"
 #include "acquisition/run/LiveReading.h"
 #include "acquisition/run/RunReport.h"
@@ -14,7 +13,8 @@ namespace lobegraph {
 /// One turn of the antenna, from the lock to the unlock. Made for each turn.
 class CollectionRun {
  public:
-  explicit CollectionRun(const CollectionParts& parts) : parts_(parts), before_(parts.Record) {}
+  explicit CollectionRun(const CollectionParts& parts)
+      : parts_(parts), before_(parts.Record), time_(parts.Time) {}
 
   /// The source was checked. Whatever happens on the way, the window is unlocked and the readings taken are
   /// kept; an arithmetic fault is thrown on after that. When the window is closed meanwhile nothing more is
@@ -29,10 +29,11 @@ class CollectionRun {
   void AwaitStartupDelay();
   void TakeReadings();
   bool TakeReading();
-  bool SampleAtTrigger(SampleMean& mean);
+  bool AwaitTrigger(bool& fired);
+  void OfferManualTrigger(bool offered);
   void SampleUntilDeadline(SampleMean& mean);
   void NoteLateness();
-  void NoteFreshness(int index);
+  void NoteSuspend(int index);
   void StoreReading(int index, float level);
   void PlotReading(int index, float level);
   void WatchForEnd(float level);
@@ -46,6 +47,7 @@ class CollectionRun {
   void Unlock();
 
   bool Halted() const { return parts_.Flags.HaltRequested == 1; }
+  bool Triggered() const { return parts_.Window.Controls().Triggered; }
 
   const CollectionParts& parts_;
   const ReadingsRecord before_;  ///< put back when the start is abandoned
@@ -53,13 +55,15 @@ class CollectionRun {
   int plotScale_ = 0;
   float angularStep_ = 0.0F;
   std::int32_t intervalMs_ = 0;
-  std::int32_t nextDeadlineMs_ = 0;
+  LongTime time_;
+  std::int64_t nextDeadlineMs_ = 0;
+  std::int64_t suspendedMs_ = 0;  ///< before the reading that is under way
   float counter_ = 0.0F;
   int stored_ = 0;
   bool pacedByTrigger_ = false;  ///< the reading before this one waited for the trigger
+  bool manualOffered_ = false;
   bool sourceStarted_ = false;
   bool heard_ = false;
-  MeterSilence silence_;
   std::int16_t lowRun_ = 0;
   float bestDownDb_ = std::numeric_limits<float>::max();
   std::int16_t bestIndex_ = 0;

@@ -37,7 +37,6 @@ void CollectionRun::Close(bool faulty) {
   } else {
     Abandon();
   }
-  if (report_.Silent.Count > 0) parts_.Messages.Show({SilenceText(report_.Silent)});
   if (!report_.SourceFailure.empty()) parts_.Messages.Show({report_.SourceFailure, kSoundErrorTitle, true});
   parts_.Waiting.ShowWaiting();
 }
@@ -60,6 +59,7 @@ int CollectionRun::LastIndex(bool faulty) {
 void CollectionRun::FinishPattern(bool faulty) {
   ReadingsRecord& record = parts_.Record;
   CountSilence();
+  report_.TriggerPortGone = parts_.Flags.TriggerPortGone && pacedByTrigger_;
   record.NumReadings = ToInt16(LastIndex(faulty));
   record.TrimEnd = lowRun_;
   report_.ReadingsTaken = record.NumReadings + 1;
@@ -77,7 +77,8 @@ void CollectionRun::FinishPattern(bool faulty) {
 void CollectionRun::CountSilence() {
   if (parts_.FromSoundCard()) return;
   const bool gone = parts_.Source().NeedsPort && !parts_.MSComm1.PortOpen();
-  report_.Silent = silence_.End(parts_.Time.timeGetTime(), gone);
+  report_.Silent = parts_.Pump.EndMeter(gone);
+  report_.OneValue = parts_.Pump.OneValue();
 }
 
 void CollectionRun::Unlock() {

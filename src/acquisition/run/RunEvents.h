@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <string>
 #include <variant>
 
 #include "acquisition/core/StatusColour.h"
@@ -24,10 +25,16 @@ namespace run_event {
 /// A turn begins: the former pattern's fields go, operator and date are of now, the grid is empty, and
 /// everything is locked that could start a second run or change the data.
 struct TurnBegins {};
-/// The sound card's source is open, and its name known.
-struct SoundOpened {};
 /// The source delivers: the trace starts anew.
 struct SourceRuns {};
+/// The sound source is open and called so for people; another one may have come in its place.
+struct SourceNamed {
+  std::string Name;
+};
+/// Nothing is taken before the meter has said enough for a mean.
+struct AwaitsMeter {
+  bool Waits = false;
+};
 /// A press of the user stands in for the trigger's pulse, or no longer.
 struct ManualTrigger {
   bool Offered = false;
@@ -78,7 +85,7 @@ struct CalibrateOff {};
 }  // namespace run_event
 
 using RunEvent =
-    std::variant<run_event::TurnBegins, run_event::SoundOpened, run_event::SourceRuns,
+    std::variant<run_event::TurnBegins, run_event::SourceRuns, run_event::SourceNamed, run_event::AwaitsMeter,
                  run_event::ManualTrigger, run_event::LevelColour, run_event::ReadingStored,
                  run_event::ReadingPlotted, run_event::SourceRests, run_event::TurnEnds,
                  run_event::TurnUnlocked, run_event::TurnAbandoned, run_event::SweepBegins,

@@ -1,15 +1,9 @@
 #include "acquisition/run/SourceCheck.h"
 
-#include "settings/SettingsTable.h"
-
 namespace lobegraph {
 
 bool ExternalMeterReady(const CollectionParts& parts) {
-  const bool ready = parts.Store.Get(kGaugeBridgeApplication, kSettingsSection, kPublishedActive.Key,
-                                     kPublishedActive.Default) != "N";
-  parts.frmdBMeter.SetStatusText(ready ? "The external power meter is ready."
-                                       : "The external power meter is not ready.");
-  parts.frmdBMeter.PaintStatusShape(ready ? StatusColour::Green : StatusColour::Red);
+  const bool ready = parts.Program.Ready();
   if (!ready) parts.Messages.Show({kExternalMeterMessage});
   return ready;
 }
@@ -20,6 +14,17 @@ bool SourceReady(const CollectionParts& parts) {
   if (!source.NeedsPort || parts.MSComm1.PortOpen()) return true;
   parts.Messages.Show({kMeterPortMessage});
   return false;
+}
+
+void AwaitMeter(const CollectionParts& parts, const std::function<bool()>& goesOn) {
+  if (parts.Source().Comes == Intake::Polled) parts.Meter.Forget();
+  if (parts.Meter.HistoryFull()) return;
+  parts.Window.Tell(run_event::AwaitsMeter{true});
+  while (!parts.Meter.HistoryFull() && goesOn()) {
+    parts.ReadInputLevel();
+    parts.Pump.ProcessPendingEvents();
+  }
+  parts.Window.Tell(run_event::AwaitsMeter{false});
 }
 
 }  // namespace lobegraph

@@ -15,7 +15,9 @@ constexpr const char* kNothingComes = "The sound input is open, but nothing has 
 
 }  // namespace
 
-std::string SoundCardCapture::StartRecording() {
+std::string SoundCardCapture::StartRecording(SourceMoves moves) {
+  moves_ = moves;
+  form_.FollowMoves(moves == SourceMoves::AreFollowed);
   form_.Initialize(kSamplesPerSecond, kBitsPerSample, kChannels, kAutomaticSize, "", failure_);
   if (!failure_.empty()) return failure_;
   blocksSeen_ = form_.BlocksAnalysed();
@@ -31,9 +33,9 @@ void SoundCardCapture::StopRecording() {
   form_.UninitializeSound();
 }
 
-bool SoundCardCapture::StartSoundCapture() {
-  if (state_.SoundCaptureActive) return true;
-  StartRecording();
+bool SoundCardCapture::StartSoundCapture(SourceMoves moves) {
+  if (state_.SoundCaptureActive && moves == moves_) return true;
+  StartRecording(moves);
   const std::uint64_t blocksBefore = form_.BlocksAnalysed();
   while (SoundFailure().empty()) {
     if (form_.BlocksAnalysed() != blocksBefore) return true;
@@ -55,7 +57,7 @@ std::string SoundCardCapture::SoundFailure() {
 
 bool SoundCardCapture::NothingCameForTooLong() {
   const std::int32_t nowMs = clock_.timeGetTime();
-  const auto sinceAsked = static_cast<std::uint32_t>(nowMs) - static_cast<std::uint32_t>(lastAskedMs_);
+  const std::uint32_t sinceAsked = MsBetween(lastAskedMs_, nowMs);
   // A program that stood still itself (suspended, stopped) has not heard what waits: one long gap alone is no
   // silence.
   const bool heard = form_.BlocksAnalysed() != blocksSeen_;

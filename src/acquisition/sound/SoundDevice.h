@@ -40,6 +40,8 @@ struct CaptureBuffer {
   std::int32_t HalfBytes = 0;
   std::int32_t BufferBytes = 0;  ///< 2 x HalfBytes
   NotifyPositions Positions;     ///< in the order second half full, first half full, stopped
+  bool FollowsMoves =
+      false;  ///< another source in the place of the opened one is captured; else it is a failure
 };
 
 /// Says in the words of the sound system what is wrong.
@@ -76,7 +78,7 @@ class CaptureDevice {
   virtual void Close() noexcept = 0;
   /// Copies a part of the ring.
   virtual void Read(std::int32_t offset, std::span<std::byte> out) const = 0;
-  /// What people call the opened source ("Monitor of Null Output"); empty when none was opened yet.
+  /// What people call the source that is captured ("Monitor of Null Output"); empty when none was opened yet.
   virtual std::string Description() const = 0;
 };
 

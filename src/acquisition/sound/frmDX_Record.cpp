@@ -28,6 +28,7 @@ void frmDX_Record::Initialize(std::int32_t samplesPerSecond, std::int16_t bitsPe
 
 void frmDX_Record::OpenBuffer(const std::string& identifier) {
   buffer_.BufferBytes = ToInt32(2.0 * buffer_.HalfBytes);
+  buffer_.FollowsMoves = followsMoves_;
   CreateEvents();
   device_.Open(identifier, buffer_, *this);
   hasBuffer_ = true;

@@ -18,6 +18,10 @@ class frmDX_Record final : public CaptureListener {
   frmDX_Record(const frmDX_Record&) = delete;
   frmDX_Record& operator=(const frmDX_Record&) = delete;
 
+  /// Whether what is opened from now on follows the source when the sound system puts another in its place.
+  /// If not, that is a failure.
+  void FollowMoves(bool follows) { followsMoves_ = follows; }
+
   /// Opens device and buffer; what was open before is released first.
   /// @param bufferBytes size of one notification block; below 1: 10 ms of audio.
   /// @param device identifier; empty: the first enumerated device.
@@ -50,6 +54,7 @@ class frmDX_Record final : public CaptureListener {
   SoundLevelState& state_;
   CaptureBuffer buffer_;
   bool hasBuffer_ = false;
+  bool followsMoves_ = false;
   std::int32_t lastEventHandle_ = 0;
   std::uint64_t blocksAnalysed_ = 0;
   std::string failure_;

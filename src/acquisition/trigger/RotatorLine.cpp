@@ -51,7 +51,7 @@ bool RotatorLine::CameAndWent(std::uint32_t changes) const {
 
 /// With equal numbers the meter's port carries the line as well, if it is open on that number: an old meter
 /// number must not leave the trigger dead.
-SCom& RotatorLine::LinePort() {
+SCom& RotatorLine::LinePort() const {
   const InputChoice& choice = parts_.Choice;
   const bool shared = choice.Commport == choice.Commtrigger && parts_.MSComm1.PortOpen() &&
                       parts_.MSComm1.PortNumber() == choice.Commtrigger;

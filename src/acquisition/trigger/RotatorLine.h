@@ -32,6 +32,9 @@ class RotatorLine {
   /// @throws RunTimeError 6 when the count of polls overflows
   char ReadTriggerState();
   void Sleep() { parts_.Sleep(); }
+  /// Whether pulses can come: the line's port is open. A USB module is only opened, and found missing, by a
+  /// poll.
+  bool Ready() const { return parts_.Choice.GaugeBridgeTrigger || LinePort().PortOpen(); }
 
   /// Trigger-state reads since the last one-second tick.
   std::int32_t UsbStateCount = 0;
@@ -40,7 +43,7 @@ class RotatorLine {
   char ReadUsb();
   char ReadLine();
   bool CameAndWent(std::uint32_t changes) const;
-  SCom& LinePort();
+  SCom& LinePort() const;
 
   Parts parts_;
   char lastState_ = 'L';

@@ -18,8 +18,12 @@ RotatorTrigger::Awaited RotatorTrigger::Await(char state) {
     if (std::exchange(flags_.ManualTriggerPressed, false)) return Awaited::Manual;
     const char now = line_.ReadTriggerState();
     pump_.ProcessPendingEvents();
+    if (flags_.TriggerPortGone) {  // and its line reads low, which is no end of a pulse
+      flags_.HaltRequested = 1;
+      return Awaited::Ended;
+    }
     if (now == state) return Awaited::Came;
-    if (flags_.HaltRequested == 1) return Awaited::Halted;
+    if (flags_.HaltRequested == 1 || !wanted_()) return Awaited::Ended;
     line_.Sleep();
   }
 }

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <functional>
+#include <utility>
+
 #include "acquisition/core/Clock.h"
 #include "acquisition/core/RunFlags.h"
 #include "acquisition/trigger/RotatorLine.h"
@@ -10,20 +13,23 @@ namespace lobegraph {
 /// stands in for a pulse at any time.
 class RotatorTrigger {
  public:
-  RotatorTrigger(RotatorLine& line, RunFlags& flags, EventPump& pump)
-      : line_(line), flags_(flags), pump_(pump) {}
+  /// @param wanted whether a pulse is still asked for, looked at in each poll
+  RotatorTrigger(RotatorLine& line, RunFlags& flags, EventPump& pump, std::function<bool()> wanted)
+      : line_(line), flags_(flags), pump_(pump), wanted_(std::move(wanted)) {}
 
   /// Serves the window at each poll of the line. A line that is high already counts: its next low fires.
-  /// @return true after a whole pulse or a manual trigger; false once HaltRequested is 1
+  /// @return true after a whole pulse or a manual trigger; false once HaltRequested is 1, which the port sets
+  /// when it vanishes, or when no pulse is wanted any more
   bool WaitForTrigger();
 
  private:
-  enum class Awaited { Came, Halted, Manual };
+  enum class Awaited { Came, Ended, Manual };
   Awaited Await(char state);
 
   RotatorLine& line_;
   RunFlags& flags_;
   EventPump& pump_;
+  std::function<bool()> wanted_;
 };
 
 }  // namespace lobegraph

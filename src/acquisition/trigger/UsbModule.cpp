@@ -91,7 +91,11 @@ bool UsbModule::Configure() {
 
 bool UsbModule::PinD0() {
   std::uint8_t pins = 0;
-  return Checked("FT_GetBitMode", library_.FT_GetBitMode(handle_, pins)) && (pins & 1U) != 0;
+  if (Checked("FT_GetBitMode", library_.FT_GetBitMode(handle_, pins))) return (pins & 1U) != 0;
+  // A module that was pulled out and plugged in again is another one to the system: the next poll opens it.
+  open_ = false;
+  library_.FT_Close(handle_);
+  return false;
 }
 
 bool UsbModule::Close() {

@@ -19,7 +19,7 @@ class UsbModule {
   /// meter window, which is shown when it failed; a failure also ends a collection.
   void OpenDevice(const std::string& wantedDescription);
   bool UsbDeviceOpen() const { return open_; }
-  /// Level of pin D0. A failure is reported and reads low.
+  /// Level of pin D0. A failure is reported and reads low, and the module is closed.
   bool PinD0();
   /// @return false when the module was open and did not close; it counts as closed all the same
   bool Close();

@@ -10,7 +10,9 @@ void InputCommands::cmdChooseInput_Click() {
   Enable(false);
   CloseInputs();
   showChooser_();
-  devices_.Open(InputDevices::Occasion::Chosen);
+  if (shared.Run.CloseRequested) return;  // the program has closed them for good meanwhile
+  const std::string hint = devices_.Open(InputDevices::Occasion::Chosen);
+  if (!hint.empty()) parts_.View.SetText(Control::lblHint, hint);
   shared.Run.InputReady = true;
   Enable(true);
   parts_.View.SetText(Control::lblSource, SourceLabel(shared.Settings.Input, sound_.SoundSourceName()));
@@ -26,6 +28,7 @@ void InputCommands::CloseInputs() {
   if (parts_.Shared.Sound.SoundCaptureActive) sound_.StopSoundCapture();
   parts_.Shared.Run.InputReady = false;
   devices_.ClosePorts();
+  devices_.CloseUsbModule();  // one that was plugged in again is found when the next pulse is waited for
 }
 
 }  // namespace lobegraph

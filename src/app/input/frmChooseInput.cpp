@@ -1,5 +1,7 @@
 #include "app/input/frmChooseInput.h"
 
+#include <algorithm>
+
 #include "acquisition/meters/LevelSource.h"
 #include "data/base/Numbers.h"
 #include "data/base/Rounding.h"
@@ -15,60 +17,77 @@ std::vector<std::string> Numbers(int first) {
   return entries;
 }
 
+/// The entry of a number; empty when there is none.
+std::string Among(const std::vector<std::string>& entries, int number) {
+  const auto entry = std::find(entries.begin(), entries.end(), std::to_string(number));
+  return entry == entries.end() ? "" : *entry;
+}
+
 }  // namespace
 
 void frmChooseInput::Form_Load() {
   loading_ = true;
-  view_.ShowMeterCom(false);
-  TickPresentChoice();
-  view_.FillComTrigger(Numbers(0));
-  view_.FillCommPort(Numbers(1));
-  TickPresentTrigger();
-  view_.SelectCommPort(std::to_string(Choice().Commport));
-  PortChosen();
+  const LevelSource& source = SourceToTick(Choice());
+  const bool usb = Choice().GaugeBridgeTrigger;
+  shown_ = {.Input = static_cast<int>(&source - LevelSources().data()),
+            .Trigger = usb ? chooser::kUsb : chooser::kCts,
+            .MeterComShown = source.NeedsPort,
+            .CommPorts = Numbers(1),
+            .ComTriggers = Numbers(0),
+            .ComTriggerEnabled = !usb};
+  shown_.CommPort = Among(shown_.CommPorts, Choice().Commport);
+  shown_.ComTrigger = Among(shown_.ComTriggers, usb ? 0 : Choice().Commtrigger);
+  ShowAll();
   loading_ = false;
 }
 
-void frmChooseInput::TickPresentChoice() {
-  const LevelSource& source = SourceToTick(Choice());
-  view_.TickInput(static_cast<int>(&source - LevelSources().data()));
-  if (source.NeedsPort) view_.ShowMeterCom(true);
-}
-
-void frmChooseInput::TickPresentTrigger() {
-  const bool usb = Choice().GaugeBridgeTrigger;
-  view_.TickTrigger(usb ? chooser::kUsb : chooser::kCts);
-  view_.SelectComTrigger(usb ? "0" : std::to_string(Choice().Commtrigger));
-  if (usb) view_.EnableComTrigger(false);
+void frmChooseInput::ShowAll() {
+  shown_.CommPortTitle = TitleOf(shown_.CommPort);
+  shown_.ComTriggerTitle = TitleOf(shown_.ComTrigger);
+  view_.Show(shown_);
 }
 
 void frmChooseInput::optInput_Click(int index) {
   if (loading_ || index < 0 || index >= static_cast<int>(LevelSources().size())) return;
   const LevelSource& source = LevelSources()[static_cast<std::size_t>(index)];
   Choose(source, Choice());
-  view_.ShowMeterCom(source.NeedsPort);
+  shown_.Input = index;
+  shown_.MeterComShown = source.NeedsPort;
+  ShowAll();
 }
 
 void frmChooseInput::optTrigger_Click(int index) {
   if (loading_) return;
-  if (index == chooser::kUsb) view_.SelectComTrigger("0");
-  view_.EnableComTrigger(index != chooser::kUsb);
-  PortChosen();
+  const bool usb = index == chooser::kUsb;
+  shown_.Trigger = index;
+  if (usb) shown_.ComTrigger = "0";
+  shown_.ComTriggerEnabled = !usb;
+  ShowAll();
+}
+
+void frmChooseInput::CommPort_Change(const std::string& number) {
+  shown_.CommPort = number;
+  ShowAll();
+}
+
+void frmChooseInput::ComTrigger_Change(const std::string& number) {
+  shown_.ComTrigger = number;
+  ShowAll();
 }
 
 void frmChooseInput::cmdOK_Click() {
   if (SerialMeterWithoutPort()) return parts_.Dialogs.ShowText(chooser::kNoPortMessage);
   InputChoice& choice = Choice();
-  choice.GaugeBridgeTrigger = view_.TriggerTicked(chooser::kUsb);
-  choice.Commport = ToInt16(LeadingNumber(view_.CommPortText()));
-  choice.Commtrigger = ToInt16(LeadingNumber(view_.ComTriggerText()));
+  choice.GaugeBridgeTrigger = shown_.Trigger == chooser::kUsb;
+  choice.Commport = ToInt16(LeadingNumber(shown_.CommPort));
+  choice.Commtrigger = ToInt16(LeadingNumber(shown_.ComTrigger));
   SaveChoice();
   SetTriggerBox();
   view_.Close();
 }
 
 bool frmChooseInput::SerialMeterWithoutPort() const {
-  return SourceOf(Choice()).NeedsPort && LeadingNumber(view_.CommPortText()) == 0;
+  return SourceOf(Choice()).NeedsPort && LeadingNumber(shown_.CommPort) == 0;
 }
 
 void frmChooseInput::SaveChoice() {
@@ -88,15 +107,11 @@ void frmChooseInput::cmdCancel_Click() {
   Guarded(parts_.Dialogs, "cmdCancel_Click", [this] { ReloadInputChoice(store_, Choice()); });
 }
 
-void frmChooseInput::PortChosen() {
-  view_.ShowPortTitles(TitleOf(view_.CommPortText()), TitleOf(view_.ComTriggerText()));
-}
-
 void frmChooseInput::Assign(const std::string& numberText, const std::string& path) {
   const int number = ToInt16(LeadingNumber(numberText));
   if (number == 0) return;
   assigned_[number] = path;
-  PortChosen();
+  ShowAll();
 }
 
 std::string frmChooseInput::TitleOf(const std::string& numberText) const {

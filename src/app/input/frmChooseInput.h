@@ -12,26 +12,25 @@
 
 namespace lobegraph {
 
-/// The chooser's controls.
+/// What the chooser shows.
+struct ChooserShown {
+  int Input = 0;               ///< the ticked option of `optInput`
+  int Trigger = 0;             ///< the ticked option of `optTrigger`
+  bool MeterComShown = false;  ///< `frmMeterCom`
+  std::vector<std::string> CommPorts = {};
+  std::vector<std::string> ComTriggers = {};
+  std::string CommPort = {};    ///< selected of CommPorts; empty: none
+  std::string ComTrigger = {};  ///< selected of ComTriggers; empty: none
+  bool ComTriggerEnabled = true;
+  std::string CommPortTitle = {};    ///< what the meter's number is now
+  std::string ComTriggerTitle = {};  ///< what the trigger's number is now
+};
+
+/// The chooser on the screen.
 class ChooserView {
  public:
   virtual ~ChooserView() = default;
-  /// Ticks one option of `optInput`; all others are cleared.
-  virtual void TickInput(int index) = 0;
-  /// The same for `optTrigger`.
-  virtual void TickTrigger(int index) = 0;
-  virtual bool TriggerTicked(int index) const = 0;
-  virtual void ShowMeterCom(bool shown) = 0;
-  virtual void FillCommPort(const std::vector<std::string>& entries) = 0;
-  virtual void FillComTrigger(const std::vector<std::string>& entries) = 0;
-  /// Selects the entry with this text; none when there is no such entry.
-  virtual void SelectCommPort(const std::string& text) = 0;
-  virtual void SelectComTrigger(const std::string& text) = 0;
-  virtual void EnableComTrigger(bool enabled) = 0;
-  virtual std::string CommPortText() const = 0;    ///< empty: nothing selected
-  virtual std::string ComTriggerText() const = 0;  ///< empty: nothing selected
-  /// What stands beside the lists.
-  virtual void ShowPortTitles(const std::string& meterPort, const std::string& triggerPort) = 0;
+  virtual void Show(const ChooserShown& shown) = 0;
   virtual void Close() = 0;
 };
 
@@ -50,17 +49,17 @@ class frmChooseInput {
   /// Takes the option clicks back and closes; also what the close box and Escape do.
   void cmdCancel_Click();
 
-  /// A list's number was changed: what it is now is shown beside it.
-  void PortChosen();
+  /// A number was chosen in a list: what it is now is shown beside it.
+  void CommPort_Change(const std::string& number);
+  void ComTrigger_Change(const std::string& number);
   /// The attached adapters that can be given to a number.
   std::vector<PortAdapter> Adapters() const { return ports_.Adapters(); }
   /// Gives an adapter to the number chosen in a list, from OK on.
-  void AssignMeterPort(const std::string& path) { Assign(view_.CommPortText(), path); }
-  void AssignTriggerPort(const std::string& path) { Assign(view_.ComTriggerText(), path); }
+  void AssignMeterPort(const std::string& path) { Assign(shown_.CommPort, path); }
+  void AssignTriggerPort(const std::string& path) { Assign(shown_.ComTrigger, path); }
 
  private:
-  void TickPresentChoice();
-  void TickPresentTrigger();
+  void ShowAll();
   bool SerialMeterWithoutPort() const;
   void SaveChoice();
   void SetTriggerBox();
@@ -72,6 +71,7 @@ class frmChooseInput {
   SettingsStore& store_;
   ComPorts& ports_;
   ChooserView& view_;
+  ChooserShown shown_;
   bool loading_ = false;
   std::map<int, std::string> assigned_;  ///< by COM number, saved with OK
 };

@@ -37,7 +37,6 @@ struct Platform {
   CaptureDevice& SoundDevice;
   InputDevices& Devices;
   SCom& MSComm1;
-  MeterDisplay& frmdBMeter;
   ExternalMeter& MeterProgram;
   RotatorLine& Trigger;
   std::string VersionText;          ///< "V1.2.3"

@@ -1,5 +1,7 @@
 #include "app/run/RunCommands.h"
 
+#include "app/run/AfterRun.h"
+
 namespace lobegraph {
 
 void RunCommands::cmdCollectData_Click() {
@@ -28,21 +30,11 @@ void RunCommands::Timer1_Timer() {
 }
 
 void RunCommands::AfterRun(const RunReport& report) {
-  if (!report.Ran || parts_.Shared.Run.CloseRequested) return;
+  if (parts_.Shared.Run.CloseRequested) return;
+  for (const UserMessage& box : BoxesAfterRun(report)) parts_.Dialogs.Show(box);
+  if (!report.Ran) return;
   copy_.Finish(parts_.Pattern.Record());
-  parts_.View.SetText(Control::lblHint, AfterRunHint(report, copy_.Failure()));
-}
-
-std::string AfterRunHint(const RunReport& report, const std::string& copyFailure) {
-  if (report.ReadingsTaken <= 0) return "No reading was taken.";
-  if (report.NothingHeard) return "Nothing was heard: check cable, volume and input.";
-  if (report.Late.Count == 1)
-    return "One reading came late, No. " + std::to_string(report.Late.First + 1) + ".";
-  if (report.Late.Count > 0)
-    return std::to_string(report.Late.Count) + " readings came late, the first is No. " +
-           std::to_string(report.Late.First + 1) + ".";
-  if (!copyFailure.empty()) return "Save File now: the safety copy failed (" + copyFailure + ").";
-  return std::to_string(report.ReadingsTaken) + " readings. Rescale turns the beam up; then Save File.";
+  parts_.View.SetText(Control::lblHint, HintAfterRun(report, copy_.Failure()).Shown());
 }
 
 }  // namespace lobegraph

@@ -28,10 +28,6 @@ class RunCommands {
   SafetyCopy& copy_;
 };
 
-/// The line that the window shows after a turn: what to do next, or what to distrust.
-/// @param copyFailure why the safety copy could not be written; empty when it could
-std::string AfterRunHint(const RunReport& report, const std::string& copyFailure);
-
 /// The line of a window that holds nothing yet.
 inline constexpr const char* kFirstHint = "Calibrate Input, start the rotator, press Collect Data.";
 

@@ -12,8 +12,10 @@ std::string TimeLeft(int readingsLeft, int rotationSeconds) {
   return std::to_string(seconds / kSecondsPerMinute) + ":" + (rest.size() < 2 ? "0" : "") + rest;
 }
 
-std::string StartHint(bool autoStart, bool triggered, int rotationSeconds) {
+std::string StartHint(bool autoStart, bool triggered, bool pulsesCome, int rotationSeconds) {
   if (autoStart) return "Waiting for a signal. Halt Collection ends the wait.";
+  if (triggered && !pulsesCome)
+    return "The trigger's port is not open: press Manual Trigger for each reading.";
   if (triggered) return "Waiting for the first trigger pulse.";
   return "Collecting: " + TimeLeft(kReadingsPerTurn, rotationSeconds) + " left.";
 }

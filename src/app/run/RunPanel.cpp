@@ -53,15 +53,20 @@ std::string RunPanel::DateTimeText() {
 void RunPanel::Lock() {
   const RunControls controls = Controls();
   rotationSeconds_ = controls.RotationSeconds;
-  BeginHint(StartHint(controls.AutoStart, controls.Triggered, rotationSeconds_));
+  BeginHint(StartHint(controls.AutoStart, controls.Triggered, trigger_.Ready(), rotationSeconds_));
   Enable(LockedInCollection(), false);
   parts_.View.SetEnabled(Control::cmdHaltInput, true);
   parts_.View.SetFocus(Control::cmdHaltInput);
   copy_.Begin(TimeForFileName());
 }
 
-void RunPanel::On(const run_event::SoundOpened&) {
-  parts_.View.SetText(Control::lblSource, sound_.SoundSourceName());
+void RunPanel::On(const run_event::SourceNamed& source) {
+  parts_.View.SetText(Control::lblSource, source.Name);
+}
+
+void RunPanel::On(const run_event::AwaitsMeter& meter) {
+  const char* waiting = parts_.Shared.Run.IsSweeping ? kSweepAwaitsMeterHint : kAwaitsMeterHint;
+  parts_.View.SetText(Control::lblHint, meter.Waits ? waiting : runHint_);
 }
 
 void RunPanel::On(const run_event::SourceRuns&) { board_.StartLiveTrace(parts_.Pattern.TurnForRun()); }
@@ -127,6 +132,7 @@ void RunPanel::On(const run_event::SweepEnds&) {
 
 void RunPanel::BeginHint(const std::string& hint) {
   hintBefore_ = parts_.View.Text(Control::lblHint);
+  runHint_ = hint;
   parts_.View.SetText(Control::lblHint, hint);
 }
 

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "acquisition/run/RunEvents.h"
-#include "acquisition/sound/SoundCapture.h"
+#include "acquisition/trigger/RotatorLine.h"
 #include "app/parts/AppParts.h"
 #include "app/plot/PatternDisplay.h"
 #include "app/plot/PlotBoard.h"
@@ -17,16 +17,17 @@ namespace lobegraph {
 class RunPanel {
  public:
   RunPanel(const AppParts& parts, PlotBoard& board, PatternDisplay& display, SafetyCopy& copy,
-           SoundCapture& sound)
-      : parts_(parts), board_(board), display_(display), copy_(copy), sound_(sound) {}
+           const RotatorLine& trigger)
+      : parts_(parts), board_(board), display_(display), copy_(copy), trigger_(trigger) {}
 
   RunControls Controls() const;
   void Show(const RunEvent& event);
 
  private:
   void On(const run_event::TurnBegins&);
-  void On(const run_event::SoundOpened&);
   void On(const run_event::SourceRuns&);
+  void On(const run_event::SourceNamed& source);
+  void On(const run_event::AwaitsMeter& meter);
   void On(const run_event::ManualTrigger& trigger);
   void On(const run_event::LevelColour& level) { PaintLevel(level.Colour); }
   void On(const run_event::ReadingStored& reading);
@@ -56,8 +57,9 @@ class RunPanel {
   PlotBoard& board_;
   PatternDisplay& display_;
   SafetyCopy& copy_;
-  SoundCapture& sound_;
+  const RotatorLine& trigger_;
   std::string hintBefore_;
+  std::string runHint_;
   int rotationSeconds_ = 0;
   std::optional<StatusColour> levelShade_;
 };

@@ -1,6 +1,7 @@
 // The values that an external meter program publishes.
 #include "acquisition/meters/ExternalMeter.h"
 
+#include "support/FakeClock.h"
 #include "support/MeterFakes.h"
 #include "support/RecordingStore.h"
 
@@ -14,8 +15,9 @@ struct Rig {
   SettingsValues Settings;
   test::FakeDisplay Display;
   RecordingStore Store;
-  dBMeter Meter{State, Settings, Display};
-  ExternalMeter External{Store, Meter, State, Display};
+  FakeClock Time;
+  dBMeter Meter{State, Settings, Display, Time};
+  ExternalMeter External{Store, Meter, State, Display, Time};
 
   void PollThrice() {
     for (int i = 0; i < 3; ++i) External.Poll();
@@ -78,6 +80,86 @@ TEST(ExternalMeter, AnythingButYKeepsTheLastLevelAndSaysSo) {
   }
 }
 
+TEST(ExternalMeter, WhatIsNoNumberIsNoValue) {
+  for (const char* text : {"-inf", "nan", "", "abc",
+                           "\xE2\x88\x92"
+                           "42.5",
+                           "-1e400", "1e999"}) {
+    Rig rig;
+    rig.Publish("Y", "-30");
+    rig.PollThrice();
+    const float level = rig.State.MeterLevel;
+    rig.Publish("Y", text);
+    rig.PollThrice();
+    EXPECT_EQ(rig.State.MeterLevel, level) << text;
+    EXPECT_EQ(rig.State.ValuesReceived, 3U) << text;
+    EXPECT_EQ(rig.Display.lblStatus, "The external power meter publishes no number.") << text;
+    EXPECT_EQ(rig.Display.Shape, StatusColour::Red) << text;
+    EXPECT_EQ(rig.State.Life.SilentAfterMs, 0U) << "it is told from its first reading on";
+  }
+}
+
+TEST(ExternalMeter, OneWhoseBeatHasStoppedFor2SecondsIsDead) {
+  Rig rig;
+  rig.Store.Put("Beat", "17", "GaugeBridge");
+  rig.Publish("Y", "-30");
+  rig.PollThrice();
+  rig.Time.Advance(1999);
+  rig.External.Poll();
+  EXPECT_EQ(rig.State.ValuesReceived, 4U);
+  EXPECT_EQ(rig.State.Life.Signs, 1U);
+  rig.Time.Advance(1);
+  rig.External.Poll();
+  EXPECT_EQ(rig.State.ValuesReceived, 4U);
+  EXPECT_EQ(rig.Display.lblStatus, "The external power meter has fallen silent.");
+  EXPECT_EQ(rig.Display.Shape, StatusColour::Red);
+  rig.Store.Put("Beat", "18", "GaugeBridge");
+  rig.External.Poll();
+  EXPECT_EQ(rig.State.ValuesReceived, 5U) << "it lives again";
+  EXPECT_EQ(rig.State.Life.Signs, 2U);
+}
+
+TEST(ExternalMeter, ANewReadingOrAFileWrittenAnewIsASignOfLifeToo) {
+  Rig rig;
+  rig.Store.Put("Beat", "17", "GaugeBridge");
+  rig.Publish("Y", "-30");
+  rig.Store.Change = StoreChange{.Stamp = 1};
+  rig.External.Poll();
+  rig.Publish("Y", "-31");
+  rig.External.Poll();
+  rig.Store.Change->Stamp = 2;
+  rig.External.Poll();
+  rig.External.Poll();
+  EXPECT_EQ(rig.State.Life.Signs, 3U);
+  EXPECT_FALSE(rig.State.Life.ToldByChangesOnly);
+}
+
+TEST(ExternalMeter, OfOneWithoutABeatEachPollIsASignAndOnlyChangesTellWhetherItLives) {
+  Rig rig;
+  rig.Publish("Y", "-30");
+  rig.PollThrice();
+  EXPECT_EQ(rig.State.Life.Signs, 3U);
+  EXPECT_EQ(rig.State.Life.Changes, 1U);
+  EXPECT_TRUE(rig.State.Life.ToldByChangesOnly);
+  rig.Time.Advance(60'000);
+  rig.External.Poll();
+  EXPECT_EQ(rig.State.ValuesReceived, 4U) << "a steady signal";
+}
+
+TEST(ExternalMeter, OneThatLeftActiveBehindWithAnOldBeatIsNotReady) {
+  for (const auto& [beat, ageMs, ready] : {std::tuple{"17", 1999, true},
+                                           {"17", 2000, false},
+                                           {"", 86'400'000, true},
+                                           {"17", -3'600'000, true}}) {
+    Rig rig;
+    rig.Publish("Y", "-30");
+    rig.Store.Put("Beat", beat, "GaugeBridge");
+    rig.Store.Change = StoreChange{.Stamp = 1, .Age = std::chrono::milliseconds(ageMs)};
+    EXPECT_EQ(rig.External.Ready(), ready) << beat << " " << ageMs;
+    EXPECT_EQ(rig.Display.Shape, ready ? StatusColour::Green : StatusColour::Red);
+  }
+}
+
 TEST(ExternalMeter, ThatNeverPublishedIsNotReady) {
   Rig rig;
   rig.External.Poll();
@@ -85,9 +167,9 @@ TEST(ExternalMeter, ThatNeverPublishedIsNotReady) {
   EXPECT_THAT(rig.Store.Log, ElementsAre("get GaugeBridge/Settings/Active"));
 }
 
-TEST(ExternalMeter, APublishedNumberOfAnySizeIsFullScaleAndNoFault) {
+TEST(ExternalMeter, ANumberOfAnySizeIsAValueAndNoFault) {
   Rig rig;
-  rig.Publish("Y", "1e999");
+  rig.Publish("Y", "1e99");
   rig.PollThrice();
   EXPECT_FLOAT_EQ(rig.State.MeterDb, 60.0F);
   rig.Publish("Y", "-1e99");

@@ -1,6 +1,7 @@
 // Opening and closing the meter's and the trigger's ports.
 #include "acquisition/meters/InputDevices.h"
 
+#include "support/FakeClock.h"
 #include "support/MeterFakes.h"
 
 namespace lobegraph {
@@ -21,8 +22,9 @@ struct DevicesRig {
   InputChoice& Choice = Settings.Input;
   RunFlags Flags;
   UsbModule Usb{Library, Display, Flags, Boxes};
-  dBMeter Meter{State, Settings, Display};
-  InputDevices Devices{{MSComm1, MSCommTrigger, Usb, Display, Meter, Settings, Boxes}};
+  FakeClock Time;
+  dBMeter Meter{State, Settings, Display, Time};
+  InputDevices Devices{{MSComm1, MSCommTrigger, Usb, Display, Meter, State, Flags, Settings, Boxes}};
 };
 
 TEST(OpenMeterPort, OpensTheNumberAtTheSpeed) {
@@ -144,8 +146,8 @@ struct OpenRow {
 };
 class Opening : public ::testing::TestWithParam<OpenRow> {};
 const OpenRow kOpenRows[] = {
-    {"Microphone", {.InputDeviceIsLineIn = false, .Commport = 2}, {}, {}},
-    {"LineIn", {.Commport = 2}, {}, {}},
+    {"Microphone", {.InputDeviceIsLineIn = false, .Commport = 2}, {}, {"hide meter window"}},
+    {"LineIn", {.Commport = 2}, {}, {"hide meter window"}},
     {"Tarven",
      {.InputDeviceIsdBMeter = true, .Commport = 2},
      {"show meter window", "meter open 2 38400"},
@@ -163,10 +165,12 @@ const OpenRow kOpenRows[] = {
 TEST_P(Opening, OpensWhatItsSourceNeedsThenTheTriggersPort) {
   for (const auto occasion : {InputDevices::Occasion::StartUp, InputDevices::Occasion::Chosen}) {
     DevicesRig rig;
-    rig.Display.OnChange = [&](const std::string& change) { rig.Made.push_back(change); };
+    rig.Display.OnChange = [&](const std::string& change) {
+      if (change.ends_with("window")) rig.Made.push_back(change);
+    };
     rig.Choice = GetParam().Choice;
     rig.Choice.Commtrigger = 7;
-    rig.Devices.Open(occasion);
+    EXPECT_EQ(rig.Devices.Open(occasion), "");
     test::Calls expected =
         occasion == InputDevices::Occasion::StartUp ? GetParam().AtStartUp : GetParam().OnceChosen;
     expected.emplace_back("trigger open 7 57600");
@@ -175,6 +179,63 @@ TEST_P(Opening, OpensWhatItsSourceNeedsThenTheTriggersPort) {
 }
 INSTANTIATE_TEST_SUITE_P(Sources, Opening, ::testing::ValuesIn(kOpenRows),
                          [](const auto& row) { return row.param.Name; });
+
+TEST(InputDevices, WhatAnotherMeterSaidIsForgottenAndNoMoreShown) {
+  DevicesRig rig;
+  rig.Choice.InputDeviceIsdBMeter = true;
+  for (int i = 0; i < 3; ++i) rig.Meter.ParseChars("\r600 ");
+  rig.Meter.ParseChars("\r12");
+  rig.Display.SetStatusText("The meter's port has gone. Plug it in and choose the input again.");
+  rig.Choice.ROSKAmeter = true;
+  rig.Choice.Commport = 2;
+  rig.Devices.Open(InputDevices::Occasion::Chosen);
+  EXPECT_FALSE(rig.State.HistoryFull());
+  EXPECT_EQ(rig.Display.Reading, "");
+  EXPECT_EQ(rig.Display.DownDb, -1);
+  EXPECT_EQ(rig.Display.Indicator, std::nullopt);
+  EXPECT_EQ(rig.Display.Shape, StatusColour::Green);
+  EXPECT_EQ(rig.Display.lblStatus, "The meter's port COM2 is open.");
+  rig.Meter.ParseChars("3;");
+  EXPECT_EQ(rig.Display.Reading, "3");
+}
+
+TEST(InputDevices, APortThatDoesNotOpenIsRedInTheMetersWindow) {
+  DevicesRig rig;
+  rig.Choice = {.InputDeviceIsdBMeter = true, .Commport = 2};
+  rig.MSComm1.OnOpen.Opened = false;
+  rig.Devices.Open(InputDevices::Occasion::StartUp);
+  EXPECT_EQ(rig.Display.Shape, StatusColour::Red);
+  EXPECT_EQ(rig.Display.lblStatus, "The meter's port COM2 is not open.");
+}
+
+TEST(InputDevices, AnOldPortNumberBesideTheProgramIsALineAndNoBox) {
+  DevicesRig rig;
+  rig.Choice = {.InputDeviceIsdBMeter = true, .GaugeBridge = true, .Commport = 7};
+  rig.MSComm1.OnOpen.Opened = false;
+  EXPECT_EQ(rig.Devices.Open(InputDevices::Occasion::Chosen),
+            "COM7 is not to be had; the meter program does not need it.");
+  EXPECT_THAT(rig.Boxes.Texts, IsEmpty());
+  EXPECT_EQ(rig.Display.Shape, std::nullopt) << "the port says nothing of the program";
+}
+
+TEST(InputDevices, ATriggersPortThatGoesIsToldToTheRun) {
+  DevicesRig rig;
+  rig.MSCommTrigger.OnGone();
+  EXPECT_TRUE(rig.Flags.TriggerPortGone);
+}
+
+TEST(InputDevices, AMetersPortThatGoesIsTheTriggersWhereTheyShareIt) {
+  for (const bool usb : {false, true}) {
+    for (const auto trigger : std::initializer_list<std::int16_t>{0, 4, 5}) {
+      DevicesRig rig;
+      rig.Choice = {
+          .InputDeviceIsdBMeter = true, .GaugeBridgeTrigger = usb, .Commport = 4, .Commtrigger = trigger};
+      rig.Devices.Open(InputDevices::Occasion::Chosen);
+      rig.MSComm1.OnGone();
+      EXPECT_EQ(rig.Flags.TriggerPortGone, trigger == 4 && !usb);
+    }
+  }
+}
 
 TEST(InputDevices, ClosingTouchesOpenPortsOnly) {
   DevicesRig rig;

@@ -20,6 +20,10 @@ const ReceivedRow kRows[] = {
     {"TheNeighboursOfTheDigitsAreNone", "1/2:3;", {"123"}},
     {"ASpaceEmptiesTheBuffer", "12 34;", {"34"}},
     {"AnEmptyBufferConvertsAfterASpace", "123; ;", {"123", ""}},
+    {"AnEmptyBufferIsNoNumberElsewhere", "300;;300;;", {"300", "300"}},
+    {"ASemicolonAloneIsNoNumber", ";", {}},
+    {"NorBehindALineEnd", "300;\r\n;", {"300"}},
+    {"NorBehindABlankAndALineEnd", "300; \n;", {"300"}},
     {"OtherCharactersAreIgnored", "a1\r\nb2.-3;", {"123"}},
     {"NothingWithoutItsEnd", "123", {}},
 };

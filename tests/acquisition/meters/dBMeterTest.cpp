@@ -1,6 +1,7 @@
 // From a meter's value to the level, and the calibration.
 #include "acquisition/meters/dBMeter.h"
 
+#include "support/FakeClock.h"
 #include "support/MeterFakes.h"
 #include "support/RecordingStore.h"
 
@@ -14,7 +15,8 @@ struct Rig {
   SettingsValues Settings;
   test::FakeDisplay Display;
   RecordingStore Store;
-  dBMeter Meter{State, Settings, Display};
+  FakeClock Time;
+  dBMeter Meter{State, Settings, Display, Time};
 
   explicit Rig(bool roska = false) {
     Settings.Input.InputDeviceIsdBMeter = true;
@@ -76,6 +78,20 @@ TEST(ConvertReading, TheHistoryHoldsTheNewestFirst) {
   EXPECT_EQ(rig.State.ValuesReceived, 4U);
 }
 
+TEST(ConvertReading, ThreeValuesFillTheMeanUntilItIsForgotten) {
+  Rig rig;
+  for (const bool full : {false, false, true, true}) {
+    rig.Meter.ConvertReading("300");
+    EXPECT_EQ(rig.State.HistoryFull(), full);
+  }
+  rig.State.Received.Buffer = "12";
+  rig.State.Forget();
+  EXPECT_FALSE(rig.State.HistoryFull());
+  EXPECT_EQ(rig.State.Received.Buffer, "") << "or it would join the next meter's first number";
+  rig.Meter.ConvertReading("600");
+  EXPECT_FLOAT_EQ(rig.State.MeterDb, 20.0F) << "nothing of the former meter is in the mean";
+}
+
 TEST(ConvertReading, ACalibrationAboveTheAverageIs0dBAndLevel1) {
   Rig rig;
   rig.Settings.dBCalAdjust0dB = 400.0F;
@@ -115,6 +131,18 @@ TEST(ParseChars, TheNumberIsShownAsSentWithItsDecibelsDown) {
     EXPECT_FLOAT_EQ(rig.Display.DownDb, 55.0F);
     EXPECT_NEAR(rig.State.MeterLevel, 1.7783F, 1e-4F);
   }
+}
+
+TEST(ParseChars, EachNumberIsASignOfLifeAndTheMetersPaceIsLearnt) {
+  Rig rig(true);
+  EXPECT_EQ(rig.State.Life.SilentAfterMs, 1000U);
+  for (int text = 0; text < 5; ++text) {
+    rig.Meter.ParseChars("300;300;");
+    rig.Time.Advance(100);
+    rig.Meter.ParseChars("30");  // the beginning of the next
+  }
+  EXPECT_EQ(rig.State.Life.Signs, 10U);
+  EXPECT_EQ(rig.State.Life.SilentAfterMs, 100U) << "two values in 100 ms, and twice that interval";
 }
 
 TEST(ParseChars, NumbersAreTenthsOfADecibel) {

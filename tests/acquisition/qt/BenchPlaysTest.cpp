@@ -29,7 +29,8 @@ std::string Printed(const PrivatePulse& server) {
 TEST(BenchPlays, ASteadyLevelIsHeardExactly) {
   PrivatePulse server;
   SoundListener listener;
-  ASSERT_TRUE(listener.Capture.StartSoundCapture()) << listener.Capture.SoundFailure();
+  ASSERT_TRUE(listener.Capture.StartSoundCapture(SourceMoves::AreFailures))
+      << listener.Capture.SoundFailure();
   for (const char* peak : {"900", "333", "1023"}) {
     const ChildProcess bench = Bench(
         server, {"--antenna", "cardioid", "--seconds", "86400", "--start-bearing", "0", "--peak", peak});
@@ -43,7 +44,8 @@ TEST(BenchPlays, TheLevelFollowsTheTurningAntennaWithin1PercentOfItsPeak) {
   constexpr double kSecondsPerTurn = 20, kListenMs = 9000, kPeak = 900;
   PrivatePulse server;
   SoundListener listener;
-  ASSERT_TRUE(listener.Capture.StartSoundCapture()) << listener.Capture.SoundFailure();
+  ASSERT_TRUE(listener.Capture.StartSoundCapture(SourceMoves::AreFailures))
+      << listener.Capture.SoundFailure();
   const ChildProcess bench = Bench(server, {"--antenna", "cardioid", "--seconds", "20", "--start-bearing",
                                             "90", "--seconds-of-silence-before", "0.5"});
   ASSERT_TRUE(listener.YieldUntil([&] { return listener.State.SoundLevel > 400; }, 5000));
@@ -73,7 +75,7 @@ class BenchStops : public ::testing::TestWithParam<int> {};
 TEST_P(BenchStops, CleanlyOnASignal) {
   PrivatePulse server;
   SoundListener listener;
-  ASSERT_TRUE(listener.Capture.StartSoundCapture());
+  ASSERT_TRUE(listener.Capture.StartSoundCapture(SourceMoves::AreFailures));
   ChildProcess bench = Bench(server, {"--antenna", "omni"});
   ASSERT_TRUE(listener.YieldUntil([&] { return listener.State.SoundLevel > 100; }, 5000));
   bench.Signal(GetParam());
@@ -110,7 +112,7 @@ TEST(BenchPlays, AServerWithoutAnySinkIsSaidSo) {
 TEST(BenchPlays, AServerKilledInTheMiddleEndsItWithTheReason) {
   PrivatePulse server;
   SoundListener listener;
-  ASSERT_TRUE(listener.Capture.StartSoundCapture());
+  ASSERT_TRUE(listener.Capture.StartSoundCapture(SourceMoves::AreFailures));
   ChildProcess bench = Bench(server, {"--antenna", "omni"});
   ASSERT_TRUE(listener.YieldUntil([&] { return listener.State.SoundLevel > 100; }, 5000));
   server.Kill();

@@ -52,17 +52,18 @@ struct MeterTurn {
   ComPorts Ports{Store};
   SystemClock Time;
   QtEventPump Window;
-  SourceWatch Pump{Window, Rig.Sound, Rig.Flags};
+  SourceWatch Pump{Window, Rig.Sound, Rig.Flags, Rig.Meter, Time};
   SerialControl MSComm1{Ports}, MSCommTrigger{Ports};
   FakeDisplay Display;
   FakeD2xx Library;
   UsbModule Usb{Library, Display, Rig.Flags, Rig.Messages};
-  dBMeter Meter{Rig.Meter, Rig.Settings, Display};
-  ExternalMeter External{Store, Meter, Rig.Meter, Display};
-  InputDevices Devices{{MSComm1, MSCommTrigger, Usb, Display, Meter, Rig.Settings, Rig.Messages}};
+  dBMeter Meter{Rig.Meter, Rig.Settings, Display, Time};
+  ExternalMeter External{Store, Meter, Rig.Meter, Display, Time};
+  InputDevices Devices{
+      {MSComm1, MSCommTrigger, Usb, Display, Meter, Rig.Meter, Rig.Flags, Rig.Settings, Rig.Messages}};
   RotatorLine Line{
       {Rig.Choice, MSComm1, MSCommTrigger, Usb, Rig.Flags, [this] { Time.SleepMicroseconds(200); }}};
-  RotatorTrigger Trigger{Line, Rig.Flags, Pump};
+  RotatorTrigger Trigger{Line, Rig.Flags, Pump, [] { return true; }};
   SoundLevelState Sound;
   SoundThresholds Thresholds;
   ChosenInput Input{
@@ -75,9 +76,8 @@ struct MeterTurn {
                         [this] { return Trigger.WaitForTrigger(); },
                         Rig.Sound,
                         MSComm1,
-                        Display,
                         Rig.Meter,
-                        Store,
+                        External,
                         Rig.Settings,
                         Rig.Front(),
                         234.0F,

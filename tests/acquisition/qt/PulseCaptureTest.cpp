@@ -46,7 +46,8 @@ int EntriesOf(const char* folder) {
 TEST(PulseCaptureTest, TheLevelOfAToneIsItsAmplitudeDividedBy32) {
   PrivatePulse server;
   SoundListener listener;
-  ASSERT_TRUE(listener.Capture.StartSoundCapture()) << listener.Capture.SoundFailure();
+  ASSERT_TRUE(listener.Capture.StartSoundCapture(SourceMoves::AreFailures))
+      << listener.Capture.SoundFailure();
   for (const int amplitude : {32000, 16000, 3200}) {
     const ChildProcess player = Play(ToneFile(server, amplitude, 3));
     const auto heard = [&] { return listener.State.SoundLevel == static_cast<float>(amplitude) / 32; };
@@ -58,7 +59,8 @@ TEST(PulseCaptureTest, AMicrophoneThatHearsSilenceReads1) {
   PrivatePulse server;
   SoundListener listener;
   listener.State.SoundLevel = 500;
-  ASSERT_TRUE(listener.Capture.StartSoundCapture()) << listener.Capture.SoundFailure();
+  ASSERT_TRUE(listener.Capture.StartSoundCapture(SourceMoves::AreFailures))
+      << listener.Capture.SoundFailure();
   EXPECT_EQ(listener.State.SoundLevel, 0.0F);
   EXPECT_EQ(ReadSoundLevel(listener.State, true, 1000, {}, listener.Time).Level, 1.0F);
 }
@@ -69,11 +71,13 @@ TEST(PulseCaptureTest, TheSourceIsTheServersDefaultAskedForAtEachStart) {
        "module-null-sink sink_name=other norewinds=1 sink_properties=device.description=Other"});
   SoundListener listener;
   ASSERT_EQ(server.Pactl({"set-default-source", "rx.monitor"}), 0);
-  ASSERT_TRUE(listener.Capture.StartSoundCapture()) << listener.Capture.SoundFailure();
+  ASSERT_TRUE(listener.Capture.StartSoundCapture(SourceMoves::AreFailures))
+      << listener.Capture.SoundFailure();
   EXPECT_EQ(listener.Capture.SoundSourceName(), "Monitor of Receiver");
   listener.Capture.StopSoundCapture();
   ASSERT_EQ(server.Pactl({"set-default-source", "other.monitor"}), 0);
-  ASSERT_TRUE(listener.Capture.StartSoundCapture()) << listener.Capture.SoundFailure();
+  ASSERT_TRUE(listener.Capture.StartSoundCapture(SourceMoves::AreFailures))
+      << listener.Capture.SoundFailure();
   EXPECT_EQ(listener.Capture.SoundSourceName(), "Monitor of Other");
 }
 
@@ -92,7 +96,7 @@ TEST(PulseCaptureTest, ASourceCanBeNamed) {
 TEST(PulseCaptureTest, NoticesComeOnlyWhileTheWindowIsServed) {
   PrivatePulse server;
   SoundListener listener;
-  ASSERT_TRUE(listener.Capture.StartSoundCapture());
+  ASSERT_TRUE(listener.Capture.StartSoundCapture(SourceMoves::AreFailures));
   const std::uint64_t before = listener.Form.BlocksAnalysed();
   listener.Time.Sleep(300);
   EXPECT_EQ(listener.Form.BlocksAnalysed(), before);
@@ -102,10 +106,66 @@ TEST(PulseCaptureTest, NoticesComeOnlyWhileTheWindowIsServed) {
   EXPECT_LE(analysed, 3U) << "the two newest halves, and at most one that came in meanwhile";
 }
 
+TEST(PulseCaptureTest, ServingTheWindowAloneLeavesTheNoticesInTheirQueue) {
+  PrivatePulse server;
+  SoundListener listener;
+  ASSERT_TRUE(listener.Capture.StartSoundCapture(SourceMoves::AreFailures));
+  const std::uint64_t before = listener.Form.BlocksAnalysed();
+  for (int i = 0; i < 20; ++i) {
+    listener.Time.Sleep(15);
+    listener.Pump.ServeWindow();
+  }
+  EXPECT_EQ(listener.Form.BlocksAnalysed(), before);
+  listener.Pump.ProcessPendingEvents();
+  EXPECT_GE(listener.Form.BlocksAnalysed(), before + 1) << "and nothing of them is lost";
+}
+
+/// Two sources; the first is captured.
+std::vector<std::string> TwoSinks() {
+  return {PrivatePulse::NullSink().front(),
+          "module-null-sink sink_name=other rate=44100 channels=2 format=s16le norewinds=1 "
+          "sink_properties=device.description=Other"};
+}
+
+TEST(PulseCaptureTest, DuringACollectionASourceThatIsPulledOutIsAFailureThoughAnotherIsThere) {
+  PrivatePulse server(TwoSinks());
+  SoundListener listener;
+  ASSERT_EQ(server.Pactl({"set-default-source", "rx.monitor"}), 0);
+  ASSERT_TRUE(listener.Capture.StartSoundCapture(SourceMoves::AreFailures));
+  ASSERT_EQ(server.Pactl({"unload-module", "module-null-sink"}), 0);
+  EXPECT_TRUE(listener.YieldUntil([&] { return !listener.Capture.SoundFailure().empty(); }, 1500));
+  EXPECT_EQ(listener.Capture.SoundFailure(), "The sound input has gone.");
+}
+
+TEST(PulseCaptureTest, DuringACollectionNobodyCanPutAnotherSourceInItsPlace) {
+  PrivatePulse server(TwoSinks());
+  SoundListener listener;
+  ASSERT_EQ(server.Pactl({"set-default-source", "rx.monitor"}), 0);
+  ASSERT_TRUE(listener.Capture.StartSoundCapture(SourceMoves::AreFailures));
+  EXPECT_NE(server.Pactl({"move-source-output", "0", "other.monitor"}), 0) << "refused";
+  ASSERT_EQ(server.Pactl({"set-default-source", "other.monitor"}), 0);
+  EXPECT_FALSE(listener.YieldUntil([&] { return !listener.Capture.SoundFailure().empty(); }, 500));
+  EXPECT_EQ(listener.Capture.SoundSourceName(), "Monitor of Receiver");
+}
+
+TEST(PulseCaptureTest, DuringASweepASourceThatTakesItsPlaceIsFollowedByItsName) {
+  PrivatePulse server(TwoSinks());
+  SoundListener listener;
+  ASSERT_EQ(server.Pactl({"set-default-source", "rx.monitor"}), 0);
+  ASSERT_TRUE(listener.Capture.StartSoundCapture(SourceMoves::AreFollowed));
+  ASSERT_EQ(server.Pactl({"move-source-output", "0", "other.monitor"}), 0);
+  EXPECT_TRUE(
+      listener.YieldUntil([&] { return listener.Capture.SoundSourceName() == "Monitor of Other"; }, 1500));
+  ASSERT_EQ(server.Pactl({"move-source-output", "0", "rx.monitor"}), 0);
+  EXPECT_TRUE(
+      listener.YieldUntil([&] { return listener.Capture.SoundSourceName() == "Monitor of Receiver"; }, 1500));
+  EXPECT_EQ(listener.Capture.SoundFailure(), "");
+}
+
 TEST(PulseCaptureTest, BlocksComeEveryTenMilliseconds) {
   PrivatePulse server;
   SoundListener listener;
-  ASSERT_TRUE(listener.Capture.StartSoundCapture());
+  ASSERT_TRUE(listener.Capture.StartSoundCapture(SourceMoves::AreFailures));
   const std::uint64_t before = listener.Form.BlocksAnalysed();
   listener.YieldUntil([] { return false; }, 1000);
   EXPECT_NEAR(static_cast<double>(listener.Form.BlocksAnalysed() - before), 100, 15);
@@ -115,7 +175,7 @@ TEST(PulseCaptureTest, AFreshBlockIsThereWithinThreeTenthsOfASecond) {
   PrivatePulse server;
   SoundListener listener;
   const std::int32_t start = listener.Time.timeGetTime();
-  ASSERT_TRUE(listener.Capture.StartSoundCapture());
+  ASSERT_TRUE(listener.Capture.StartSoundCapture(SourceMoves::AreFailures));
   EXPECT_LT(listener.Time.timeGetTime() - start, 300);
 }
 
@@ -123,7 +183,7 @@ TEST(PulseCaptureTest, WithoutAServerTheStartFailsAtOnceAndSaysWhy) {
   setenv("PULSE_SERVER", "unix:/nonexistent/lobegraph.sock", 1);
   SoundListener listener;
   const std::int32_t start = listener.Time.timeGetTime();
-  EXPECT_FALSE(listener.Capture.StartSoundCapture());
+  EXPECT_FALSE(listener.Capture.StartSoundCapture(SourceMoves::AreFailures));
   EXPECT_LT(listener.Time.timeGetTime() - start, 500);
   EXPECT_THAT(listener.Capture.SoundFailure(), HasSubstr("No sound server answers"));
   EXPECT_FALSE(listener.State.SoundCaptureActive);
@@ -133,14 +193,14 @@ TEST(PulseCaptureTest, WithoutAServerTheStartFailsAtOnceAndSaysWhy) {
 TEST(PulseCaptureTest, AServerWithoutAnyInputIsSaidSo) {
   PrivatePulse server(std::vector<std::string>{});
   SoundListener listener;
-  EXPECT_FALSE(listener.Capture.StartSoundCapture());
+  EXPECT_FALSE(listener.Capture.StartSoundCapture(SourceMoves::AreFailures));
   EXPECT_EQ(listener.Capture.SoundFailure(), "The sound server has no input.");
 }
 
 TEST(PulseCaptureTest, AServerKilledInTheMiddleIsAFailureWithinTwoSeconds) {
   PrivatePulse server;
   SoundListener listener;
-  ASSERT_TRUE(listener.Capture.StartSoundCapture());
+  ASSERT_TRUE(listener.Capture.StartSoundCapture(SourceMoves::AreFailures));
   server.Kill();
   EXPECT_TRUE(listener.YieldUntil([&] { return !listener.Capture.SoundFailure().empty(); }, 2000));
   EXPECT_THAT(listener.Capture.SoundFailure(), HasSubstr("The sound server has gone"));
@@ -151,7 +211,7 @@ TEST(PulseCaptureTest, AServerKilledInTheMiddleIsAFailureWithinTwoSeconds) {
 TEST(PulseCaptureTest, ASourceThatIsUnpluggedInTheMiddleIsAFailure) {
   PrivatePulse server;
   SoundListener listener;
-  ASSERT_TRUE(listener.Capture.StartSoundCapture());
+  ASSERT_TRUE(listener.Capture.StartSoundCapture(SourceMoves::AreFailures));
   ASSERT_EQ(server.Pactl({"unload-module", "module-null-sink"}), 0);
   EXPECT_TRUE(listener.YieldUntil([&] { return !listener.Capture.SoundFailure().empty(); }, 2000));
   EXPECT_EQ(listener.Capture.SoundFailure(), "The sound input has gone.");
@@ -160,16 +220,16 @@ TEST(PulseCaptureTest, ASourceThatIsUnpluggedInTheMiddleIsAFailure) {
 TEST(PulseCaptureTest, AServerThatStandsStillIsAFailureNotAHang) {
   PrivatePulse server;
   SoundListener listener;
-  ASSERT_TRUE(listener.Capture.StartSoundCapture());
+  ASSERT_TRUE(listener.Capture.StartSoundCapture(SourceMoves::AreFailures));
   server.Freeze();
   EXPECT_TRUE(listener.YieldUntil([&] { return !listener.Capture.SoundFailure().empty(); }, 2500));
   listener.Capture.StopSoundCapture();
   const std::int32_t start = listener.Time.timeGetTime();
-  EXPECT_FALSE(listener.Capture.StartSoundCapture());
+  EXPECT_FALSE(listener.Capture.StartSoundCapture(SourceMoves::AreFailures));
   EXPECT_LT(listener.Time.timeGetTime() - start, 2500);
   EXPECT_THAT(listener.Capture.SoundFailure(), HasSubstr("does not answer"));
   server.Thaw();
-  EXPECT_TRUE(listener.Capture.StartSoundCapture())
+  EXPECT_TRUE(listener.Capture.StartSoundCapture(SourceMoves::AreFailures))
       << "and it works again: " << listener.Capture.SoundFailure();
 }
 
@@ -177,7 +237,8 @@ TEST(PulseCaptureTest, FiftyStartsAndStopsLeaveNothingBehind) {
   PrivatePulse server;
   SoundListener listener;
   const auto startAndStop = [&] {
-    ASSERT_TRUE(listener.Capture.StartSoundCapture()) << listener.Capture.SoundFailure();
+    ASSERT_TRUE(listener.Capture.StartSoundCapture(SourceMoves::AreFailures))
+        << listener.Capture.SoundFailure();
     listener.Capture.StopSoundCapture();
   };
   startAndStop();

@@ -15,10 +15,10 @@ namespace lobegraph::test {
 /// The program's own sound input, whole, as the main window holds it.
 struct SoundListener {
   SoundLevelState State;
-  PulseCapture Device;
+  QtEventPump Pump;
+  PulseCapture Device{&Pump.Gate()};
   frmDX_Record Form{Device, State};
   SystemClock Time;
-  QtEventPump Pump;
   SoundCardCapture Capture{Form, State, Time, Pump};
 
   /// Yields as a run does until reached() holds. @return whether it came to that in time

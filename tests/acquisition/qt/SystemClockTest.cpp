@@ -26,6 +26,13 @@ TEST(SystemClockTest, StartsAt0AndGoesForwardInMilliseconds) {
   EXPECT_NEAR(clock.timeGetTime(), MsSince(start), 20);
 }
 
+TEST(SystemClockTest, OfAComputerThatStaysAwakeTheTimeSuspendedStandsStill) {
+  SystemClock clock;
+  const std::int64_t before = clock.SuspendedMs();
+  clock.Sleep(50);
+  EXPECT_NEAR(static_cast<double>(clock.SuspendedMs()), static_cast<double>(before), 20);
+}
+
 TEST(SystemClockTest, SleepLastsAtLeastWhatWasAsked) {
   SystemClock clock;
   const auto start = steady_clock::now();

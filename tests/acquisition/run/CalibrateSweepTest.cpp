@@ -132,7 +132,7 @@ TEST(CalibrateSweep, begins_in_its_order) {
   UntickAfter(rig, 1);
   rig.Sweep.Timer1_Timer();
   const CallLog begin(rig.Log.begin(), rig.Log.begin() + 4);
-  EXPECT_THAT(begin, ElementsAre("SweepBegins", "StartSoundCapture", "SoundOpened", "SweepRound"));
+  EXPECT_THAT(begin, ElementsAre("SweepBegins", "StartSoundCapture", "source Test input", "SweepRound"));
 }
 
 TEST(CalibrateSweep, forgets_a_press_of_the_manual_trigger) {
@@ -246,6 +246,46 @@ TEST(CalibrateSweep, of_a_meter_shows_its_dB_and_starts_no_capture) {
   EXPECT_THAT(rig.Log, Not(Contains("StartSoundCapture")));
   EXPECT_THAT(rig.Log, Not(Contains("StopSoundCapture")));
   EXPECT_TRUE(rig.Called("SweepEnds"));
+}
+
+TEST(CalibrateSweep, follows_the_source_that_the_user_sets_and_names_it) {
+  CollectionRig rig;
+  UntickAfter(rig, 5);
+  const auto untick = rig.Window.OnYield;
+  rig.Window.OnYield = [&](int yield) {
+    if (rig.Panel.Points.size() == 2) rig.Sound.Name = "USB microphone";
+    untick(yield);
+  };
+  rig.Sweep.Timer1_Timer();
+  EXPECT_EQ(rig.Sound.Moves, SourceMoves::AreFollowed);
+  EXPECT_EQ(rig.CountOf("source Test input"), 1);
+  EXPECT_EQ(rig.CountOf("source USB microphone"), 1);
+}
+
+TEST(CalibrateSweep, shows_no_point_before_the_meter_has_sent_three_values) {
+  CollectionRig rig;
+  rig.UseSerialMeter();
+  rig.Meter.HistoryLength = 0;
+  UntickAfter(rig, 1);
+  rig.Level.OnSample = [&](int sample) {
+    if (sample >= 10) rig.Speak();
+    return 300.0F;
+  };
+  rig.Sweep.Timer1_Timer();
+  EXPECT_EQ(rig.Level.Samples, 12 + 3);
+  EXPECT_LT(rig.PlaceOf("the meter speaks"), rig.PlaceOf("SweepRound"));
+}
+
+TEST(CalibrateSweep, unticked_while_it_waits_for_the_meter_ends) {
+  CollectionRig rig;
+  rig.UseSerialMeter();
+  rig.Meter.HistoryLength = 0;
+  rig.Level.OnSample = [](int) { return 0.0F; };
+  rig.Panel.Calibrate = true;
+  rig.Window.OnYield = [&](int yield) { rig.Panel.Calibrate = yield < 30; };
+  rig.Sweep.Timer1_Timer();
+  EXPECT_THAT(rig.Panel.Points, IsEmpty());
+  EXPECT_FALSE(rig.Panel.Locked);
 }
 
 TEST(CalibrateSweep, is_a_run_while_it_lasts) {

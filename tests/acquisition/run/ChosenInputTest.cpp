@@ -11,8 +11,6 @@ using ::testing::IsEmpty;
 struct InputRig : CollectionRig {
   SoundLevelState State;
   SoundThresholds Thresholds = SoundThresholds::FromPeak(1000.0F);
-  dBMeter Scale{Meter, Settings, MeterForm};
-  ExternalMeter Program{Store, Scale, Meter, MeterForm};
   ChosenInput Input{{Settings, Flags, State, Thresholds, Meter, Program, Window, Time, Front().Tell}};
 
   bool Polled() const { return !Store.Log.empty(); }

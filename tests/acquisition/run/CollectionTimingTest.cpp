@@ -1,4 +1,6 @@
 // When readings are taken: the interval, the absolute schedule, triggers, and what came too late.
+#include <limits>
+
 #include "acquisition/CollectionRig.h"
 
 namespace lobegraph {
@@ -92,20 +94,82 @@ TEST(CollectionTiming, a_reading_is_the_mean_of_its_samples) {
   EXPECT_EQ(rig.Record.Readings(0), 150.0F);
 }
 
-TEST(CollectionTiming, a_deadline_beyond_32_bits_is_an_overflow_that_keeps_the_readings) {
-  CollectionRig rig;
-  rig.Time.NowMs = 2'147'483'000;
-  try {
-    rig.Collect();
-    FAIL() << "no overflow";
-  } catch (const RunTimeError& error) {
-    EXPECT_EQ(error.Number(), 6);
+TEST(CollectionTiming, nothing_happens_where_the_clock_goes_on_at_its_smallest_number) {
+  for (const bool triggered : {false, true}) {
+    CollectionRig rig;
+    const std::int32_t halfATurnMs = triggered ? 900 : 18'000;  // a pulse is five samples
+    rig.Time.NowMs = std::numeric_limits<std::int32_t>::max() - halfATurnMs;
+    rig.Panel.Triggered = triggered;
+    const auto startMs =
+        static_cast<std::uint32_t>(rig.Time.NowMs) + 1;  // the start-up delay takes one sample
+    const RunReport report = rig.Collect();
+    EXPECT_EQ(report.ReadingsTaken, 360);
+    EXPECT_EQ(report.Late.Count, 0);
+    EXPECT_LT(rig.Time.NowMs, 0);
+    if (triggered) continue;
+    EXPECT_EQ(static_cast<std::uint32_t>(rig.Time.NowMs) - startMs, 36'000U);
   }
-  EXPECT_FALSE(rig.Panel.Locked);
-  EXPECT_EQ(rig.Record.ReadingCount, 6.0);
-  EXPECT_EQ(rig.Record.NumReadings, 5);
-  EXPECT_EQ(rig.Record.SavedReadings(5), 300.0F);
-  EXPECT_EQ(rig.Panel.ReadingsTaken, 6);
+}
+
+TEST(CollectionTiming, of_long_readings_the_window_is_served_every_100_ms_without_moving_a_deadline) {
+  CollectionRig rig;
+  rig.Panel.RotationSeconds = 1200;  // 3333 ms a reading
+  std::int32_t servedMs = 0;
+  int longestMs = 0;
+  const auto serve = [&](int) {
+    if (servedMs != 0) longestMs = std::max(longestMs, rig.Time.NowMs - servedMs);
+    servedMs = rig.Time.NowMs;
+  };
+  rig.Window.OnYield = serve;
+  rig.Window.OnServe = [&](int times) {
+    serve(times);
+    rig.Time.Advance(7);  // a picture is painted
+  };
+  const std::vector<int> ends = EndsOfReadings(rig);
+  EXPECT_LE(longestMs, 100);
+  EXPECT_EQ(ends[0], 3333);
+  EXPECT_EQ(ends[359], 360 * 3333);
+}
+
+TEST(CollectionTiming, serving_the_window_adds_no_sample_and_serves_no_device) {
+  CollectionRig rig;
+  rig.Panel.RotationSeconds = 120;  // 333 ms a reading
+  rig.HaltAfter(0);
+  rig.Collect();
+  EXPECT_EQ(rig.Level.Samples, 1 + 333);
+  EXPECT_EQ(rig.Window.Served, 6);
+  EXPECT_EQ(rig.Window.Yields, 3);  // start-up delay, readings 0 and 1
+}
+
+TEST(CollectionTiming, a_window_closed_in_the_middle_of_a_long_reading_ends_it_there) {
+  CollectionRig rig;
+  rig.Panel.RotationSeconds = 1200;
+  rig.Window.OnServe = [&](int times) {
+    if (times == 3) rig.Flags.RequestClose();
+  };
+  rig.Collect();
+  EXPECT_THAT(rig.Panel.Stored, ::testing::IsEmpty());
+  EXPECT_LT(rig.Level.Samples, 200);
+}
+
+TEST(SuspendedReadings, are_told_with_their_place_and_their_length) {
+  CollectionRig rig;
+  rig.Panel.OnStored = [&](int index) {
+    if (index == 99) rig.Time.Suspended += 12'000;
+    if (index == 199) rig.Time.Suspended += 100;
+  };
+  const RunReport report = rig.Collect();
+  EXPECT_EQ(report.ReadingsTaken, 360);
+  EXPECT_EQ(report.Suspended.Count, 2);
+  EXPECT_EQ(report.Suspended.First, 100);
+  EXPECT_EQ(report.Suspended.Ms, 12'100);
+}
+
+TEST(SuspendedReadings, what_two_clocks_differ_by_when_they_are_read_is_none) {
+  CollectionRig rig;
+  rig.Time.Suspended = 3'600'000;  // before the turn
+  rig.Panel.OnStored = [&](int index) { rig.Time.Suspended = 3'600'000 + (index % 2 == 0 ? 99 : 0); };
+  EXPECT_EQ(rig.Collect().Suspended.Count, 0);
 }
 
 TEST(LateReadings, a_turn_in_time_names_none) {
@@ -202,6 +266,50 @@ TEST(Triggered, unticked_in_the_middle_the_deadline_counts_on_from_that_moment) 
   EXPECT_EQ(rig.Collect().Late.Count, 0);
   EXPECT_THAT(std::vector<int>(lengths.begin() + 1, lengths.begin() + 10), Each(5005));
   EXPECT_THAT(std::vector<int>(lengths.begin() + 10, lengths.end()), Each(100));
+}
+
+TEST(Triggered, unticked_while_a_pulse_is_waited_for_the_reading_is_taken_at_once) {
+  CollectionRig rig;
+  rig.Panel.OnStored = [&](int index) { rig.Panel.Triggered = index == 9; };
+  rig.Trigger.OnWait = [&](int) {
+    rig.Time.Advance(20'000);
+    rig.Panel.Triggered = false;
+    return false;
+  };
+  const RunReport report = rig.Collect();
+  EXPECT_EQ(report.ReadingsTaken, 360);
+  EXPECT_EQ(rig.Trigger.Waits, 1);
+  EXPECT_EQ(report.Late.Count, 0) << "the schedule counts on from the end of the wait";
+  EXPECT_EQ(rig.CountOf("manual trigger offered"), 1);
+  EXPECT_GT(rig.PlaceOf("manual trigger offered"), rig.PlaceOf("ReadingPlotted 9"));
+}
+
+TEST(Triggered, the_manual_trigger_is_there_as_long_as_a_pulse_is_asked_for) {
+  CollectionRig rig;
+  rig.Panel.OnStored = [&](int index) { rig.Panel.Triggered = index >= 9 && index < 19; };
+  rig.Collect();
+  const auto offered = rig.PlaceOf("manual trigger offered");
+  EXPECT_GT(offered, rig.PlaceOf("ReadingPlotted 9"));
+  EXPECT_LT(offered, rig.PlaceOf("ReadingStored 10"));
+  const auto gone = std::find(rig.Log.begin() + offered, rig.Log.end(), "manual trigger gone");
+  EXPECT_GT(gone - rig.Log.begin(), rig.PlaceOf("ReadingPlotted 19"));
+  EXPECT_LT(gone - rig.Log.begin(), rig.PlaceOf("ReadingStored 20"));
+}
+
+TEST(Triggered, a_port_that_vanished_is_told_when_it_ended_the_turn) {
+  for (const bool triggered : {false, true}) {
+    CollectionRig rig;
+    rig.Flags.TriggerPortGone = true;  // before the turn
+    rig.Panel.Triggered = triggered;
+    rig.Panel.OnStored = [&](int index) { rig.Flags.TriggerPortGone = index >= 5; };
+    rig.Trigger.OnWait = [&](int) {
+      if (rig.Flags.TriggerPortGone) rig.Engine.cmdHaltInput_Click();
+      return !rig.Flags.TriggerPortGone;
+    };
+    const RunReport report = rig.Collect();
+    EXPECT_EQ(report.ReadingsTaken, triggered ? 6 : 360);
+    EXPECT_EQ(report.TriggerPortGone, triggered);
+  }
 }
 
 TEST(Triggered, ticked_in_the_middle_the_next_reading_waits) {

@@ -50,7 +50,7 @@ TEST_F(Recording, StopRecordingStopsThenReleases) {
 TEST_F(Recording, StartReturnsOnlyAfterAFreshBlock) {
   state_.SoundLevel = 777;
   HearAtYield(3, 320);
-  EXPECT_TRUE(capture_.StartSoundCapture());
+  EXPECT_TRUE(capture_.StartSoundCapture(SourceMoves::AreFailures));
   EXPECT_EQ(pump_.yields, 3);
   EXPECT_EQ(state_.SoundLevel, 10.0F) << "a level left from the last capture must not start a collection";
   EXPECT_EQ(capture_.SoundFailure(), "");
@@ -58,15 +58,24 @@ TEST_F(Recording, StartReturnsOnlyAfterAFreshBlock) {
 
 TEST_F(Recording, StartingTwiceIsTheSameAsOnce) {
   HearAtYield(1, 320);
-  EXPECT_TRUE(capture_.StartSoundCapture());
-  EXPECT_TRUE(capture_.StartSoundCapture());
+  EXPECT_TRUE(capture_.StartSoundCapture(SourceMoves::AreFailures));
+  EXPECT_TRUE(capture_.StartSoundCapture(SourceMoves::AreFailures));
   EXPECT_EQ(device_.calls, "first open:mic start ");
   EXPECT_EQ(pump_.yields, 1);
 }
 
+TEST_F(Recording, ATurnDoesNotTakeOverACaptureThatFollowsMoves) {
+  HearAtYield(1, 320);
+  EXPECT_TRUE(capture_.StartSoundCapture(SourceMoves::AreFollowed));
+  EXPECT_TRUE(form_.Buffer().FollowsMoves);
+  HearAtYield(2, 320);
+  EXPECT_TRUE(capture_.StartSoundCapture(SourceMoves::AreFailures));
+  EXPECT_FALSE(form_.Buffer().FollowsMoves);
+}
+
 TEST_F(Recording, AStartThatCannotOpenFailsAtOnceWithItsText) {
   device_.firstError = "Connection refused";
-  EXPECT_FALSE(capture_.StartSoundCapture());
+  EXPECT_FALSE(capture_.StartSoundCapture(SourceMoves::AreFailures));
   EXPECT_EQ(capture_.SoundFailure(), "Connection refused");
   EXPECT_EQ(pump_.yields, 0);
   EXPECT_FALSE(state_.SoundCaptureActive);
@@ -74,13 +83,13 @@ TEST_F(Recording, AStartThatCannotOpenFailsAtOnceWithItsText) {
 
 TEST_F(Recording, AStartThatCannotRunFailsAtOnceWithItsText) {
   device_.startError = "suspended";
-  EXPECT_FALSE(capture_.StartSoundCapture());
+  EXPECT_FALSE(capture_.StartSoundCapture(SourceMoves::AreFailures));
   EXPECT_EQ(capture_.SoundFailure(), "suspended");
   EXPECT_EQ(device_.calls, "first open:mic start stop close ");
 }
 
 TEST_F(Recording, AnInputFromWhichNothingComesIsGivenUpAfterTwoSeconds) {
-  EXPECT_FALSE(capture_.StartSoundCapture());
+  EXPECT_FALSE(capture_.StartSoundCapture(SourceMoves::AreFailures));
   EXPECT_EQ(clock_.now, 2000);
   EXPECT_EQ(capture_.SoundFailure(), "The sound input is open, but nothing has come from it for 2 seconds.");
   EXPECT_FALSE(state_.SoundCaptureActive);
@@ -89,7 +98,7 @@ TEST_F(Recording, AnInputFromWhichNothingComesIsGivenUpAfterTwoSeconds) {
 
 TEST_F(Recording, TheWaitIsTwoSecondsEvenWhereTheClockWrapsRound) {
   clock_.now = std::numeric_limits<std::int32_t>::max() - 1000;
-  EXPECT_FALSE(capture_.StartSoundCapture());
+  EXPECT_FALSE(capture_.StartSoundCapture(SourceMoves::AreFailures));
   EXPECT_EQ(clock_.now, std::numeric_limits<std::int32_t>::min() + 999);
 }
 
@@ -97,14 +106,14 @@ TEST_F(Recording, AServerThatGoesWhileCaptureStartsEndsTheWait) {
   pump_.atYield = [this](int now) {
     if (now == 2) device_.Fail("Connection terminated");
   };
-  EXPECT_FALSE(capture_.StartSoundCapture());
+  EXPECT_FALSE(capture_.StartSoundCapture(SourceMoves::AreFailures));
   EXPECT_EQ(pump_.yields, 2);
   EXPECT_EQ(capture_.SoundFailure(), "Connection terminated");
 }
 
 TEST_F(Recording, ACaptureThatFailsInTheMiddleIsSeenAtTheNextLook) {
   HearAtYield(1, 320);
-  capture_.StartSoundCapture();
+  capture_.StartSoundCapture(SourceMoves::AreFailures);
   device_.Fail("Connection terminated");
   EXPECT_FALSE(state_.SoundCaptureActive);
   EXPECT_EQ(capture_.SoundFailure(), "Connection terminated");
@@ -114,7 +123,7 @@ TEST_F(Recording, ACaptureThatFailsInTheMiddleIsSeenAtTheNextLook) {
 
 TEST_F(Recording, ACaptureThatFallsSilentForTwoSecondsHasFailed) {
   HearAtYield(1, 320);
-  capture_.StartSoundCapture();
+  capture_.StartSoundCapture(SourceMoves::AreFailures);
   EXPECT_EQ(capture_.SoundFailure(), "");
   for (int look = 0; look < 19; ++look) {
     clock_.Sleep(100);
@@ -128,7 +137,7 @@ TEST_F(Recording, ACaptureThatFallsSilentForTwoSecondsHasFailed) {
 
 TEST_F(Recording, AProgramThatWasSuspendedItselfDoesNotBlameTheSource) {
   HearAtYield(1, 320);
-  capture_.StartSoundCapture();
+  capture_.StartSoundCapture(SourceMoves::AreFailures);
   clock_.Sleep(60000);  // the first look after waking comes before the first block
   EXPECT_EQ(capture_.SoundFailure(), "");
   Hear(320);
@@ -138,7 +147,7 @@ TEST_F(Recording, AProgramThatWasSuspendedItselfDoesNotBlameTheSource) {
 
 TEST_F(Recording, LooksThatAreFarApartDoNotCountAsAFailureWhileBlocksCome) {
   HearAtYield(1, 320);
-  capture_.StartSoundCapture();
+  capture_.StartSoundCapture(SourceMoves::AreFailures);
   for (int look = 0; look < 3; ++look) {
     clock_.Sleep(3333);
     Hear(320);
@@ -148,10 +157,10 @@ TEST_F(Recording, LooksThatAreFarApartDoNotCountAsAFailureWhileBlocksCome) {
 
 TEST_F(Recording, TheNextStartForgetsTheFailureOfTheLast) {
   device_.openError = "busy";
-  capture_.StartSoundCapture();
+  capture_.StartSoundCapture(SourceMoves::AreFailures);
   device_.openError.clear();
   HearAtYield(1, 320);
-  EXPECT_TRUE(capture_.StartSoundCapture());
+  EXPECT_TRUE(capture_.StartSoundCapture(SourceMoves::AreFailures));
   EXPECT_EQ(capture_.SoundFailure(), "");
 }
 

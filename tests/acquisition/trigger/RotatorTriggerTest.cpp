@@ -30,7 +30,8 @@ struct TriggerRig {
                         .Flags = Flags,
                         .Sleep = [this] { ++Sleeps; }}};
   std::int32_t& UsbStateCount = CtsOrUsb.UsbStateCount;
-  RotatorTrigger Trigger{CtsOrUsb, Flags, Pump};
+  bool Wanted = true;
+  RotatorTrigger Trigger{CtsOrUsb, Flags, Pump, [this] { return Wanted; }};
   TriggerRig() {
     Choice.Commport = 1;
     Choice.Commtrigger = 2;
@@ -105,6 +106,38 @@ TEST_P(WaitingFor, HaltEndsTheWait) {
   EXPECT_EQ(rig.UsbStateCount, 4);
 }
 INSTANTIATE_TEST_SUITE_P(HighAndLow, WaitingFor, ::testing::Values("L", "H"));
+
+TEST_P(WaitingFor, ABoxThatIsUntickedEndsTheWait) {
+  TriggerRig rig;
+  rig.Line(GetParam());
+  rig.Pump.OnYield = [&](int yield) { rig.Wanted = yield < 4; };
+  EXPECT_FALSE(rig.Trigger.WaitForTrigger());
+  EXPECT_EQ(rig.UsbStateCount, 4);
+  EXPECT_EQ(rig.Flags.HaltRequested, 0) << "the turn goes on";
+}
+
+TEST_P(WaitingFor, APortThatVanishesEndsTheRunAndIsNoPulse) {
+  TriggerRig rig;
+  rig.Line(GetParam());
+  rig.Pump.OnYield = [&](int yield) {
+    if (yield < 4) return;
+    rig.Flags.TriggerPortGone = true;
+    rig.MSCommTrigger.IsOpen = false;
+  };
+  EXPECT_FALSE(rig.Trigger.WaitForTrigger());
+  EXPECT_LE(rig.UsbStateCount, 5);
+  EXPECT_EQ(rig.Flags.HaltRequested, 1);
+}
+
+TEST(RotatorLine, IsReadyWhenItsPortIsOpen) {
+  for (const bool open : {false, true}) {
+    TriggerRig rig;
+    rig.MSCommTrigger.IsOpen = open;
+    EXPECT_EQ(rig.CtsOrUsb.Ready(), open);
+    rig.Choice.GaugeBridgeTrigger = true;
+    EXPECT_TRUE(rig.CtsOrUsb.Ready()) << "a module tells by itself that it is missing";
+  }
+}
 
 TEST(WaitForTrigger, APulseBetweenTwoPollsCountsWhereTheDriverCounts) {
   TriggerRig rig;
@@ -263,6 +296,20 @@ TEST(WaitForTrigger, AModuleThatIsPulledOutEndsTheCollectionWithOneBox) {
   rig.Library.Failures["pins"] = 4;
   EXPECT_FALSE(rig.Trigger.WaitForTrigger());
   EXPECT_THAT(rig.Messages.Texts, ElementsAre("FT_GetBitMode - General IO Error"));
+}
+
+TEST(WaitForTrigger, AModuleThatIsPluggedInAgainIsOpenedAnew) {
+  TriggerRig rig;
+  rig.Choice.GaugeBridgeTrigger = true;
+  rig.CtsOrUsb.ReadTriggerState();
+  rig.Library.Failures["pins"] = 4;
+  rig.CtsOrUsb.ReadTriggerState();
+  rig.Library.Failures.clear();
+  rig.Flags.HaltRequested = 0;
+  rig.Library.Pins = [&] { return static_cast<std::uint8_t>(rig.UsbStateCount == 3 ? 1 : 0); };
+  EXPECT_TRUE(rig.Trigger.WaitForTrigger());
+  EXPECT_EQ(std::count(rig.Library.Made.begin(), rig.Library.Made.end(), "open DLP2232M B 0x00000002"), 2);
+  EXPECT_EQ(rig.Messages.Texts.size(), 1U);
 }
 
 }  // namespace

@@ -128,7 +128,7 @@ TEST(Chooser, UnknownOptionsDoNothing) {
 
 TEST(Chooser, WhileItLoadsTheOptionsDoNothing) {
   ChooserRig rig;
-  rig.View.OnFill = [&] {
+  rig.View.OnShow = [&] {
     rig.Form.optInput_Click(3);
     rig.Form.optTrigger_Click(chooser::kUsb);
   };
@@ -141,8 +141,9 @@ TEST(ChooserOK, SavesInItsOrderAndCloses) {
   ChooserRig rig;
   rig.Load();
   rig.Form.optInput_Click(3);
-  rig.View.CommPort = "5";
-  rig.View.ComTrigger = "6";
+  rig.Form.CommPort_Change("5");
+  rig.Form.ComTrigger_Change("6");
+  rig.Store.Log.clear();
   rig.Form.cmdOK_Click();
   EXPECT_THAT(rig.Store.Log,
               ElementsAre("save InputDeviceIsLineIn=False", "save InputDeviceIsdBMeter=True",
@@ -159,7 +160,7 @@ TEST(ChooserOK, OfASerialMeterWithoutAPortRefusesAndStaysOpen) {
       ChooserRig rig;
       rig.Load();
       rig.Form.optInput_Click(option);
-      rig.View.CommPort = port;
+      rig.Form.CommPort_Change(port);
       rig.Form.cmdOK_Click();
       EXPECT_THAT(rig.Dialogs.Texts,
                   ElementsAre("Input devices TARVEN and ROSKA require a Comm port to operate.\r\n\r\n"
@@ -175,7 +176,7 @@ TEST(ChooserOK, AllOtherInputsNeedNoPort) {
     ChooserRig rig;
     rig.Load();
     rig.Form.optInput_Click(option);
-    rig.View.CommPort = option == 0 ? "" : "0";
+    rig.Form.CommPort_Change(option == 0 ? "" : "0");
     rig.Form.cmdOK_Click();
     EXPECT_EQ(rig.View.Closed, 1);
     EXPECT_THAT(rig.Store.Log, Contains("save Commport=0"));
@@ -191,8 +192,8 @@ class TriggerBox : public ::testing::TestWithParam<TriggerRow> {};
 TEST_P(TriggerBox, IsOnlyToBeHadWithATrigger) {
   ChooserRig rig;
   rig.Load();
-  rig.View.Trigger = GetParam().Trigger;
-  rig.View.ComTrigger = GetParam().Port;
+  rig.Form.optTrigger_Click(GetParam().Trigger);
+  rig.Form.ComTrigger_Change(GetParam().Port);
   rig.Window.Ticked[Control::chkTrigger] = true;
   rig.Form.cmdOK_Click();
   EXPECT_EQ(rig.Window.Enabled[Control::chkTrigger], GetParam().Enabled);
@@ -211,7 +212,8 @@ TEST(ChooserCancel, TakesTheClicksBackAndLeavesThePorts) {
   rig.Store.Put("Commport", "3");
   rig.Load({.InputDeviceIsdBMeter = true, .ROSKAmeter = true, .Commport = 8, .Commtrigger = 9});
   rig.Form.optInput_Click(2);
-  rig.View.CommPort = "11";
+  rig.Form.CommPort_Change("11");
+  rig.Store.Log.clear();
   rig.Form.cmdCancel_Click();
   EXPECT_EQ(rig.Choice, (InputChoice{.InputDeviceIsLineIn = true,
                                      .InputDeviceIsdBMeter = true,
@@ -237,8 +239,8 @@ TEST(ChooserPorts, ALabelSaysWhatTheNumbersAreNow) {
   ChooserRig rig;
   rig.Store.Values["Lobegraph/Ports/COM2"] = rig.NoComputer.File("none");
   rig.Load({.Commport = 2, .Commtrigger = 0});
-  EXPECT_EQ(rig.View.MeterTitle, "nothing is there now");
-  EXPECT_EQ(rig.View.TriggerTitle, "");
+  EXPECT_EQ(rig.View.CommPortTitle, "nothing is there now");
+  EXPECT_EQ(rig.View.ComTriggerTitle, "");
 }
 
 TEST(ChooserPorts, AnAdapterIsGivenToTheChosenNumberFromOkOnAfterTheOtherKeys) {
@@ -287,7 +289,8 @@ TEST(ChooserTexts, AreThoseOfTheDialog) {
 struct WindowRig : test::ChooserWorld {
   test::LoggedSound Sound{Log};
   RecordingStore Published;
-  test::InputRig Inputs{Shared, Log, Published};
+  FakeClock Time;
+  test::InputRig Inputs{Shared, Log, Published, Time};
   std::function<void()> WhileChoosing = [] {};
   InputChoice& Choice = Shared.Settings.Input;
   InputCommands Commands{Parts, Inputs.Devices, Sound, [this] {
@@ -312,8 +315,9 @@ TEST(ChooseInput, ClosesTheInputsShowsTheChooserAndOpensThemAgain) {
     rig.Choice = {.InputDeviceIsdBMeter = true, .ROSKAmeter = true, .Commport = 5, .Commtrigger = 9};
   };
   rig.Commands.cmdChooseInput_Click();
-  EXPECT_THAT(rig.Log, ElementsAre("meter close", "trigger close", "chooser", "show meter window",
-                                   "meter open 5 9600", "trigger open 9 57600"));
+  EXPECT_THAT(rig.Log,
+              ElementsAre("meter close", "trigger close", "chooser", "show meter window", "meter open 5 9600",
+                          "shape green", "lblStatus The meter's port COM5 is open.", "trigger open 9 57600"));
   EXPECT_TRUE(rig.Shared.Run.InputReady);
   EXPECT_THAT(rig.Window.Disabled(), IsEmpty());
   EXPECT_EQ(rig.Window.Texts[Control::lblSource], "ROSKA, COM5");
@@ -329,7 +333,8 @@ TEST(ChooseInput, StopsARunningCaptureFirst) {
 TEST(ChooseInput, OfTheSoundCardOpensTheTriggersPortOnly) {
   WindowRig rig;
   rig.Commands.cmdChooseInput_Click();
-  EXPECT_THAT(rig.Log, ElementsAre("meter close", "trigger close", "chooser", "trigger open 9 57600"));
+  EXPECT_THAT(rig.Log, ElementsAre("meter close", "trigger close", "chooser", "hide meter window",
+                                   "trigger open 9 57600"));
 }
 
 TEST(ChooseInput, OfTarvenOpensAt38400) {
@@ -345,6 +350,30 @@ TEST(ChooseInput, DeliberatelyOpensAPortForTheExternalProgramUnlikeStartUp) {
   rig.Commands.cmdChooseInput_Click();
   EXPECT_THAT(rig.Log, Contains("show meter window"));
   EXPECT_THAT(rig.Log, Contains("meter open 2 38400"));
+}
+
+TEST(ChooseInput, ClosesTheModuleSoThatOneThatWasPluggedInAgainIsFound) {
+  WindowRig rig;
+  rig.Inputs.Usb.OpenDevice("DLP2232M B");
+  rig.Commands.cmdChooseInput_Click();
+  EXPECT_FALSE(rig.Inputs.Usb.UsbDeviceOpen());
+  EXPECT_THAT(rig.Log, Contains("module close 77"));
+}
+
+TEST(ChooseInput, AnOldPortBesideTheExternalProgramIsALineInTheWindow) {
+  WindowRig rig;
+  rig.Choice = {.InputDeviceIsdBMeter = true, .GaugeBridge = true, .Commport = 2};
+  rig.Inputs.MSComm1.OnOpen.Opened = false;
+  rig.Commands.cmdChooseInput_Click();
+  EXPECT_EQ(rig.Window.Texts[Control::lblHint], "COM2 is not to be had; the meter program does not need it.");
+  EXPECT_THAT(rig.Inputs.Messages.Texts, IsEmpty());
+}
+
+TEST(ChooseInput, OfAProgramThatWasEndedWithTheChooserOpenOpensNothing) {
+  WindowRig rig;
+  rig.WhileChoosing = [&] { rig.Shared.Run.RequestClose(); };
+  rig.Commands.cmdChooseInput_Click();
+  EXPECT_EQ(rig.Log.back(), "chooser");
 }
 
 TEST(ChooseInput, DoesNothingWhileARunIsOn) {

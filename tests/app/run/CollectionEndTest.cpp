@@ -3,10 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <limits>
 
 #include "app/CollectionFixture.h"
-#include "app/run/RunCommands.h"
 
 namespace lobegraph {
 namespace {
@@ -169,6 +167,20 @@ TEST_F(CollectionEndTest, AnExternalMetersTurnKeepsTheMetersNameBesideTheLevel) 
   EXPECT_EQ(Sound.calls, "");
 }
 
+TEST_F(CollectionEndTest, AMeterThatFellSilentIsToldAfterTheUnlock) {
+  Store.Put("InputDeviceIsdBMeter", "True");
+  Store.Put("GaugeBridge", "True");
+  Shared.Settings.Input = {.InputDeviceIsdBMeter = true, .GaugeBridge = true};
+  Store.Put("Active", "Y", "GaugeBridge");
+  Store.Put("Reading", "-6", "GaugeBridge");
+  At(100, [this] { Store.Put("Active", "N", "GaugeBridge"); });
+  Collect();
+  ASSERT_THAT(Dialogs.Messages, SizeIs(1));
+  EXPECT_THAT(Dialogs.Messages[0].Text, testing::StartsWith("The meter had no fresh value for 2"));
+  EXPECT_FALSE(Dialogs.Messages[0].Exclamation) << "the pattern is there";
+  EXPECT_LT(PlaceOf("cmdRescaleData focus"), PlaceOf("message " + Dialogs.Messages[0].Text));
+}
+
 TEST_F(CollectionEndTest, AFaultIsReportedWithTheWindowUnlocked) {
   Shared.Settings.PeakInputLevel = 0.F;
   View.Of(chkPlotInDB).Checked = false;
@@ -183,7 +195,7 @@ TEST_F(CollectionEndTest, AFaultIsReportedWithTheWindowUnlocked) {
 
 TEST_F(CollectionEndTest, ReadingsKeptAfterAFaultAreDrawnEvenThoughADamagedFileCameBefore) {
   DamageRecord();
-  Time.NowMs = std::numeric_limits<std::int32_t>::max() - 20'000;
+  At(150, [] { throw RunTimeError(fault::kOverflow); });
   Collect();
   ASSERT_THAT(Dialogs.Messages, SizeIs(1));
   EXPECT_GT(Record().ReadingCount, 100.0);
@@ -224,21 +236,6 @@ TEST_F(CollectionEndTest, AWindowThatIsClosedInTheMiddleEndsTheTurnAndWritesNoMo
   EXPECT_EQ(Text(lblHint), hint);
   EXPECT_THAT(Only("cmd"), IsEmpty()) << "nothing is unlocked for a second turn";
   EXPECT_EQ(OnDisk(TurnFile()).NumReadings, 29) << "and yet nothing measured is lost";
-}
-
-TEST(AfterRunHintTest, SaysTheMostUrgentFirst) {
-  RunReport report;
-  report.ReadingsTaken = 360;
-  EXPECT_EQ(AfterRunHint(report, ""), "360 readings. Rescale turns the beam up; then Save File.");
-  EXPECT_EQ(AfterRunHint(report, "Disk full"), "Save File now: the safety copy failed (Disk full).");
-  report.Late = {3, 9, 20};
-  EXPECT_EQ(AfterRunHint(report, ""), "3 readings came late, the first is No. 10.");
-  report.Late.Count = 1;
-  EXPECT_EQ(AfterRunHint(report, ""), "One reading came late, No. 10.");
-  report.NothingHeard = true;
-  EXPECT_EQ(AfterRunHint(report, ""), "Nothing was heard: check cable, volume and input.");
-  report.ReadingsTaken = 0;
-  EXPECT_EQ(AfterRunHint(report, ""), "No reading was taken.");
 }
 
 }  // namespace

@@ -22,9 +22,11 @@ TEST(RunHintsTest, TimeLeftIsInMinutesAndWholeSecondsRoundedUp) {
 }
 
 TEST(RunHintsTest, TheLineTellsWhereTheTurnIs) {
-  EXPECT_EQ(StartHint(false, false, 120), "Collecting: 2:00 left.");
-  EXPECT_EQ(StartHint(true, true, 120), "Waiting for a signal. Halt Collection ends the wait.");
-  EXPECT_EQ(StartHint(false, true, 120), "Waiting for the first trigger pulse.");
+  EXPECT_EQ(StartHint(false, false, false, 120), "Collecting: 2:00 left.");
+  EXPECT_EQ(StartHint(true, true, true, 120), "Waiting for a signal. Halt Collection ends the wait.");
+  EXPECT_EQ(StartHint(false, true, true, 120), "Waiting for the first trigger pulse.");
+  EXPECT_EQ(StartHint(false, true, false, 120),
+            "The trigger's port is not open: press Manual Trigger for each reading.");
   EXPECT_EQ(ProgressHint(128, false, 120), "Reading 128 of 360, 1:18 left.");
   EXPECT_EQ(ProgressHint(128, true, 120), "Reading 128 of 360, paced by the trigger.");
 }

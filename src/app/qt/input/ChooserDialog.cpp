@@ -58,8 +58,10 @@ ChooserDialog::ChooserDialog(const AppParts& parts, SettingsStore& store, ComPor
   connect(optTrigger_, &QButtonGroup::idToggled, this, [this](int index, bool ticked) {
     if (ticked) form_.optTrigger_Click(index);
   });
-  for (QComboBox* list : {cboCommPort_, cboComTrigger_})
-    connect(list, &QComboBox::currentIndexChanged, this, [this] { form_.PortChosen(); });
+  connect(cboCommPort_, &QComboBox::currentTextChanged, this,
+          [this](const QString& number) { form_.CommPort_Change(number.toStdString()); });
+  connect(cboComTrigger_, &QComboBox::currentTextChanged, this,
+          [this](const QString& number) { form_.ComTrigger_Change(number.toStdString()); });
 }
 
 void ChooserDialog::reject() { form_.cmdCancel_Click(); }
@@ -137,20 +139,30 @@ void ChooserDialog::FillAdapterMenu(QMenu& menu, Assigner assign) {
   if (menu.isEmpty()) menu.addAction("No adapter is attached")->setEnabled(false);
 }
 
-void ChooserDialog::Fill(QComboBox& list, const std::vector<std::string>& entries) {
-  for (const std::string& entry : entries) list.addItem(Q(entry));
-  list.setCurrentIndex(-1);
+/// What the program shows is no click of the user.
+void ChooserDialog::Show(const ChooserShown& shown) {
+  const QSignalBlocker blockers[] = {QSignalBlocker(optInput_), QSignalBlocker(optTrigger_),
+                                     QSignalBlocker(cboCommPort_), QSignalBlocker(cboComTrigger_)};
+  optInput_->button(shown.Input)->setChecked(true);
+  optTrigger_->button(shown.Trigger)->setChecked(true);
+  frmMeterCom_->setVisible(shown.MeterComShown);
+  ShowList(*cboCommPort_, shown.CommPorts, shown.CommPort);
+  ShowList(*cboComTrigger_, shown.ComTriggers, shown.ComTrigger);
+  cboComTrigger_->setEnabled(shown.ComTriggerEnabled);
+  ShowTitle(*meterPortTitle_, shown.CommPortTitle);
+  ShowTitle(*triggerPortTitle_, shown.ComTriggerTitle);
 }
 
-void ChooserDialog::Select(QComboBox& list, const std::string& text) {
-  list.setCurrentIndex(list.findText(Q(text), Qt::MatchFixedString | Qt::MatchCaseSensitive));
+void ChooserDialog::ShowList(QComboBox& list, const std::vector<std::string>& entries,
+                             const std::string& selected) {
+  if (list.count() == 0)
+    for (const std::string& entry : entries) list.addItem(Q(entry));
+  list.setCurrentIndex(list.findText(Q(selected), Qt::MatchFixedString | Qt::MatchCaseSensitive));
 }
 
-void ChooserDialog::ShowPortTitles(const std::string& meterPort, const std::string& triggerPort) {
-  meterPortTitle_->setText(Q(meterPort));
-  meterPortTitle_->setAccessibleDescription(Q(meterPort));
-  triggerPortTitle_->setText(Q(triggerPort));
-  triggerPortTitle_->setAccessibleDescription(Q(triggerPort));
+void ChooserDialog::ShowTitle(QLabel& title, const std::string& text) {
+  title.setText(Q(text));
+  title.setAccessibleDescription(Q(text));
 }
 
 }  // namespace lobegraph

@@ -20,18 +20,7 @@ class ChooserDialog final : public QDialog, public ChooserView {
 
   void reject() override;
 
-  void TickInput(int index) override { optInput_->button(index)->setChecked(true); }
-  void TickTrigger(int index) override { optTrigger_->button(index)->setChecked(true); }
-  bool TriggerTicked(int index) const override { return optTrigger_->button(index)->isChecked(); }
-  void ShowMeterCom(bool shown) override { frmMeterCom_->setVisible(shown); }
-  void FillCommPort(const std::vector<std::string>& entries) override { Fill(*cboCommPort_, entries); }
-  void FillComTrigger(const std::vector<std::string>& entries) override { Fill(*cboComTrigger_, entries); }
-  void SelectCommPort(const std::string& text) override { Select(*cboCommPort_, text); }
-  void SelectComTrigger(const std::string& text) override { Select(*cboComTrigger_, text); }
-  void EnableComTrigger(bool enabled) override { cboComTrigger_->setEnabled(enabled); }
-  std::string CommPortText() const override { return cboCommPort_->currentText().toStdString(); }
-  std::string ComTriggerText() const override { return cboComTrigger_->currentText().toStdString(); }
-  void ShowPortTitles(const std::string& meterPort, const std::string& triggerPort) override;
+  void Show(const ChooserShown& shown) override;
   void Close() override { done(Accepted); }
 
  private:
@@ -46,8 +35,8 @@ class ChooserDialog final : public QDialog, public ChooserView {
   QGroupBox* MakeTriggerGroup();
   PortRow MakePortRow(QGroupBox& group, const char* listName, const char* accessibleName, Assigner assign);
   void FillAdapterMenu(QMenu& menu, Assigner assign);
-  static void Fill(QComboBox& list, const std::vector<std::string>& entries);
-  static void Select(QComboBox& list, const std::string& text);
+  static void ShowList(QComboBox& list, const std::vector<std::string>& entries, const std::string& selected);
+  static void ShowTitle(QLabel& title, const std::string& text);
 
   frmChooseInput form_;
   QButtonGroup* optInput_;

@@ -93,15 +93,16 @@ void MeterForm::Show(const MeterShown& shown) {
   const auto* dbm = std::get_if<float>(&shown.Reading);
   SetText(*lblReading_,
           dbm ? OneDecimal(*dbm) : QString::fromStdString(std::get<std::string>(shown.Reading)));
-  if (shown.DownDb) SetText(*lblDownDb_, OneDecimal(*shown.DownDb));
+  SetText(*lblDownDb_, shown.DownDb ? OneDecimal(*shown.DownDb) : "");
   SetText(*lblStatus_, QString::fromStdString(shown.Status));
   SetText(*lblStateCount_, QString::fromStdString(shown.StateCount));
-  if (shown.StatusShape) Paint(*shapeStatus_, *shown.StatusShape);
-  if (shown.LevelIndicator) Paint(*shapeLevel_, *shown.LevelIndicator);
+  Paint(*shapeStatus_, shown.StatusShape);
+  Paint(*shapeLevel_, shown.LevelIndicator);
 }
 
-void MeterForm::Paint(QFrame& shape, StatusColour colour) {
-  const Colour shade = ShadeOf(colour);
+void MeterForm::Paint(QFrame& shape, std::optional<StatusColour> colour) {
+  if (!colour) return shape.setPalette({});
+  const Colour shade = ShadeOf(*colour);
   const QColor wanted(shade.Red, shade.Green, shade.Blue);
   QPalette palette = shape.palette();
   if (palette.color(QPalette::Window) == wanted) return;

@@ -20,6 +20,7 @@ class MeterForm final : public QWidget, public MeterDisplay {
   void ShowCalibration(const std::string& lblCalAdjust0dB);
 
   void ShowWindow() override;
+  void HideWindow() override { hide(); }
 
  Q_SIGNALS:
   /// The window is loaded: it is shown for the first time.
@@ -30,7 +31,7 @@ class MeterForm final : public QWidget, public MeterDisplay {
   void Show(const MeterShown& shown) override;
   QLabel* MakeLabel(const char* name, const char* accessibleName);
   QFrame* MakeShape(const char* name, const char* accessibleName);
-  static void Paint(QFrame& shape, StatusColour colour);
+  static void Paint(QFrame& shape, std::optional<StatusColour> colour);
 
   QLabel* lblStatus_;
   QFrame* shapeStatus_;

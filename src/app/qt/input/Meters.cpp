@@ -19,9 +19,10 @@ Meters::Meters(Globals& shared, SettingsStore& store, SystemClock& clock, UserMe
       MSCommTrigger_(ports_),
       messages_(messages),
       usb_(ftdi_, frmdBMeter_, shared.Run, messages),
-      meter_(shared.Meter, shared.Settings, frmdBMeter_),
-      external_(store, meter_, shared.Meter, frmdBMeter_),
-      devices_({MSComm1_, MSCommTrigger_, usb_, frmdBMeter_, meter_, shared.Settings, messages}),
+      meter_(shared.Meter, shared.Settings, frmdBMeter_, clock),
+      external_(store, meter_, shared.Meter, frmdBMeter_, clock),
+      devices_({MSComm1_, MSCommTrigger_, usb_, frmdBMeter_, meter_, shared.Meter, shared.Run,
+                shared.Settings, messages}),
       line_({shared.Settings.Input, MSComm1_, MSCommTrigger_, usb_, shared.Run,
              [&clock] { clock.SleepMicroseconds(kBetweenPollsUs); }}) {
   Connect();

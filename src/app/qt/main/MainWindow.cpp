@@ -63,7 +63,6 @@ Platform MainWindow::MakePlatform(const std::string& versionText) {
           .SoundDevice = sound_,
           .Devices = meters_.Devices(),
           .MSComm1 = meters_.MSComm1(),
-          .frmdBMeter = meters_.frmdBMeter(),
           .MeterProgram = meters_.External(),
           .Trigger = meters_.Line(),
           .VersionText = versionText,

@@ -87,7 +87,7 @@ class MainWindow : public QWidget, private ProgramEnd {
   SystemClock clock_;
   DBusAwake awake_;
   QtEventPump pump_;
-  PulseCapture sound_;
+  PulseCapture sound_{&pump_.Gate()};
   std::shared_ptr<Globals> shared_ = std::make_shared<Globals>();
   Meters meters_;
   Form1 form_;
