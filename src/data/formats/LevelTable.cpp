@@ -11,8 +11,8 @@ namespace {
 
 using Cells = std::vector<std::string>;
 
-constexpr std::string_view kAngleWords[] = {"angle",       "azim",   "deg", "position",
-                                            "drehscheibe", "winkel", "phi"};
+constexpr std::string_view kAngleWords[] = {"angle",  "azim", "deg",  "position", "drehscheibe",
+                                            "winkel", "phi",  "elev", "theta"};
 constexpr std::string_view kLevelWords[] = {"db",       "v+h",      "tot",   "gain",      "level",
                                             "strength", "messwert", "value", "amplitude", "reading"};
 
@@ -71,30 +71,58 @@ std::optional<std::size_t> ColumnNamed(const Cells& heading, const Words& words,
   return std::nullopt;
 }
 
+/// "dB" as a unit of its own ("Level (dB)", "gain_db", "dBm"), not letters of another word ("feedback").
+bool SaysDb(std::string_view name) {
+  const std::string lower = Lower(name);
+  for (std::size_t at = lower.find("db"); at != std::string::npos; at = lower.find("db", at + 1)) {
+    const bool word = at == 0 || lower[at - 1] < 'a' || lower[at - 1] > 'z';
+    if (word || name.substr(at, 2) == "dB") return true;
+  }
+  return false;
+}
+
+/// What the heading next above the numbers says, and where it says nothing what their number suggests.
 struct Columns {
   std::optional<std::size_t> Angle;
   std::size_t Level = 0;
-  bool SaysDb = false;
+  bool Named = false;  ///< both, by a heading
+  bool Db = false;
 };
 
-Columns ColumnsOf(const Cells& heading, const Cells& first) {
+Columns ColumnsOf(const Cells& heading, std::size_t count) {
   Columns columns;
   columns.Angle = ColumnNamed(heading, kAngleWords, std::nullopt);
   const auto level = ColumnNamed(heading, kLevelWords, columns.Angle);
+  columns.Named = columns.Angle && level;
   if (level) {
     columns.Level = *level;
-    columns.SaysDb =
-        std::any_of(heading.begin(), heading.end(),
-                    [](const std::string& name) { return Lower(name).find("db") != std::string::npos; }) &&
-        Lower(heading[*level]).find("level") == std::string::npos;
+    columns.Db = SaysDb(heading[*level]);
     return columns;
   }
-  if (first.size() > 1 && !columns.Angle) columns.Angle = 0;
-  columns.Level = columns.Angle == std::optional<std::size_t>(0) && first.size() > 1 ? 1 : 0;
+  if (count > 1 && !columns.Angle) columns.Angle = 0;
+  columns.Level = columns.Angle == std::optional<std::size_t>(0) && count > 1 ? 1 : 0;
   return columns;
 }
 
+/// None: the line is no row of these columns.
+std::optional<TablePoint> PointIn(const Cells& cells, const Columns& columns) {
+  if (columns.Level >= cells.size()) return std::nullopt;
+  const auto level = NumberIn(cells[columns.Level]);
+  if (!level || !columns.Angle) return level ? std::optional(TablePoint{0.0, *level}) : std::nullopt;
+  const auto angle = *columns.Angle < cells.size() ? NumberIn(cells[*columns.Angle]) : std::nullopt;
+  return angle ? std::optional(TablePoint{*angle, *level}) : std::nullopt;
+}
+
 double DbOf(double level) { return level > 0.0 ? 20.0 * std::log10(level) : kFaintestDb; }
+
+/// The rows below one heading.
+struct Block {
+  Columns Is;
+  Cells Heading;
+  std::size_t FirstLine = 0;
+  std::size_t Count = 0;
+  bool Negative = false;
+};
 
 /// Takes a table off its lines. What its numbers mean is only known at its end, and it may hold more than
 /// fits into memory, so that it is read three times.
@@ -103,49 +131,65 @@ class Reader {
   explicit Reader(TextLines& lines) : lines_(lines), separator_(SeparatorOf(lines)) {}
 
   PatternTable Read() {
-    std::size_t count = 0;
-    bool negative = false;
-    ForEachLevel([&](double, double level) {
-      ++count;
-      negative = negative || level < 0.0;
-    });
-    if (count == 0) throw RunTimeError(fault::kTypeMismatch, "no levels found");
-    const bool db = negative || columns_->SaysDb;
-    const double step = 360.0 / static_cast<double>(count);
-    std::size_t index = 0;
+    FindBlock();
+    if (block_.Count == 0) throw RunTimeError(fault::kTypeMismatch, "no levels found");
+    const bool db = block_.Negative || block_.Is.Db;
+    const double step = 360.0 / static_cast<double>(block_.Count);
     PatternTable table;
-    ForEachLevel([&](double angle, double level) {
-      AddPoint(table.Points,
-               {columns_->Angle ? angle : static_cast<double>(index) * step, db ? level : DbOf(level)});
+    lines_.Restart();
+    for (std::size_t line = 1; line < block_.FirstLine; ++line) lines_.Next();
+    for (std::size_t index = 0; index < block_.Count;) {
+      const auto point = PointIn(CellsOf(*lines_.Next(), separator_), block_.Is);
+      if (!point) continue;
+      const double angle = block_.Is.Angle ? point->AngleDeg : static_cast<double>(index) * step;
+      AddPoint(table.Points, {angle, db ? point->LevelDb : DbOf(point->LevelDb)});
       ++index;
-    });
+    }
     return table;
   }
 
  private:
-  template <typename Take>
-  void ForEachLevel(const Take& take) {
+  /// The first block whose heading names its columns; without one all rows.
+  void FindBlock() {
     lines_.Restart();
     Cells heading;
-    while (const auto line = lines_.Next()) {
-      const Cells cells = CellsOf(*line, separator_);
+    bool fresh = true;
+    std::size_t line = 0;
+    while (const auto text = lines_.Next()) {
+      ++line;
+      const Cells cells = CellsOf(*text, separator_);
       if (NumbersIn(cells) == 0) {
-        if (!columns_ && !Trimmed(*line).empty()) heading = cells;
+        if (Trimmed(*text).empty()) continue;
+        heading = cells;
+        fresh = fresh || ColumnsOf(heading, heading.size()).Named;
         continue;
       }
-      if (!columns_) columns_ = ColumnsOf(heading, cells);
-      if (columns_->Level >= cells.size()) continue;
-      const auto level = NumberIn(cells[columns_->Level]);
-      const auto angle = columns_->Angle && *columns_->Angle < cells.size()
-                             ? NumberIn(cells[*columns_->Angle])
-                             : std::nullopt;
-      if (level && (angle || !columns_->Angle)) take(angle.value_or(0.0), *level);
+      if (fresh) {
+        const Columns columns = ColumnsOf(heading, cells.size());
+        if (!PointIn(cells, columns)) continue;  // a remark with a number in it
+        if (!Begin({columns, heading, line})) return;
+        fresh = false;
+      }
+      Count(PointIn(cells, block_.Is));
     }
+  }
+
+  /// @return false: it belongs to another table
+  bool Begin(Block block) {
+    if (block_.Count > 0 && block_.Is.Named) return !block.Is.Named || block.Heading == block_.Heading;
+    if (block_.Count == 0 || block.Is.Named) block_ = std::move(block);
+    return true;
+  }
+
+  void Count(const std::optional<TablePoint>& point) {
+    if (!point) return;
+    ++block_.Count;
+    block_.Negative = block_.Negative || point->LevelDb < 0.0;
   }
 
   TextLines& lines_;
   char separator_;
-  std::optional<Columns> columns_;
+  Block block_;
 };
 
 }  // namespace

@@ -31,6 +31,16 @@ const Table kSame[] = {
     {"chamber",
      "Messwert;Einheit Messwert;Position "
      "Drehscheibe;Polarisation\n-40;dBm;0;H\n-60;dBm;90;H\n-46.0206;dBm;180;H\n-60;dBm;270;H\n"},
+    {"positive dB of a level", "angle;level (dB)\n0;20\n90;0\n180;13.9794\n270;0\n"},
+    {"what was measured in a line above",
+     "Frequency (MHz);144\nPower (dBm);10;1\nangle;phase;level "
+     "(dB)\n0;17;20\n90;18;0\n180;19;13.9794\n270;5;0\n"},
+    {"numbers below another heading",
+     "Frequency;Power\n144;10\n\nangle;phase;level (dB)\n0;17;20\n90;18;0\n180;19;13.9794\n270;5;0\n"},
+    {"units in a line of their own", "angle;level\ndeg;dB\n0;20\n90;0\n180;13.9794\n270;0\n"},
+    {"another table below it",
+     "azimuth;gain dB\n0;20\n90;0\n180;13.9794\n270;0\n\nelevation;gain dB\n0;40\n90;40\n"},
+    {"a heading on each page", "angle,level\n0,10\n90,1\nangle,level\n180,5\n270,1\n"},
     {"quoted", "\"angle\",\"level\"\n\"0\",\"10\"\n\"90\",\"1\"\n\"180\",\"5\"\n\"270\",\"1\"\n"},
     {"any order with blank lines", "180 5\n\n0 10\n270 1\n90 1\n\n"}};
 
@@ -46,6 +56,11 @@ TEST(LevelTable, FindsAnglesAndLevelsInWhateverWroteThem) {
 
 TEST(LevelTable, RowsThatAreNoNumbersArePassedOver) {
   EXPECT_EQ(ReadLevelTable(TextOf("a b\n0 10\nnothing here\n90 x\n180 5\n")).Points.size(), 2U);
+}
+
+TEST(LevelTable, AWordThatOnlyHoldsTheLettersIsNoUnit) {
+  const auto levels = WholeDegrees(ReadLevelTable(TextOf("angle,feedback level\n0,10\n180,5\n")));
+  EXPECT_NEAR(levels[180], -6.0206, 1e-3);
 }
 
 TEST(LevelTable, ATextWithoutNumbersIsRefused) {
