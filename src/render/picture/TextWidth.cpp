@@ -1,7 +1,5 @@
 #include "render/picture/TextWidth.h"
 
-#include <algorithm>
-
 namespace lobegraph {
 namespace {
 
@@ -11,6 +9,7 @@ constexpr float kHyphenWidth = 0.333F;
 constexpr float kUsualWidth = 0.556F;
 constexpr float kCapitalWidth = 0.667F;
 constexpr float kWideWidth = 0.833F;
+constexpr std::string_view kDots = "...";
 
 bool Continues(char c) { return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U; }
 
@@ -31,12 +30,15 @@ float ArialWidth(std::string_view text) {
 }
 
 std::string FittingText(std::string_view text, float widest, float size) {
-  if (ArialWidth(text) * size <= widest) return std::string(text);
-  while (!text.empty() && (ArialWidth(text) + ArialWidth("...")) * size > widest) {
-    while (text.size() > 1 && Continues(text.back())) text.remove_suffix(1);
-    text.remove_suffix(1);
+  const float dots = ArialWidth(kDots);
+  float width = 0.F;
+  std::size_t fitting = 0;  // bytes of the text that leave room for the dots
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    if (!Continues(text[at]) && (width + dots) * size <= widest) fitting = at;
+    width += WidthOf(text[at]);
+    if (width * size > widest) return std::string(text.substr(0, fitting)).append(kDots);
   }
-  return std::string(text) + "...";
+  return std::string(text);
 }
 
 }  // namespace lobegraph

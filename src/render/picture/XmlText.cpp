@@ -27,7 +27,7 @@ std::string_view Escaped(char c) {
 /// U+FFFE and U+FFFF are well-formed UTF-8 but may not stand in a document.
 void ReplaceNonCharacters(std::string& text) {
   for (const std::string_view forbidden : {"\xEF\xBF\xBE", "\xEF\xBF\xBF"})
-    for (auto at = text.find(forbidden); at != std::string::npos; at = text.find(forbidden))
+    for (auto at = text.find(forbidden); at != std::string::npos; at = text.find(forbidden, at))
       text.replace(at, forbidden.size(), kReplacement);
 }
 

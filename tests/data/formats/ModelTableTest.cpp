@@ -56,6 +56,12 @@ TEST(ModelTable, HeadingsWithoutATableArePassedOver) {
   EXPECT_EQ(WholeDegrees(ReadModelTable(TextOf(text)))[330], 0);
 }
 
+TEST(ModelTable, AHundredThousandHeadingsArePassedOverInOneWalk) {
+  std::string text;
+  for (int i = 0; i < 100'000; ++i) text += "RADIATION PATTERNS\n 1 2 3 4 5\n";
+  EXPECT_THROW(ReadModelTable(TextOf(text)), RunTimeError);
+}
+
 TEST(ModelTable, AnElevationCutHasTheZenithAtTheTop) {
   std::string text = NecHead();
   for (int theta = -90; theta <= 90; theta += 5) text += NecRow(theta, 0, theta == 60 ? 6 : 0);

@@ -114,6 +114,18 @@ TEST(TextWidth, ALongTextIsCutBetweenLetters) {
   EXPECT_EQ(FittingText("short", 100, 10), "short");
   const std::string cut = FittingText("\xC3\xA4\xC3\xA4\xC3\xA4\xC3\xA4", 21, 10);
   EXPECT_EQ(cut, "\xC3\xA4\xC3\xA4...");
+  EXPECT_EQ(FittingText("mmm", 10, 10), "...") << "even where not a letter has room";
+}
+
+// A rule that looks at every character for each one that is too many would not come to an end here.
+TEST(TextWidth, ATextOfManyMegabytesIsCutAsFastAsAShortOne) {
+  EXPECT_EQ(FittingText(std::string(16U << 20U, 'x'), 40, 10), "xxxxx...");
+}
+
+TEST(XmlTextTest, AMillionForbiddenCharactersAreReplacedInOneWalk) {
+  std::string text;
+  for (int i = 0; i < 1'000'000; ++i) text += "\xEF\xBF\xBF";
+  EXPECT_EQ(XmlText(text).size(), text.size());
 }
 
 }  // namespace
