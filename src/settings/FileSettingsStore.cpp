@@ -1,34 +1,19 @@
 #include "settings/FileSettingsStore.h"
 
-#include <pwd.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
-#include <algorithm>
-#include <cstdlib>
 #include <ctime>
 #include <filesystem>
 #include <utility>
 
 #include "data/base/ReplaceFile.h"
 #include "data/base/RunTimeError.h"
+#include "data/base/UserFolders.h"
 #include "settings/FileLock.h"
 #include "settings/SettingsText.h"
 
 namespace lobegraph {
 namespace {
-
-std::string Environment(const char* name) {
-  const char* value = std::getenv(name);
-  return value == nullptr ? "" : value;
-}
-
-std::string HomeFolder() {
-  std::string home = Environment("HOME");
-  if (!home.empty()) return home;
-  const passwd* user = getpwuid(getuid());
-  return user == nullptr ? "/" : user->pw_dir;
-}
 
 /// An application name becomes a file name: it must not lead into another folder, and must fit with every
 /// ending.
@@ -49,10 +34,7 @@ std::optional<std::int64_t> WrittenNs(const std::string& path) {
 
 }  // namespace
 
-std::string ConfigFolder() {
-  const std::string folder = Environment("XDG_CONFIG_HOME");
-  return folder.starts_with('/') ? folder : HomeFolder() + "/.config";
-}
+std::string ConfigFolder() { return UserFolder("XDG_CONFIG_HOME", ".config"); }
 
 FileSettingsStore::FileSettingsStore(std::string configFolder, std::chrono::milliseconds patience)
     : folder_(std::move(configFolder) + "/lobegraph"), patience_(patience) {}

@@ -1,7 +1,6 @@
 #include "app/run/SafetyCopy.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <ctime>
 #include <filesystem>
 #include <utility>
@@ -9,6 +8,7 @@
 
 #include "data/base/ReplaceFile.h"
 #include "data/base/RunTimeError.h"
+#include "data/base/UserFolders.h"
 #include "data/formats/PatternFile.h"
 
 namespace lobegraph {
@@ -33,12 +33,7 @@ std::string FreePath(const std::string& folder, const std::string& when) {
 
 }  // namespace
 
-std::string StateFolder() {
-  const char* state = std::getenv("XDG_STATE_HOME");
-  if (state != nullptr && *state == '/') return (fs::path(state) / "lobegraph").string();
-  const char* home = std::getenv("HOME");
-  return (fs::path(home != nullptr ? home : "/") / ".local/state/lobegraph").string();
-}
+std::string StateFolder() { return UserFolder("XDG_STATE_HOME", ".local/state") + "/lobegraph"; }
 
 SafetyCopy::SafetyCopy(std::string folder, std::string versionText)
     : folder_(std::move(folder)), versionText_(std::move(versionText)) {}
