@@ -103,7 +103,7 @@ void FileSettingsStore::Rewrite(std::string_view application, const std::vector<
     current = ReplaceValue(current, section, value.Key, value.Text);
     onDisk = ReplaceValue(onDisk, section, value.Key, value.Text);
   }
-  ReplaceFile(Place(application), onDisk, keeping == Keeping::Durable ? Flush::Yes : Flush::No);
+  ReplaceFile(Place(application), onDisk, keeping == Keeping::Durable ? Outlasts::PowerCut : Outlasts::Kill);
   // Even while the file stays half-written, what was saved here is read here.
   wholeTexts_[std::string(application)] = {current, WrittenNs(Place(application))};
 }

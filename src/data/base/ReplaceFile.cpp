@@ -17,11 +17,16 @@ namespace {
   throw RunTimeError(FaultOfErrno(errorNumber), path);
 }
 
+/// Bytes of a file's name, and those that a temporary name adds.
+constexpr std::size_t kLongestName = 255;
+constexpr std::size_t kAround = 8;
+
 /// A temporary file that is gone unless it was kept.
 class TemporaryFile {
  public:
   explicit TemporaryFile(const std::filesystem::path& target) {
-    name_ = target.parent_path() / ("." + target.filename().string() + ".XXXXXX");
+    const std::string name = target.filename().string().substr(0, kLongestName - kAround);
+    name_ = target.parent_path() / ("." + name + ".XXXXXX");
     handle_ = mkostemp(name_.data(), O_CLOEXEC);
     if (handle_ < 0) Fail(errno, target.string());
   }
@@ -41,9 +46,9 @@ class TemporaryFile {
     }
   }
 
-  void KeepAs(const std::string& target, mode_t mode, Flush flush) {
+  void KeepAs(const std::string& target, mode_t mode, Outlasts outlasts) {
     fchmod(handle_, mode);
-    if (flush == Flush::Yes && fsync(handle_) != 0 && errno != EINVAL) Fail(errno, target);
+    if (outlasts == Outlasts::PowerCut && fsync(handle_) != 0 && errno != EINVAL) Fail(errno, target);
     const int closed = close(handle_);
     handle_ = -1;
     if (closed != 0 || rename(name_.c_str(), target.c_str()) != 0) Fail(errno, target);
@@ -67,7 +72,7 @@ mode_t ModeFor(const std::string& target) {
   struct stat status {};
   if (stat(target.c_str(), &status) == 0) {
     if (!S_ISREG(status.st_mode)) Fail(S_ISDIR(status.st_mode) ? EISDIR : ENODEV, target);
-    if (access(target.c_str(), W_OK) != 0) Fail(errno, target);
+    if (faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0) Fail(errno, target);
     return status.st_mode & 07777;
   }
   const mode_t mask = umask(0);
@@ -77,12 +82,12 @@ mode_t ModeFor(const std::string& target) {
 
 }  // namespace
 
-void ReplaceFile(const std::string& path, std::string_view bytes, Flush flush) {
+void ReplaceFile(const std::string& path, std::string_view bytes, Outlasts outlasts) {
   const std::string target = Target(path);
   const mode_t mode = ModeFor(target);
   TemporaryFile temporary(target);
   temporary.Write(bytes);
-  temporary.KeepAs(target, mode, flush);
+  temporary.KeepAs(target, mode, outlasts);
 }
 
 int FaultOfErrno(int errorNumber) {
