@@ -51,6 +51,10 @@ class FakePrinter final : public PrintDevice {
     log_.emplace_back("end document");
     if (EndFault != 0) throw RunTimeError(EndFault);
   }
+  std::string File;  ///< chosen in the dialog; none: a printer
+  std::string FileOf(const PrintCopy& copy) const override {
+    return File.empty() ? "" : CopyFileName(File, copy);
+  }
   std::string Destination() const override { return "laser"; }
 
  private:

@@ -38,6 +38,8 @@ class PrintDevice {
   virtual void PaintPicture(const Extent& size, const PrintCopy& copy) = 0;
   /// Ends the document: one print job. @throws RunTimeError 482 when the print system has thrown it away
   virtual void EndDoc() = 0;
+  /// The file that this copy is going to be; empty: it goes to a printer.
+  virtual std::string FileOf(const PrintCopy& copy) const = 0;
   /// Where the last document went: a queue, or a file.
   virtual std::string Destination() const = 0;
 };

@@ -16,11 +16,25 @@ void PrintCommands::cmdPrint_Click() {
 void PrintCommands::PrintCopies() {
   const int copies = Printer().CopyCount();
   Printer().SetCopyCount(1);
+  if (!MayReplace(copies)) return;
   for (int number = 1; number <= copies; ++number)
     if (!Print({.Number = number, .Of = copies})) return;
   if (copies < 1) return;
   const std::string printed = copies == 1 ? "Printed to " : std::to_string(copies) + " copies printed to ";
   parts_.View.SetText(Control::lblHint, printed + Printer().Destination());
+}
+
+bool PrintCommands::MayReplace(int copies) {
+  int there = 0;
+  std::string first;
+  for (int number = 1; copies > 1 && number <= copies; ++number) {
+    const std::string file = Printer().FileOf({.Number = number, .Of = copies});
+    if (file.empty() || !parts_.Files.Exists(file)) continue;
+    if (there++ == 0) first = FileNameOf(file);
+  }
+  return there == 0 || parts_.Dialogs.AskYesNo(first + " already exists (" + std::to_string(there) + " of " +
+                                               std::to_string(copies) +
+                                               " copies)\r\nDo you wish to replace what is there?");
 }
 
 bool PrintCommands::Print(const PrintCopy& copy) {

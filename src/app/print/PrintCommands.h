@@ -15,6 +15,8 @@ class PrintCommands {
 
  private:
   void PrintCopies();
+  /// The user named one file: what has the number of a copy is replaced by consent only.
+  bool MayReplace(int copies);
   /// @return false after a fault
   bool Print(const PrintCopy& copy);
   PrintDevice& Printer() const { return *parts_.Printer; }

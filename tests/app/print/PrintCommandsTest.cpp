@@ -49,6 +49,21 @@ TEST_F(PrintCommandsTest,
   EXPECT_FALSE(Printer.HoldsPicture);
 }
 
+TEST_F(PrintCommandsTest, numbered_copies_that_are_there_are_asked_for_once) {
+  Printer.Copies = 3;
+  Printer.File = "folder/report.pdf";
+  Files.Held["folder/report-2.pdf"] = "mine";
+  Dialogs.Yes = false;
+  Print();
+  EXPECT_THAT(Log, ElementsAre("print dialog", "copies 1",
+                               "question report-2.pdf already exists (1 of 3 copies)\r\n"
+                               "Do you wish to replace what is there?"));
+  Printer.Copies = 1;
+  Files.Held["folder/report.pdf"] = "mine";
+  Print();
+  EXPECT_EQ(Dialogs.Questions.size(), 1U) << "the dialog asks for the one that was named";
+}
+
 TEST_F(PrintCommandsTest, with_no_copies_nothing_is_printed) {
   for (const int copies : {0, -1}) {
     Printer.Copies = copies;

@@ -2,8 +2,12 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QLineEdit>
+#include <QMessageBox>
 #include <QPrintDialog>
+#include <filesystem>
 
+#include "data/base/ReplaceFile.h"
 #include "data/base/RunTimeError.h"
 
 namespace lobegraph {
@@ -13,14 +17,31 @@ constexpr double kTwipsPerPoint = 20.0;
 constexpr double kTwipsPerInch = 1440.0;
 constexpr double kHiMetricPerUnit = 2540.0 / 96.0;
 
-/// A PDF ends with this mark; without it the disk was full.
-bool IsWholePdf(const QString& path) {
-  constexpr qint64 kTail = 32;
+/// The bytes of a PDF; empty: the disk was full, because it ends with its mark.
+QByteArray WholePdf(const QString& path) {
+  constexpr qsizetype kTail = 32;
   QFile file(path);
-  if (!file.open(QIODevice::ReadOnly) || file.size() < kTail) return false;
-  file.seek(file.size() - kTail);
-  return file.readAll().contains("%%EOF");
+  if (!file.open(QIODevice::ReadOnly)) return {};
+  QByteArray bytes = file.readAll();
+  return bytes.right(kTail).contains("%%EOF") ? bytes : QByteArray();
 }
+
+bool IsPipe(const QString& path) {
+  std::error_code problem;
+  return std::filesystem::is_fifo(path.toStdString(), problem);
+}
+
+/// The desktop's print dialog, which would open a pipe and wait for a reader of it.
+class PlainFileDialog final : public QPrintDialog {
+ public:
+  using QPrintDialog::QPrintDialog;
+  void accept() override {
+    const auto* const name = findChild<QLineEdit*>("filename");
+    if (name == nullptr || !name->isEnabled() || !IsPipe(name->text())) return QPrintDialog::accept();
+    QMessageBox::warning(this, windowTitle(),
+                         "This name belongs to a pipe: a document needs a file of its own.");
+  }
+};
 
 }  // namespace
 
@@ -31,7 +52,7 @@ QPrinter& QtPrinter::Printer() const {
 
 std::int16_t QtPrinter::ShowDialog() {
   if (!chosenFile_.isEmpty()) Printer().setOutputFileName(chosenFile_);
-  QPrintDialog dialog(&Printer(), &owner_);
+  PlainFileDialog dialog(&Printer(), &owner_);
   dialog.setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintShowPageSize);
   if (dialogs_.Run(dialog) != QDialog::Accepted) return kPrintCancelled;
   chosenFile_ = Printer().outputFileName();
@@ -69,8 +90,9 @@ void QtPrinter::Begin(const PrintCopy& copy) {
 }
 
 void QtPrinter::BeginFile(const PrintCopy& copy) {
-  file_ = CopyFileName(chosenFile_.toStdString(), copy);
-  Printer().setOutputFileName(QString::fromStdString(file_));
+  file_ = FileOf(copy);
+  drawn_ = std::make_unique<QTemporaryDir>();
+  Printer().setOutputFileName(drawn_->filePath("page.pdf"));
 }
 
 void QtPrinter::BeginJob() {
@@ -80,8 +102,25 @@ void QtPrinter::BeginJob() {
 
 void QtPrinter::EndDoc() {
   painter_.end();
-  const bool kept = queue_ ? queue_->TookJob() : IsWholePdf(QString::fromStdString(file_));
+  const bool kept = queue_ ? queue_->TookJob() : KeepFile();
   if (!kept) throw RunTimeError(fault::kPrinter, Destination() + " did not keep the document");
+}
+
+bool QtPrinter::KeepFile() {
+  const QByteArray bytes = WholePdf(Printer().outputFileName());
+  Printer().setOutputFileName(chosenFile_);
+  drawn_.reset();
+  if (bytes.isEmpty()) return false;
+  try {
+    ReplaceFile(file_, {bytes.data(), static_cast<std::size_t>(bytes.size())});
+  } catch (const RunTimeError&) {
+    return false;
+  }
+  return true;
+}
+
+std::string QtPrinter::FileOf(const PrintCopy& copy) const {
+  return Printer().outputFormat() == QPrinter::PdfFormat ? CopyFileName(chosenFile_.toStdString(), copy) : "";
 }
 
 std::string QtPrinter::Destination() const {

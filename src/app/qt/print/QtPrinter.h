@@ -3,6 +3,7 @@
 #include <QImage>
 #include <QPainter>
 #include <QPrinter>
+#include <QTemporaryDir>
 #include <memory>
 #include <optional>
 #include <string>
@@ -29,6 +30,7 @@ class QtPrinter final : public PrintDevice {
   void ClearPicture() override { Picture1_ = {}; }
   void PaintPicture(const Extent& size, const PrintCopy& copy) override;
   void EndDoc() override;
+  std::string FileOf(const PrintCopy& copy) const override;
   std::string Destination() const override;
 
   /// What was chosen last. Made at the first call: asking for printers takes its time.
@@ -38,6 +40,8 @@ class QtPrinter final : public PrintDevice {
   void Begin(const PrintCopy& copy);
   void BeginFile(const PrintCopy& copy);
   void BeginJob();
+  /// The drawn page becomes the file. @return false: it is as it was
+  bool KeepFile();
 
   QWidget& owner_;
   QtDialogs& dialogs_;
@@ -47,6 +51,7 @@ class QtPrinter final : public PrintDevice {
   QPainter painter_;
   std::optional<PrintQueue> queue_;  ///< none: the document goes to file_
   QString chosenFile_;
+  std::unique_ptr<QTemporaryDir> drawn_;  ///< where the page is drawn, out of everybody else's reach
   std::string file_;
   int copies_ = 1;
 };

@@ -1,9 +1,12 @@
 #include <gmock/gmock.h>
 
+#include <sys/stat.h>
 #include <QAbstractPrintDialog>
 #include <QFileInfo>
 #include <QPrinter>
 #include <QSpinBox>
+#include <filesystem>
+#include <fstream>
 
 #include "app/qt/WindowFixture.h"
 
@@ -78,6 +81,49 @@ TEST_F(PrintingTest, ACancelledDialogPrintsNothing) {
 TEST_F(PrintingTest, AFullDiskIsErrorPrinter) {
   Print("/dev/full");
   EXPECT_THAT(messages_, ElementsAre("LBG014 Printing error not presently handled, Code=482"));
+}
+
+TEST_F(PrintingTest, ACopyThatIsThereIsReplacedByConsentOnly) {
+  for (const char* name : {"window-1.pdf", "window-2.pdf"}) std::ofstream(File(name)) << "mine";
+  std::string asked;
+  BoxWatch boxes([&](QDialog& box) {
+    if (auto* question = qobject_cast<QMessageBox*>(&box)) {
+      asked = question->text().toStdString();
+      return question->button(QMessageBox::No)->click();
+    }
+    box.findChild<QSpinBox*>("copies")->setValue(3);
+    box.findChild<QLineEdit*>("filename")->setText(QString::fromStdString(File("window.pdf")));
+    box.accept();
+  });
+  window_.Press("cmdPrint");
+  EXPECT_EQ(asked, "window-1.pdf already exists (2 of 3 copies)\nDo you wish to replace what is there?");
+  EXPECT_EQ(QFileInfo(QString::fromStdString(File("window-1.pdf"))).size(), 4);
+  EXPECT_FALSE(IsThere(File("window-3.pdf")));
+}
+
+TEST_F(PrintingTest, APipeIsNotOpenedAndTheDialogStays) {
+  ASSERT_EQ(mkfifo(File("pipe.pdf").c_str(), 0600), 0);
+  std::string told;
+  BoxWatch boxes([&](QDialog& box) {
+    if (auto* message = qobject_cast<QMessageBox*>(&box)) {
+      told = message->text().toStdString();
+      return box.accept();
+    }
+    box.findChild<QLineEdit*>("filename")->setText(QString::fromStdString(File("pipe.pdf")));
+    box.accept();
+    EXPECT_TRUE(box.isVisible());
+    box.reject();
+  });
+  window_.Press("cmdPrint");
+  EXPECT_EQ(told, "This name belongs to a pipe: a document needs a file of its own.");
+}
+
+TEST_F(PrintingTest, TheRightsOfAFileThatIsReplacedStay) {
+  std::ofstream(File("window.pdf")) << "old";
+  std::filesystem::permissions(File("window.pdf"), std::filesystem::perms(0600));
+  Print(File("window.pdf"));
+  EXPECT_TRUE(IsThere(File("window.pdf")));
+  EXPECT_EQ(std::filesystem::status(File("window.pdf")).permissions(), std::filesystem::perms(0600));
 }
 
 TEST_F(PrintingTest, TheDialogIsABoxOfTheWindowSoNothingIsDrawnAnew) {
