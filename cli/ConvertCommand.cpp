@@ -37,14 +37,18 @@ int RunConvert(const ConvertRequest& request, const CommandParts& parts, const s
     return kWrongUse;
   }
   std::string named = request.In;
+  int exitCode = kSomeFailed;
   try {
-    const WrittenPattern written = WritePattern(Loaded(request, parts.Files), *format, versionText);
+    const ReadingsRecord record = Loaded(request, parts.Files);
+    exitCode = kWrongUse;  // what cannot be drawn is no pattern to be converted
+    const WrittenPattern written = WritePattern(record, *format, versionText);
+    exitCode = kSomeFailed;
     named = request.Out;
     parts.Files.Replace(request.Out, written.Bytes);
     for (const std::string& loss : written.Losses) parts.Complaints << ComplaintAbout(request.Out, loss);
   } catch (const RunTimeError& error) {
     parts.Complaints << ComplaintAbout(named, error);
-    return kSomeFailed;
+    return exitCode;
   }
   return kAllDone;
 }

@@ -6,11 +6,13 @@
 
 #include "cli/MemoryFiles.h"
 #include "data/formats/PatternFile.h"
+#include "processing/exchange/WritePattern.h"
 
 namespace lobegraph {
 namespace {
 
 using ::testing::HasSubstr;
+using ::testing::Not;
 using ::testing::StartsWith;
 
 class Convert : public ::testing::Test {
@@ -113,6 +115,85 @@ TEST_F(Convert, ASetWithALevelOfZeroIsConverted) {
   files_.Content["a.lbg"] = StoredText(record);
   ASSERT_EQ(Run("a.lbg", "m.ant"), 0) << complaints_.str();
   EXPECT_THAT(files_.Content["m.ant"], HasSubstr("\r\n-100.000\r\n"));
+}
+
+TEST_F(Convert, HalfATurnAsBareLevelsIsALossThatIsNamed) {
+  ReadingsRecord record = StoredBeam();
+  record.Plot180 = true;
+  files_.Content["a.lbg"] = StoredText(record);
+  ASSERT_EQ(Run("a.lbg", "m.csv"), 0);
+  EXPECT_THAT(complaints_.str(), HasSubstr("m.csv: that it is half a turn is lost: read again"));
+  ASSERT_EQ(Run("a.lbg", "m.csv", true), 0);
+  EXPECT_THAT(complaints_.str(), Not(HasSubstr("half a turn")));
+}
+
+TEST_F(Convert, AReadingBeyond360ThatIsLostIsNamed) {
+  ReadingsRecord record = StoredBeam(360);
+  record.NumReadings = 360;
+  record.TrimFront = 1;
+  record.Readings(360) = 123.F;
+  files_.Content["a.lbg"] = StoredText(record);
+  for (const char* name : {"m.lbg", "m.csv"}) {
+    ASSERT_EQ(Run("a.lbg", name), 0);
+    EXPECT_THAT(complaints_.str(), HasSubstr("the last of 361 readings is lost")) << name;
+  }
+}
+
+TEST_F(Convert, LevelsThatAreRaisedAndTextsThatAreCutAreNamed) {
+  ReadingsRecord record = StoredBeam();
+  record.Readings(200) = 0.F;
+  record.Description = std::string(50, 'x') + ", north";
+  files_.Content["a.lbg"] = StoredText(record);
+  ASSERT_EQ(Run("a.lbg", "m.adf"), 0);
+  EXPECT_THAT(complaints_.str(), HasSubstr("levels of more than 100 dB below the strongest"));
+  EXPECT_THAT(complaints_.str(), HasSubstr("texts"));
+  EXPECT_THAT(files_.Content["m.adf"], HasSubstr("MODNUM:," + std::string(42, 'x') + "\r\n"));
+}
+
+/// Every control character, those that other programs take for the end of a line among them.
+std::string Unruly() {
+  std::string text = "DL";
+  for (char c = 1; c < 32; ++c) text += std::string(1, c) + "0 0.00";
+  return text +
+         "\x7F\xC2\x85HORIZONTAL 360\xE2\x80\xA8"
+         "0 0.00\xE2\x80\xA9"
+         "end";
+}
+
+TEST_F(Convert, EachTextIsOneLineInEveryFormat) {
+  for (const PatternFormat& format : PatternFormats()) {
+    if (!format.Writes()) continue;
+    const bool table = format.Columns.value_or(false);
+    const std::string out = "m" + std::string(WordsOf(format.Endings).front());
+    files_.Content["a.lbg"] = StoredText(StoredBeam());
+    ASSERT_EQ(Run("a.lbg", out, table), 0);
+    const std::string& plain = files_.Content[out];
+    ReadingsRecord record = StoredBeam();
+    record.Description = record.CollectedBy = record.CollectedDate = record.Elements = Unruly();
+    const std::string written = WritePattern(record, format, "V9").Bytes;
+    for (const char end : {'\n', '\r'})
+      EXPECT_EQ(std::count(written.begin(), written.end(), end), std::count(plain.begin(), plain.end(), end))
+          << format.Id;
+    if (format.WriteTable == nullptr) continue;
+    for (const char* end : {"\v", "\f", "\x1B", "\x1C", "\x7F", "\xC2\x85", "\xE2\x80\xA8", "\xE2\x80\xA9"})
+      EXPECT_THAT(written, Not(HasSubstr(end))) << format.Id;
+  }
+}
+
+TEST_F(Convert, WhatCouldNotBeDrawnIsNotWrittenAndEndsWithTwo) {
+  ReadingsRecord record = StoredBeam();
+  for (int i = 0; i < 360; ++i) record.Readings(i) = 0.F;
+  files_.Content["zeros.lbg"] = StoredText(record);
+  for (const char* out : {"m.lbg", "m.csv", "m.msi", "m.az"}) {
+    EXPECT_EQ(Run("zeros.lbg", out), 2) << out;
+    EXPECT_THAT(complaints_.str(), HasSubstr("no level is above 0"));
+    EXPECT_FALSE(files_.Exists(out));
+  }
+  record = StoredBeam();
+  record.TrimEnd = 360;
+  files_.Content["trimmed.lbg"] = StoredText(record);
+  EXPECT_EQ(Run("trimmed.lbg", "m.msi"), 2);
+  EXPECT_THAT(complaints_.str(), HasSubstr("LBG"));
 }
 
 TEST_F(Convert, WhatCannotBeReadOrWrittenIsNamed) {

@@ -27,6 +27,11 @@ std::optional<char> ToWindows1252(char32_t character) {
   return static_cast<char>(0x80 + std::distance(kUpperControls.begin(), found));
 }
 
+bool IsPrintable(char32_t character) {
+  const bool control = character < 0x20 || (character >= 0x7F && character < 0xA0);
+  return !control && character != 0x2028 && character != 0x2029;
+}
+
 bool IsAscii(std::string_view text) {
   return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
 }
@@ -54,6 +59,16 @@ std::string DecodeText(std::string_view bytes) {
   for (const char byte : bytes)
     utf8::append(FromWindows1252(static_cast<unsigned char>(byte)), std::back_inserter(text));
   return text;
+}
+
+std::string PrintableText(std::string_view text) {
+  const std::string valid = utf8::replace_invalid(std::string(text));
+  std::string printable;
+  for (auto position = valid.begin(); position != valid.end();) {
+    const char32_t character = utf8::next(position, valid.end());
+    utf8::append(IsPrintable(character) ? character : U' ', std::back_inserter(printable));
+  }
+  return printable;
 }
 
 std::string EncodeText(const std::string& text) {

@@ -4,13 +4,13 @@
 #include <iterator>
 
 #include "data/base/Numbers.h"
+#include "data/base/TextEncoding.h"
 
 namespace lobegraph {
 namespace {
 
-/// The format's own limits of its texts.
+/// Bytes of a text: the format's own limit of its names.
 constexpr std::size_t kLongestModel = 42;
-constexpr std::size_t kLongestDescription = 80;
 
 struct Record {
   std::string_view Key;
@@ -62,14 +62,6 @@ std::string Field(std::string_view key, const std::optional<double>& value) {
   return value ? Field(key, FixedText(*value, 2)) : "";
 }
 
-/// Commas separate and would cut a text short.
-std::string Words(std::string_view text, std::size_t longest) {
-  std::string words(text.substr(0, longest));
-  for (char& c : words)
-    if (c == ',' || c == '!') c = ' ';
-  return words;
-}
-
 }  // namespace
 
 PatternTable ReadNsma(TextLines& lines) {
@@ -93,12 +85,22 @@ PatternTable ReadNsma(TextLines& lines) {
   return table;
 }
 
+std::string NsmaText(std::string_view text) {
+  std::string words = PrintableText(text);
+  std::size_t end = std::min(words.size(), kLongestModel);
+  while (end < words.size() && (static_cast<unsigned char>(words[end]) & 0xC0U) == 0x80U) --end;
+  words.resize(end);
+  for (char& c : words)
+    if (c == ',' || c == '!') c = ' ';
+  return words;
+}
+
 std::string WriteNsma(const PatternTable& table) {
   const bool horizontal = table.Horizontal.value_or(true);
   std::string text = Field("REVNUM", "NSMA WG16.99.050") + Field("REVDAT", "19990520");
-  text += Field("COMNT1", "Measured azimuth cut") + Field("ANTMAN", Words(table.CollectedBy, kLongestModel));
-  text += Field("MODNUM", Words(table.Name, kLongestModel));
-  text += Field("DESCR1", Words(table.CollectedDate, kLongestDescription)) + Field("GUNITS", "DBI/DBR");
+  text += Field("COMNT1", "Measured azimuth cut") + Field("ANTMAN", NsmaText(table.CollectedBy));
+  text += Field("MODNUM", NsmaText(table.Name));
+  text += Field("DESCR1", NsmaText(table.CollectedDate)) + Field("GUNITS", "DBI/DBR");
   text += Field("MDGAIN", table.GainDbi) + Field("AZWIDT", table.BeamwidthDeg) +
           Field("FRTOBA", table.FrontToBackDb);
   text += Field("PATTYP", "Typical") + Field("NOFREQ", "1") + Field("PATFRE", table.FrequencyMHz);

@@ -13,6 +13,9 @@ namespace lobegraph {
 PatternTable ReadNsma(TextLines& lines);
 
 /// 361 points from -180 to 180 degrees.
+/// A text as it stands there: without what separates, at most as long as the name of a model may be.
+std::string NsmaText(std::string_view text);
+
 std::string WriteNsma(const PatternTable& table);
 
 }  // namespace lobegraph

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "data/base/TextEncoding.h"
 #include "data/formats/GraspCut.h"
 #include "data/formats/LevelList.h"
 #include "data/formats/LevelTable.h"
@@ -35,14 +36,18 @@ constexpr PatternFormat kFormats[] = {
      .Name = "Lobegraph Files",
      .Endings = ".lbg",
      .ReadRecord = ReadPatternText,
-     .WriteRecord = WriteCapped},
+     .WriteRecord = WriteCapped,
+     .MostReadings = 360,
+     .TextAs = QuotableText},
     {.Id = "LevelList",
      .Name = "Levels, one a line",
      .Endings = ".csv",
      .Columns = false,
      .ReadRecord = ReadLevels,
      .WriteRecord = WriteLevels,
-     .Lost = kAllButReadings},
+     .Lost = kAllButReadings,
+     .LosesHalfTurn = true,
+     .MostReadings = 360},
     {.Id = "LevelTable",
      .Name = "Columns of angle and level",
      .Endings = ".csv",
@@ -56,6 +61,7 @@ constexpr PatternFormat kFormats[] = {
      .ReadTable = ReadPlanet,
      .WriteTable = WritePlanet,
      .Lost = "date, elements and absolute level",
+     .TextAs = PrintableText,
      .Invented = "the vertical cut is unknown and written as 0 dB all round, the frequency as 0",
      .AtWholeDegrees = true},
     {.Id = "Splat",
@@ -78,6 +84,7 @@ constexpr PatternFormat kFormats[] = {
      .ReadTable = ReadNsma,
      .WriteTable = WriteNsma,
      .Lost = "elements and absolute level",
+     .TextAs = NsmaText,
      .AtWholeDegrees = true},
     {.Id = "ModelTable",
      .Name = "Tables of antenna models",

@@ -31,8 +31,11 @@ struct PatternFormat {
   std::string (*WriteTable)(const PatternTable& table) = nullptr;
 
   std::string_view Lost = "";      ///< what of a record it has no room for
-  std::string_view Invented = "";  ///< what stands there without having been measured
-  bool AtWholeDegrees = false;     ///< written as 360 azimuths
+  bool LosesHalfTurn = false;      ///< read again, half a turn is spread over a whole one
+  std::size_t MostReadings = 361;  ///< that it is read with
+  std::string (*TextAs)(std::string_view text) = nullptr;  ///< how a line of words stands in it
+  std::string_view Invented = "";                          ///< what stands there without having been measured
+  bool AtWholeDegrees = false;                             ///< written as 360 azimuths
 
   bool Writes() const { return WriteRecord != nullptr || WriteTable != nullptr; }
 };
