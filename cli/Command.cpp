@@ -1,12 +1,11 @@
 #include "cli/Command.h"
 
+#include "data/base/TextEncoding.h"
+
 namespace lobegraph {
 
 std::string ComplaintAbout(const std::string& file, const std::string& reason) {
-  std::string line = "lobegraph-cli: " + file + ": " + reason;
-  for (char& c : line)
-    if (c == '\n' || c == '\r') c = ' ';
-  return line + "\n";
+  return PrintableText("lobegraph-cli: " + file + ": " + reason) + "\n";
 }
 
 std::string ComplaintAbout(const std::string& file, const RunTimeError& error) {

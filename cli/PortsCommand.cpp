@@ -4,6 +4,8 @@
 #include <iomanip>
 #include <set>
 
+#include "data/base/TextEncoding.h"
+
 namespace lobegraph {
 namespace {
 
@@ -34,7 +36,7 @@ int List(const ComPorts& ports, const CommandParts& parts) {
   for (const Line& line : lines) width = std::max(width, line.Path.size());
   for (const Line& line : lines)
     parts.Output << std::left << std::setw(kNumberWidth) << line.Number
-                 << std::setw(static_cast<int>(width) + 2) << line.Path << line.Title << '\n';
+                 << std::setw(static_cast<int>(width) + 2) << line.Path << PrintableText(line.Title) << '\n';
   if (lines.empty()) parts.Complaints << "lobegraph-cli: no serial port or adapter is there\n";
   return kAllDone;
 }

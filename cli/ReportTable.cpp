@@ -3,6 +3,7 @@
 #include <optional>
 
 #include "data/base/Numbers.h"
+#include "data/base/TextEncoding.h"
 #include "processing/Figures.h"
 
 namespace lobegraph {
@@ -39,7 +40,7 @@ std::string TableRow(const OpenedPattern& pattern, const std::string& file) {
   return Cell(std::to_string(session.Record().ReadingsPlotted)) + Figure(session.Figures().BeamwidthDeg, 2) +
          Figure(plot.Figures.GainDbi, 2) + Figure(figures.Hpbw, 2) + Figure(figures.BeamCentre, 1) +
          Figure(figures.FrontToBack, 1) + Figure(figures.FrontToRear, 1) + Figure(figures.SideLobeLevel, 1) +
-         Figure(figures.Closure, 2) + "  " + file + "\n";
+         Figure(figures.Closure, 2) + "  " + PrintableText(file) + "\n";
 }
 
 }  // namespace lobegraph

@@ -13,6 +13,9 @@
 namespace lobegraph {
 namespace {
 
+/// No daemon says a strength in so many bytes.
+constexpr std::size_t kLongestAnswer = 4096;
+
 struct FreeAddresses {
   void operator()(addrinfo* list) const { freeaddrinfo(list); }
 };
@@ -72,6 +75,7 @@ std::string RadioLink::Ask(const std::string& line) {
     const ssize_t count = recv(handle_, buffer.data(), buffer.size(), 0);
     if (count == 0 || (count < 0 && errno != EAGAIN)) throw LinkError("the daemon has gone");
     if (count > 0) received_.append(buffer.data(), static_cast<std::size_t>(count));
+    if (received_.size() > kLongestAnswer) throw LinkError("the daemon's answer has no end");
   }
   const std::string answer = received_.substr(0, received_.find('\n'));
   return answer.ends_with('\r') ? answer.substr(0, answer.size() - 1) : answer;

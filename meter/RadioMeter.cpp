@@ -4,6 +4,7 @@
 #include <thread>
 
 #include "data/base/Numbers.h"
+#include "data/base/TextEncoding.h"
 
 namespace lobegraph {
 namespace {
@@ -96,7 +97,7 @@ void RadioMeter::Look(double trueDb) {
       FixedText(kStrongestDbm, 0));
 }
 
-void RadioMeter::Say(const std::string& text) { shown_ << text << std::endl; }
+void RadioMeter::Say(const std::string& text) { shown_ << PrintableText(text) << std::endl; }
 
 void RadioMeter::SayOnce(const std::string& text) {
   if (text != lastProblem_) Say(text);

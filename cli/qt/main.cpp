@@ -9,6 +9,7 @@
 #include "cli/RenderCommand.h"
 #include "cli/ReportCommand.h"
 #include "cli/qt/Toolkit.h"
+#include "data/base/TextEncoding.h"
 #include "render/qt/picture/QtPictureFiles.h"
 #include "settings/FileSettingsStore.h"
 
@@ -51,10 +52,8 @@ int main(int argc, char** argv) {
   std::ios::sync_with_stdio(false);
   try {
     return Finished(Run(argc, argv));
-  } catch (const RunTimeError& error) {
-    std::cerr << "lobegraph-cli: " << error.what() << '\n';
   } catch (const std::exception& error) {
-    std::cerr << "lobegraph-cli: " << error.what() << '\n';
+    std::cerr << PrintableText(std::string("lobegraph-cli: ") + error.what()) << '\n';
   }
   return kSomeFailed;
 }

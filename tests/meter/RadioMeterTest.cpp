@@ -198,6 +198,27 @@ TEST(RadioMeter, ARetractionIsTriedAgainBeforeTheEndIsSaid) {
   EXPECT_THAT(rig.Shown.str(), HasSubstr("ended; nothing is published any more"));
 }
 
+TEST(RadioMeter, AnAnswerReachesTheTerminalAsPrintableText) {
+  Daemon daemon([] {
+    return "\x1B]0;mine\x07\x9B"
+           "2J\n";
+  });
+  Rig rig(daemon.Port);
+  rig.Run([&] { return daemon.Asked >= 2; });
+  EXPECT_THAT(rig.Shown.str(), HasSubstr("does not tell its signal strength ( ]0;mine "));
+  EXPECT_EQ(rig.Shown.str().find_first_of("\x1B\x07\x9B"), std::string::npos);
+}
+
+TEST(RadioMeter, AnAnswerWithoutAnEndIsRefusedAtOnceHoweverLongTheLimit) {
+  Daemon daemon([] { return std::string(100'000, '1'); });
+  Rig rig(daemon.Port);
+  rig.Options.LimitMs = 3000;
+  rig.Run([&] { return rig.Shown.str().find("no end") != std::string::npos || daemon.Asked > 1; });
+  EXPECT_THAT(rig.Shown.str(), HasSubstr("the daemon's answer has no end"));
+  EXPECT_EQ(daemon.Asked, 1);
+  EXPECT_THAT(rig.Shown.str(), Not(HasSubstr("no answer within")));
+}
+
 TEST(RadioMeter, NobodyThereIsSaidAndTriedAgain) {
   Rig rig(1);
   rig.Run([&] { return !rig.Shown.str().empty(); });
