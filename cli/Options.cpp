@@ -1,11 +1,15 @@
 #include "cli/Options.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <map>
 #include <set>
 #include <sstream>
 
 #include "acquisition/serial/ComPorts.h"
+#include "cli/Command.h"
+#include "data/base/NearestWord.h"
+#include "data/base/TextEncoding.h"
 #include "data/formats/PatternFormats.h"
 
 namespace lobegraph {
@@ -13,7 +17,8 @@ namespace {
 
 constexpr const char* kAbout =
     "Figures, pictures and other formats from Lobegraph's pattern files, one by one or by the thousand.\n"
-    "Exit codes: 0 done, 1 some file failed (the others are done), 2 wrong use.";
+    "Exit codes: 0 done, 1 some file failed (the others are done), 2 wrong use or nothing that could be "
+    "drawn.";
 constexpr const char* kVerbsHint = "lobegraph-cli VERB --help shows the options and examples of a verb.";
 constexpr const char* kReportExamples =
     "Examples:\n"
@@ -124,12 +129,16 @@ void AddReport(CLI::App& app, ReportRequest& request) {
 /// "501x560"
 std::string TakeSize(const std::string& text, RenderRequest& request) {
   constexpr int kLargest = 20000;
+  constexpr int kMostPixels = 64'000'000;  // ten bytes each while the picture is made
   std::istringstream parts(text);
   char cross = 0;
   const bool read = parts >> request.Width >> cross >> request.Height && parts.peek() == EOF;
   const bool fits = read && cross == 'x' && request.Width >= 16 && request.Height >= 16 &&
                     request.Width <= kLargest && request.Height <= kLargest;
-  return fits ? "" : "give width and height in pixels, such as 1002x1120 (16 to 20000 each)";
+  if (!fits) return "give width and height in pixels, such as 1002x1120 (16 to 20000 each)";
+  return request.Width * request.Height <= kMostPixels ? ""
+                                                       : "a picture has at most 64 million pixels, such as "
+                                                         "8000x8000; SVG and PDF are sharp at any size";
 }
 
 void AddRender(CLI::App& app, RenderRequest& request) {
@@ -138,6 +147,7 @@ void AddRender(CLI::App& app, RenderRequest& request) {
   verb->add_option("FILE", request.Files, "Pattern files")->required();
   verb->add_option("-o,--output", request.Out, "Picture to write; {} stands for the name of the file")
       ->required();
+  verb->add_flag("--force", request.Force, "Replace pictures that a name with {} finds there already");
   verb->add_option("--overlay", request.Overlays, "Patterns to draw over it, with a legend");
   verb->add_option("--size", "PNG: width and height in pixels (default: 501x560)")
       ->check([&request](const std::string& text) { return TakeSize(text, request); })
@@ -190,12 +200,39 @@ void AddPorts(CLI::App& app, PortAssignment& assignment) {
   assign->add_option("PATH", assignment.Path, "The device, such as /dev/ttyUSB0")->required();
 }
 
+std::vector<std::string_view> VerbsOf(const CLI::App& app) {
+  std::vector<std::string_view> names;
+  for (const CLI::App* verb : app.get_subcommands(nullptr)) names.push_back(verb->get_name());
+  return names;
+}
+
+/// What the parser would take for something else.
+std::string WrongBeforeParsing(const std::vector<std::string_view>& words,
+                               const std::vector<std::string_view>& verbs) {
+  const std::string_view first = words.empty() ? "" : words.front();
+  if (!first.empty() && first.front() != '-' && std::ranges::find(verbs, first) == verbs.end()) {
+    const auto nearest = NearestWord(first, verbs);
+    std::string list;
+    for (const std::string_view verb : verbs) list += (list.empty() ? "" : ", ") + std::string(verb);
+    const std::string meant =
+        nearest ? "did you mean " + std::string(*nearest) + "?" : "the verbs are " + list;
+    return "\'" + std::string(first) + "\' is no verb of lobegraph-cli: " + meant;
+  }
+  for (const std::string_view word : words) {
+    if (word == "--") break;
+    // The parser would take the next word, which is the name of a file, for the value.
+    if (word.starts_with("--") && word.ends_with('=')) return std::string(word) + " has no value behind it";
+  }
+  return "";
+}
+
 /// Wrong use is always 2, whatever the parser calls it.
 void End(const CLI::App& app, const CLI::ParseError& reason, CommandLine& parsed) {
   std::ostringstream output, complaint;
-  parsed.ExitCode = app.exit(reason, output, complaint) == 0 ? 0 : 2;
+  parsed.ExitCode = app.exit(reason, output, complaint) == 0 ? kAllDone : kWrongUse;
   parsed.Output = output.str();
-  parsed.Complaint = complaint.str();
+  std::istringstream lines(complaint.str());
+  for (std::string line; std::getline(lines, line);) parsed.Complaint += PrintableText(line) + "\n";
 }
 
 void Check(const RenderRequest& request) {
@@ -220,6 +257,12 @@ CommandLine ParseCommandLine(int argc, const char* const* argv, const std::strin
   AddConvert(app, convert);
   AddPorts(app, assignment);
   CommandLine parsed;
+  const std::vector<std::string_view> words(argv + std::min(argc, 1), argv + argc);
+  if (const std::string wrong = WrongBeforeParsing(words, VerbsOf(app)); !wrong.empty()) {
+    parsed.ExitCode = kWrongUse;
+    parsed.Complaint = PrintableText("lobegraph-cli: " + wrong) + "\n";
+    return parsed;
+  }
   try {
     app.parse(argc, argv);
     if (app.got_subcommand("render")) Check(render);

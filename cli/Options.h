@@ -24,7 +24,8 @@ struct RenderRequest {
   std::vector<std::string> Overlays = {};
   std::string ColoursFile = {};
   std::string Title = {};
-  int Width = 0;  ///< pixels; 0: one for each unit
+  bool Force = false;  ///< a picture whose name "{}" has made may be replaced
+  int Width = 0;       ///< pixels; 0: one for each unit
   int Height = 0;
   PatternOptions Pattern = {};
 };

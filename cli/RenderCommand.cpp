@@ -1,6 +1,7 @@
 #include "cli/RenderCommand.h"
 
 #include <filesystem>
+#include <map>
 #include <utility>
 
 #include "cli/ColoursFile.h"
@@ -66,6 +67,8 @@ class Renderer {
     else
       for (const std::string& message : pattern.Messages) parts_.Complaints << ComplaintAbout(file, message);
     const PatternSession& session = pattern.Session;
+    if (!pattern.Error() && pattern.Messages.empty() && session.Plot().Trace.empty())
+      parts_.Complaints << ComplaintAbout(file, "no reading is there to draw");
     if (pattern.Error() || session.Plot().Trace.empty()) return false;
     if (picture.Patterns.empty()) picture.Style = session.Style();
     picture.Patterns.push_back({session.Plot(), LegendName(session.Record())});
@@ -84,11 +87,29 @@ class Renderer {
   PlotColours colours_;
 };
 
+/// What stands in the way of the pictures that are to be made; empty: nothing. Before the first is written.
+std::string Collision(const RenderRequest& request, FileAccess& files) {
+  if (request.Out.find("{}") == std::string::npos) return "";
+  std::map<std::string, std::string> sources;
+  for (const std::string& file : request.Files) {
+    const std::string out = OutputFor(request.Out, file);
+    const auto [place, isNew] = sources.emplace(out, file);
+    if (!isNew) return ComplaintAbout(out, "would be the picture of " + place->second + " and of " + file);
+    if (!request.Force && files.Exists(out))
+      return ComplaintAbout(out, "is there already; --force replaces it and any other");
+  }
+  return "";
+}
+
 }  // namespace
 
 int RunRender(const RenderRequest& request, const CommandParts& parts, PictureFiles& pictures) {
   if (!KnownPicture(request.Out)) {
     parts.Complaints << ComplaintAbout(request.Out, "a picture's name ends in .png, .svg or .pdf");
+    return kWrongUse;
+  }
+  if (const std::string collision = Collision(request, parts.Files); !collision.empty()) {
+    parts.Complaints << collision;
     return kWrongUse;
   }
   PlotColours colours = DefaultColours();

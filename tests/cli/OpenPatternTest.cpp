@@ -33,6 +33,15 @@ TEST(OpenPattern, AFileIsLoadedAndPlotted) {
   EXPECT_EQ(pattern.RotateText, "0");
 }
 
+TEST(OpenPattern, ARotationBeyondEveryPlaceIsAMessageOfThisFile) {
+  for (const char* rotation : {"1e30", "-1e30", "1e999"}) {
+    const OpenedPattern pattern = Open(StoredBeam(), {.Rotate = rotation});
+    EXPECT_FALSE(pattern.Messages.empty() && !pattern.Error()) << rotation;
+    Open(StoredBeam(), {.TrimFront = rotation});
+    Open(StoredBeam(), {.TrimEnd = rotation});
+  }
+}
+
 TEST(OpenPattern, AMissingFileIsAnErrorWithItsMessage) {
   MemoryFiles files;
   const OpenedPattern pattern = OpenPattern(files, "nowhere.lbg", {.Rotate = "10"});

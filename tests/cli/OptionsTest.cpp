@@ -125,6 +125,42 @@ TEST(CliOptions, WrongUseEndsWithTwoAndSaysWhy) {
   }
 }
 
+TEST(CliOptions, APictureHasAtMost64MillionPixels) {
+  EXPECT_TRUE(Parse({"render", "a.lbg", "-o", "a.png", "--size", "8000x8000"}).Render);
+  EXPECT_TRUE(Parse({"render", "a.lbg", "-o", "a.png", "--size", "20000x3200"}).Render);
+  for (const char* size : {"8001x8000", "20000x20000"}) {
+    const CommandLine parsed = Parse({"render", "a.lbg", "-o", "a.png", "--size", size});
+    EXPECT_EQ(parsed.ExitCode, 2);
+    EXPECT_THAT(parsed.Complaint, HasSubstr("at most 64 million pixels"));
+  }
+}
+
+TEST(CliOptions, AMisspeltVerbIsNamedWithTheNearestOne) {
+  const std::pair<const char*, const char*> slips[] = {{"raport", "report"},  {"rport", "report"},
+                                                       {"Render", "render"},  {"rendre", "render"},
+                                                       {"convrt", "convert"}, {"port", "ports"}};
+  for (const auto& [slip, verb] : slips) {
+    const CommandLine parsed = Parse({slip, "a.lbg"});
+    EXPECT_EQ(parsed.ExitCode, 2);
+    EXPECT_EQ(parsed.Complaint, "lobegraph-cli: '" + std::string(slip) +
+                                    "' is no verb of lobegraph-cli: did you mean " + verb + "?\n");
+  }
+  EXPECT_THAT(Parse({"beam.lbg"}).Complaint, HasSubstr("the verbs are report, render, convert, ports"));
+}
+
+TEST(CliOptions, AnOptionWithoutItsValueTakesNoFileForIt) {
+  const CommandLine parsed = Parse({"report", "--trim-front=", "a.lbg"});
+  EXPECT_EQ(parsed.ExitCode, 2);
+  EXPECT_EQ(parsed.Complaint, "lobegraph-cli: --trim-front= has no value behind it\n");
+  EXPECT_TRUE(Parse({"report", "--", "--trim-front="}).Report) << "a file of this name";
+  EXPECT_EQ(Parse({"report", "--trim-front", "", "a.lbg"}).Report->Pattern.TrimFront, "");
+}
+
+TEST(CliOptions, WhatIsTypedReachesTheTerminalAsPrintableText) {
+  EXPECT_EQ(Parse({"\x1B[2J"}).Complaint.find('\x1B'), std::string::npos);
+  EXPECT_EQ(Parse({"report", "--\x1B[2J"}).Complaint.find('\x1B'), std::string::npos);
+}
+
 TEST(CliOptions, SeveralFilesGoIntoOnePictureEach) {
   const auto render = Parse({"render", "a.lbg", "b.lbg", "-o", "out/{}.svg"}).Render;
   ASSERT_TRUE(render);

@@ -121,6 +121,35 @@ TEST_F(Render, OverlaysAreDrawnOverOneGridEachWithALegendEntry) {
   EXPECT_THAT(legend, HasSubstr(">other.lbg</text>")) << "without a description the file's name";
 }
 
+TEST_F(Render, TwoPatternsThatWouldBeOnePictureAreRefusedBeforeAnythingIsWritten) {
+  files_.Content["field/beam.lbg"] = files_.Content["beam.lbg"];
+  EXPECT_EQ(Run({.Files = {"dir/other.lbg", "beam.lbg", "field/beam.lbg"}, .Out = "p/{}.svg", .Force = true}),
+            2);
+  EXPECT_EQ(complaints_.str(),
+            "lobegraph-cli: p/beam.svg: would be the picture of beam.lbg and of field/beam.lbg\n");
+  EXPECT_FALSE(files_.Exists("p/other.svg"));
+}
+
+TEST_F(Render, APictureThatWasNotNamedOutrightIsReplacedByForceOnly) {
+  files_.Content["p/other.svg"] = "mine";
+  RenderRequest request{.Files = {"beam.lbg", "dir/other.lbg"}, .Out = "p/{}.svg"};
+  EXPECT_EQ(Run(request), 2);
+  EXPECT_THAT(complaints_.str(), HasSubstr("p/other.svg: is there already; --force"));
+  EXPECT_FALSE(files_.Exists("p/beam.svg"));
+  request.Force = true;
+  EXPECT_EQ(Run(request), 0);
+  EXPECT_NE(files_.Content["p/other.svg"], "mine");
+  EXPECT_EQ(Run({.Files = {"beam.lbg"}, .Out = "p/other.svg"}), 0) << "named outright";
+}
+
+TEST_F(Render, AFileWithoutReadingsIsNamed) {
+  ReadingsRecord record = StoredBeam();
+  record.NumReadings = -1;
+  files_.Content["empty.lbg"] = StoredText(record);
+  EXPECT_EQ(Run({.Files = {"empty.lbg"}, .Out = "out.svg"}), 1);
+  EXPECT_EQ(complaints_.str(), "lobegraph-cli: empty.lbg: no reading is there to draw\n");
+}
+
 TEST_F(Render, OnePatternAloneNeedsNoLegend) { EXPECT_EQ(Group(Svg({}), "legend"), ""); }
 
 TEST_F(Render, ALongLegendMakesThePictureHigherAndMovesNothing) {

@@ -13,7 +13,8 @@
 namespace lobegraph {
 namespace {
 
-constexpr int kDotsPerMetre = 3780;
+/// A grid of more is drawn for each picture.
+constexpr double kMostKeptPixels = 16e6;
 constexpr double kPointsPerUnit = 72.0 / 96.0;
 
 QSize UnitsOf(const Picture& picture) { return {kPictureWidth, PictureHeightOf(picture.Patterns.size())}; }
@@ -34,6 +35,11 @@ QImage Centred(const QImage& drawing, QSize size, Colour background) {
 void QtPictureFiles::LayGrid(const Picture& picture, QSize units, double ratio) {
   const Colour lines = picture.Colours.PlotGridColour;
   const Colour background = picture.Colours.PlotBackground;
+  if (static_cast<double>(units.width()) * units.height() * ratio * ratio > kMostKeptPixels) {
+    kept_.reset();
+    surface_ = std::make_unique<ImageSurface>(units, ratio, background);
+    return DrawGrid(*surface_, picture);
+  }
   const bool fits =
       kept_ && kept_->Units == units && kept_->Ratio == ratio && kept_->Background == background;
   if (!fits) surface_ = std::make_unique<ImageSurface>(units, ratio, background);
