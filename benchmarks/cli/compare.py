@@ -80,9 +80,11 @@ def main(programs):
         some = paths[:PICTURES]
         script = folder / "all.gp"
         script.write_text(gnuplot_script(some))
+        known = subprocess.run([cli, "render", "--help"], check=True, capture_output=True, text=True).stdout
+        force = ["--force"] if "--force" in known else []  # the pictures of the round before
         rows = [("report --json", REPORTS, one_core(cli, "report", "--json", "-j1", *paths)),
                 ("floor: reading the same bytes", REPORTS, floor(floors, "read", paths)),
-                ("render to PNG", PICTURES, one_core(cli, "render", *some, "-o", str(folder / "{}.png"))),
+                ("render to PNG", PICTURES, one_core(cli, "render", *some, "-o", str(folder / "{}.png"), *force)),
                 ("floor: compressing the same pixels", PICTURES, floor(floors, "encode", some)),
                 ("gnuplot, one process", PICTURES, one_core("gnuplot", str(script))),
                 ("matplotlib, one process", PICTURES, one_core("/usr/bin/python3", "-c", MATPLOTLIB, *some))]
