@@ -4,9 +4,9 @@
 #include <cmath>
 
 #include "processing/PreparePlot.h"
-#include "render/CircularGrid.h"
 #include "render/ReplaySurface.h"
 #include "render/Trace.h"
+#include "render/grid/CircularGrid.h"
 #include "render/qt/ImageSurface.h"
 
 namespace lobegraph {

@@ -1,6 +1,9 @@
 #pragma once
 
 #include <map>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include "render/DrawingSurface.h"
 
@@ -18,8 +21,17 @@ struct LayerLine {
   bool operator==(const LayerLine&) const = default;
 };
 
-/// What lies above the kept picture and moves without a redraw of it: lines by their number. Taking a line
-/// away shows again what is beneath it.
+/// A text of the layer in Arial, its capitals in the middle of a place.
+struct LayerText {
+  SurfacePoint Centre;
+  std::string Text;
+  float Points = 0.F;  ///< as the surface counts them, see DrawingSurface::SetFontSize
+  Colour TextColour;
+  bool operator==(const LayerText&) const = default;
+};
+
+/// What lies above the kept picture and moves without a redraw of it: lines by their number, and texts.
+/// Taking one away shows again what is beneath it.
 class PictureLayer {
  public:
   /// Shows a line, in place of the one that had this number.
@@ -29,8 +41,13 @@ class PictureLayer {
   /// In the order of their numbers.
   const std::map<int, LayerLine>& Lines() const { return lines_; }
 
+  /// These texts, in place of the former ones.
+  void Write(std::vector<LayerText> texts) { texts_ = std::move(texts); }
+  const std::vector<LayerText>& Texts() const { return texts_; }
+
  private:
   std::map<int, LayerLine> lines_;
+  std::vector<LayerText> texts_;
 };
 
 }  // namespace lobegraph

@@ -84,6 +84,16 @@ TEST_F(Render, TheMinus3dBLinesAreAGroupOfTheirOwn) {
   EXPECT_EQ(CountOf(marks, "stroke=\"#000080\""), 2);
 }
 
+TEST_F(Render, TheAnglesAndUnitsAreAGroupOfTheirOwn) {
+  const std::string axis = Group(Svg({}), "axis");
+  EXPECT_EQ(CountOf(axis, "<text "), 13);
+  EXPECT_THAT(axis, HasSubstr(">270</text>"));
+  EXPECT_THAT(axis, HasSubstr(">Level in dB, angle in degrees</text>"));
+  RenderRequest rectangular;
+  rectangular.Pattern.Style.Rectangular = true;
+  EXPECT_THAT(Group(Svg(rectangular), "axis"), HasSubstr(">-180</text>"));
+}
+
 TEST_F(Render, ADescriptionMayHoldAnything) {
   ReadingsRecord record = StoredBeam();
   record.Description = "<b> & 'c' ]]> \xC3\xA4";

@@ -27,5 +27,14 @@ TEST(PictureLayer, lines_go_singly_or_all) {
   EXPECT_TRUE(layer.Lines().empty());
 }
 
+TEST(PictureLayer, texts_are_written_in_place_of_the_former_ones_and_lines_go_without_them) {
+  PictureLayer layer;
+  layer.Write({{{1, 2}, "0", 7.F, kBlack}, {{3, 4}, "30", 7.F, kBlack}});
+  layer.Write({{{5, 6}, "60", 7.F, kBlack}});
+  layer.HideAll();
+  ASSERT_EQ(layer.Texts().size(), 1U);
+  EXPECT_EQ(layer.Texts()[0].Text, "60");
+}
+
 }  // namespace
 }  // namespace lobegraph

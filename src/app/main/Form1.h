@@ -70,6 +70,7 @@ class Form1 {
   RunCommands& Run() { return run_; }
   ShellCommands& Shell() { return shell_; }
   frmSettings& Settings() { return settings_; }
+  const PictureLayer& Axis() const { return board_.Axis(); }
   Globals& Shared() { return globals_; }
   PatternSession& Pattern() { return pattern_; }
   const AppParts& Parts() const { return parts_; }

@@ -2,8 +2,9 @@
 
 #include <cassert>
 
-#include "render/CircularGrid.h"
+#include "render/AxisLabels.h"
 #include "render/Trace.h"
+#include "render/grid/CircularGrid.h"
 
 namespace lobegraph {
 
@@ -12,6 +13,7 @@ void PlotBoard::DrawGrid(const show::Grid& grid) {
   ShowAnalysisControls(rectangular);
   ShowLabels(grid);
   lines_.Reset();
+  axis_.Write(AxisLabels(grid.Style, plotter_.Geometry(), ReadableOn(Colours().PlotBackground)));
   const bool drawn = Guarded(parts_.Dialogs, rectangular ? "DrawRectangularGrid" : "DrawCircularGrid",
                              [&] { DrawCircularGrid(plotter_, grid.Style, Colours()); });
   parts_.View.ShowDrawing();

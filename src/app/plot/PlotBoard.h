@@ -33,6 +33,8 @@ class PlotBoard {
 
   /// What lies above the picture; forgotten whenever the surface is cleared.
   AnalysisLines& Lines() { return lines_; }
+  /// The angles and units that the grid has no labels for. They stand above the picture.
+  const PictureLayer& Axis() const { return axis_; }
   const PlotGeometry& Geometry() const { return plotter_.Geometry(); }
 
  private:
@@ -43,6 +45,7 @@ class PlotBoard {
   AppParts parts_;
   Plotter plotter_;
   AnalysisLines lines_;
+  PictureLayer axis_;
   std::optional<PlotColours> kept_;
 };
 

@@ -1,9 +1,10 @@
 #include "render/picture/Picture.h"
 
-#include "render/CircularGrid.h"
+#include "render/AxisLabels.h"
+#include "render/TextWidth.h"
 #include "render/Trace.h"
+#include "render/grid/CircularGrid.h"
 #include "render/picture/SvgSurface.h"
-#include "render/picture/TextWidth.h"
 
 namespace lobegraph {
 namespace {
@@ -73,6 +74,10 @@ void DrawPatterns(DrawingSurface& surface, const Picture& picture, const GroupMa
   plotter.Mapping().Rectangular = picture.Style.Rectangular;
   for (std::size_t index = 0; index < picture.Patterns.size(); ++index)
     DrawPattern(plotter, picture, index, group);
+  group("axis");
+  for (const LayerText& text :
+       AxisLabels(picture.Style, PlotGeometry{}, ReadableOn(picture.Colours.PlotBackground)))
+    DrawText(surface, text);
   if (picture.Patterns.size() > 1) {
     group("legend");
     DrawLegend(surface, picture);

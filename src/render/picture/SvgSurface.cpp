@@ -3,7 +3,7 @@
 #include <charconv>
 #include <cmath>
 
-#include "render/picture/TextWidth.h"
+#include "render/TextWidth.h"
 #include "render/picture/XmlText.h"
 
 namespace lobegraph {

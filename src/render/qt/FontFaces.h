@@ -1,10 +1,14 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 #include <map>
 #include <string>
 
 namespace lobegraph {
+
+/// The family itself, or for Arial all the free ones of the same metrics as well, the best first.
+QStringList FamiliesFor(const QString& name);
 
 /// Which installed family stands for a typeface name. Asking the system is slow, so each name is asked for
 /// once.

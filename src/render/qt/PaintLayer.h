@@ -7,10 +7,12 @@
 
 namespace lobegraph {
 
-/// Paints the lines of a layer with a painter in units (a widget's, after it has drawn the picture).
+/// Paints the lines and texts of a layer with a painter in units (a widget's, after it has drawn the
+/// picture).
 void PaintLayer(QPainter& painter, const PictureLayer& layer);
 
-/// The rectangle, in units, to repaint when the line comes or goes.
+/// The rectangle, in units, to repaint when the line or the text comes or goes.
 QRect TouchedBy(const LayerLine& line);
+QRect TouchedBy(const LayerText& text);
 
 }  // namespace lobegraph

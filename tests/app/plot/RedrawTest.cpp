@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "render/AxisLabels.h"
 #include "support/AppFixture.h"
 
 namespace lobegraph {
@@ -29,6 +30,18 @@ TEST_F(RedrawTest, ActivationDrawsTheGridWhenNothingIsHeld) {
   EXPECT_EQ(Grids(), 1);
   EXPECT_EQ(Surface.Count("line", kTraceColour), 0);
   EXPECT_THAT(Dialogs.Texts(), IsEmpty());
+}
+
+TEST_F(RedrawTest, TheAnglesStandAboveThePictureAndFollowFormScaleAndBackground) {
+  Activate();
+  EXPECT_EQ(Form.Axis().Texts(), AxisLabels({}, PlotGeometry{}, kBlack));
+  Press(cmdLinear);
+  EXPECT_EQ(Form.Axis().Texts().front().Text, "-180");
+  Tick(chkPlotInDB, false);
+  EXPECT_EQ(Form.Axis().Texts().back().Text, "Share of the peak");
+  Shared.Settings.PlotBackground = Colour{0, 0, 60}.Stored();
+  Activate();
+  EXPECT_EQ(Form.Axis().Texts().front().TextColour, kWhite);
 }
 
 TEST_F(RedrawTest, ActivationDrawsGridAndReadings) {

@@ -2,7 +2,7 @@
 
 #include <gmock/gmock.h>
 
-#include "render/picture/TextWidth.h"
+#include "render/TextWidth.h"
 #include "render/picture/XmlText.h"
 
 namespace lobegraph {

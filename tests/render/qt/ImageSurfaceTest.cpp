@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "data/base/RunTimeError.h"
-#include "render/CircularGrid.h"
 #include "render/Trace.h"
+#include "render/grid/CircularGrid.h"
 #include "render/qt/QtColour.h"
 
 namespace lobegraph {

@@ -61,5 +61,19 @@ TEST(PaintLayer, the_rectangle_to_repaint_holds_the_line) {
   EXPECT_EQ(TouchedBy({{50, 20}, {10, 20}, kBlack}), QRect(9, 19, 42, 2));
 }
 
+TEST(PaintLayer, a_text_stands_around_its_place_in_its_colour) {
+  PictureLayer layer;
+  layer.Write({{{30, 20}, "180", 9.F, kBlack}});
+  const QImage window = Painted(layer);
+  QRect inked;
+  for (int y = 0; y < window.height(); ++y)
+    for (int x = 0; x < window.width(); ++x)
+      if (qGray(window.pixel(x, y)) < 128) inked |= QRect(x, y, 1, 1);
+  EXPECT_NEAR(inked.center().x(), 30, 1);
+  EXPECT_NEAR(inked.center().y(), 20, 1);
+  EXPECT_NEAR(inked.height(), 9, 1) << "12 units high letters have capitals of 8.6";
+  EXPECT_TRUE(TouchedBy(layer.Texts()[0]).contains(inked));
+}
+
 }  // namespace
 }  // namespace lobegraph

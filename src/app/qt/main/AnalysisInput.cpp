@@ -15,10 +15,6 @@ unsigned ButtonsOf(Qt::MouseButtons buttons) {
          (buttons.testFlag(Qt::RightButton) ? kRightButton : kNoButton);
 }
 
-SurfacePoint PointOf(const QMouseEvent& mouse) {
-  return {static_cast<float>(mouse.position().x()), static_cast<float>(mouse.position().y())};
-}
-
 }  // namespace
 
 AnalysisInput::AnalysisInput(AnalysisCommands& commands, WidgetView& view, PlotWidget& plot,
@@ -26,7 +22,7 @@ AnalysisInput::AnalysisInput(AnalysisCommands& commands, WidgetView& view, PlotW
     : commands_(commands), view_(view), plot_(plot), run_(std::move(run)) {
   plot_.setMouseTracking(true);
   plot_.installEventFilter(this);
-  plot_.SetUpperLayer(commands_.Layer());
+  plot_.AddLayer(commands_.Layer());
   for (const Control control : {Control::txtLeftY, Control::cmdClearLeftY})
     Watch(control, AnalysisSide::Upper);
   for (const Control control : {Control::txtRightY, Control::cmdClearRightY})
@@ -52,14 +48,14 @@ bool AnalysisInput::MouseEvent(const QEvent& event) {
   switch (event.type()) {
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick:
-      run_([&] { commands_.MouseDown(ButtonsOf(mouse.buttons()), PointOf(mouse)); });
-      Move(PointOf(mouse));  // the level beneath the pointer is known without a move
+      run_([&] { commands_.MouseDown(ButtonsOf(mouse.buttons()), plot_.UnitsAt(mouse.position())); });
+      Move(plot_.UnitsAt(mouse.position()));  // the level beneath the pointer is known without a move
       return true;
     case QEvent::MouseMove:
-      Move(PointOf(mouse));
+      Move(plot_.UnitsAt(mouse.position()));
       return true;
     case QEvent::MouseButtonRelease:
-      run_([&] { commands_.MouseUp(ButtonsOf(mouse.button()), PointOf(mouse)); });
+      run_([&] { commands_.MouseUp(ButtonsOf(mouse.button()), plot_.UnitsAt(mouse.position())); });
       return true;
     case QEvent::Leave:
       Move(kNowhere);

@@ -6,9 +6,9 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QDropEvent>
-#include <QFrame>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QScreen>
 #include <QShortcutEvent>
 #include <QSlider>
 #include <QTimer>
@@ -24,14 +24,18 @@
 #include "app/qt/settings/frmSettingsDialog.h"
 
 namespace lobegraph {
+namespace {
+/// Smaller than this share of its natural size the plot would be beneath what stands on it.
+constexpr double kLeastShare = 0.7;
+}  // namespace
 
 MainWindow::MainWindow(const std::string& versionText)
     : surfaceFrame_(this),
       surface_(QSize(kPlotWidth, kSurfaceHeight), devicePixelRatioF(), Colour{224, 224, 224}),
       drawing_(surface_),
       plot_(surface_, &surfaceFrame_),
-      panel_(&surfaceFrame_),
-      view_(*this, plot_, panel_, surface_),
+      panelArea_(&surfaceFrame_),
+      view_(*this, plot_, panelArea_.Panel(), surface_),
       editor_(this, dialogs_),
       printer_(*this, dialogs_, WindowPicture(*this, plot_, surface_, drawing_)),
       meters_(*shared_, store_, clock_, dialogs_),
@@ -41,13 +45,18 @@ MainWindow::MainWindow(const std::string& versionText)
       retry_(store_, [this](const std::string& line) { return ShowLine(line); }) {
   setObjectName("Form1");
   dialogs_.SetOwner(this);
-  plot_.setGeometry(0, 0, kPlotWidth, kSurfaceHeight);
-  panel_.setGeometry(kPlotWidth, 0, kPanelWidth, kSurfaceHeight);
-  panel_.setObjectName("Frame1");
-  MakePanel();
+  panelArea_.Panel().setObjectName("Frame1");
+  plot_.AddLayer(form_.Axis());
   Connect();
-  setMinimumSize(kSurfaceWidth, kSurfaceHeight);
-  resize(kSurfaceWidth, kSurfaceHeight);
+  setMinimumSize((QSizeF(kPlotWidth, kSurfaceHeight) * kLeastShare).toSize());
+  resize(FittingSize());
+}
+
+/// The natural size, or as much of it as the screen has room for beside a window's frame.
+QSize MainWindow::FittingSize() const {
+  constexpr QSize kFrame(12, 40);
+  const QSize natural(view_.WidthOf(kGrownWidth), view_.WidthOf(kSurfaceHeight * kTwipsPerUnit));
+  return natural.boundedTo(screen()->availableSize() - kFrame);
 }
 
 Platform MainWindow::MakePlatform(const std::string& versionText) {
@@ -75,16 +84,6 @@ Platform MainWindow::MakePlatform(const std::string& versionText) {
           .Printer = &printer_};
 }
 
-void MainWindow::MakePanel() {
-  int number = 1;
-  for (const int top : SeparatorTops()) {
-    auto* line = new QFrame(&panel_);
-    line->setObjectName(QString("Line%1").arg(number++));
-    line->setFrameStyle(QFrame::HLine | QFrame::Sunken);
-    line->setGeometry(8, top, kPanelWidth - 16, 2);
-  }
-}
-
 void MainWindow::Connect() {
   for (const ControlRow& row : ControlTable()) ConnectControl(row);
   auto& description = static_cast<QLineEdit&>(view_.Widget(Control::txtDescription));
@@ -101,8 +100,7 @@ void MainWindow::Connect() {
       *this, [this] { Run("Undo", [this] { form_.Transform().Undo(); }); },
       [this] { Run("Redo", [this] { form_.Transform().Redo(); }); });
   setAcceptDrops(true);
-  // Drawing is not for the middle of a repaint.
-  connect(&plot_, &PlotWidget::RatioChanged, this, &MainWindow::DrawForRatio, Qt::QueuedConnection);
+  connect(&plot_, &PlotWidget::RatioChanged, this, &MainWindow::DrawFinely);
 }
 
 void MainWindow::ConnectControl(const ControlRow& row) {
@@ -132,7 +130,6 @@ void MainWindow::Run(std::string_view procedure, const std::function<void()>& ha
   if (depth_ > 0 || form_.Shared().Run.Running()) return;
   if (leavePending_) return Leave();
   PlaceSurface();  // a window manager that grants no other size sends no resize
-  if (ratioPending_) DrawForRatio(devicePixelRatioF());
 }
 
 void MainWindow::Leave() {
@@ -224,23 +221,23 @@ void MainWindow::resizeEvent(QResizeEvent*) { PlaceSurface(); }
 
 void MainWindow::showEvent(QShowEvent*) {
   PlaceSurface();
-  DrawForRatio(devicePixelRatioF());
+  if (!form_.Shared().Run.Running()) form_.Display().Redraw();
 }
 
 void MainWindow::PlaceSurface() {
-  const int surfaceWidth = view_.Grown() ? kSurfaceWidth : kPlotWidth;
-  // Where a window manager grants less than was asked for, the plot stays whole.
-  const int left = std::max(0, (width() - surfaceWidth) / 2);
-  const int top = std::max(0, (height() - kSurfaceHeight) / 2);
-  surfaceFrame_.setGeometry(left, top, surfaceWidth, kSurfaceHeight);
+  surfaceFrame_.setGeometry(rect());
+  const int panel = view_.Grown() ? std::min(panelArea_.WidthFor(height()), width() / 2) : 0;
+  panelArea_.setVisible(view_.Grown());
+  panelArea_.setGeometry(width() - panel, 0, panel, height());
+  plot_.setGeometry(0, 0, width() - panel, height());
+  view_.PlaceOnThePlot();
 }
 
-void MainWindow::DrawForRatio(qreal ratio) {
-  // Until a run has ended its picture is stretched to the new screen.
-  ratioPending_ = form_.Shared().Run.Running();
-  if (ratioPending_) return;
-  surface_.Resize(QSize(kPlotWidth, kSurfaceHeight), ratio);
-  form_.Display().Redraw();
+/// What is on the plot, a live trace included, drawn anew for the pixels that a unit now has.
+void MainWindow::DrawFinely() {
+  surface_.Resize(QSize(kPlotWidth, kSurfaceHeight), plot_.Ratio());
+  drawing_.DrawOn(surface_);
+  plot_.ShowDrawing();
 }
 
 bool MainWindow::event(QEvent* event) {

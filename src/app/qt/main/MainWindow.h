@@ -12,6 +12,7 @@
 #include "app/qt/input/Meters.h"
 #include "app/qt/main/AnalysisInput.h"
 #include "app/qt/main/SettingsRetry.h"
+#include "app/qt/panel/ControlPanel.h"
 #include "app/qt/panel/WidgetView.h"
 #include "app/qt/parts/DBusAwake.h"
 #include "app/qt/parts/QtSystemText.h"
@@ -51,7 +52,6 @@ class MainWindow : public QWidget, private ProgramEnd {
 
  private:
   Platform MakePlatform(const std::string& versionText);
-  void MakePanel();
   void Connect();
   void ConnectControl(const ControlRow& row);
   /// Runs a handler, which lets nothing out; a close that was asked for in the middle of its run happens
@@ -63,8 +63,9 @@ class MainWindow : public QWidget, private ProgramEnd {
   void LeaveWithModuleOpen();
   void ShowChooser();
   bool ShowLine(const std::string& hint);
+  QSize FittingSize() const;
   void PlaceSurface();
-  void DrawForRatio(qreal ratio);
+  void DrawFinely();
   void OpenSettings(SettingsWay way);
   static bool ClicksByKey(QObject& watched, const QShortcutEvent& key);
   bool SwallowsKey(QObject& watched, const QKeyEvent& key);
@@ -76,7 +77,7 @@ class MainWindow : public QWidget, private ProgramEnd {
   ImageSurface surface_;
   ReplaySurface drawing_;
   PlotWidget plot_;
-  QWidget panel_;
+  PanelArea panelArea_;
   WidgetView view_;
   QtDialogs dialogs_;
   frmEditLbgWindow editor_;
@@ -94,7 +95,6 @@ class MainWindow : public QWidget, private ProgramEnd {
   AnalysisInput analysis_;
   SettingsRetry retry_;
   bool leavePending_ = false;
-  bool ratioPending_ = false;
   bool left_ = false;
   bool leavingNow_ = false;  ///< the process was asked to end: no window stays
   bool loaded_ = false;

@@ -7,7 +7,6 @@
 #include <QPushButton>
 #include <QSlider>
 
-#include "app/qt/panel/WindowLayout.h"
 #include "app/qt/parts/ElidingLabel.h"
 #include "data/record/ReadingsRecord.h"
 
@@ -124,14 +123,11 @@ QWidget* MakeWidget(const ControlRow& row, QWidget& parent) {
   widget->setToolTip(Q(row.ToolTip));
   widget->setAccessibleName(row.AccessibleName.empty() ? Q(row.Caption).remove('&').trimmed()
                                                        : Q(row.AccessibleName));
-  widget->setGeometry(PlaceOf(row.Id));
   return widget;
 }
 
-bool CaptionFits(const ControlRow& row, const QFont& font) {
-  const QFontMetrics metrics(font);
-  const int needed = metrics.horizontalAdvance(WidestText(row)) + FrameWidth(row.Kind);
-  return needed <= PlaceOf(row.Id).width() && metrics.height() <= PlaceOf(row.Id).height();
+bool CaptionFits(const ControlRow& row, const QFont& font, int width) {
+  return QFontMetrics(font).horizontalAdvance(WidestText(row)) + FrameWidth(row.Kind) <= width;
 }
 
 }  // namespace lobegraph

@@ -11,7 +11,7 @@ namespace lobegraph {
 /// in its parent.
 QWidget* MakeWidget(const ControlRow& row, QWidget& parent);
 
-/// Whether the row's caption, or the widest text that it shows later, fits its place in a font.
-bool CaptionFits(const ControlRow& row, const QFont& font);
+/// Whether the row's caption, or the widest text that it shows later, fits into a width in a font.
+bool CaptionFits(const ControlRow& row, const QFont& font, int width);
 
 }  // namespace lobegraph

@@ -8,7 +8,9 @@
 #include <QSlider>
 #include <algorithm>
 
+#include "app/qt/panel/ControlPanel.h"
 #include "app/qt/panel/ControlWidgets.h"
+#include "app/qt/panel/PanelRows.h"
 #include "app/qt/panel/WindowLayout.h"
 #include "app/qt/parts/FontFace.h"
 #include "data/record/ScaleSetting.h"
@@ -47,8 +49,11 @@ void SetDropDownText(QComboBox& box, const QString& text) {
 }  // namespace
 
 WidgetView::WidgetView(QWidget& window, PlotWidget& plot, QWidget& panel, ImageSurface& surface)
-    : window_(window), plot_(plot), panel_(panel), surface_(surface) {
+    : window_(window), plot_(plot), panel_(panel), surface_(surface), fontFactor_(FontFactor()) {
   MakeControls();
+  LayOutPanel(panel_, qRound(kPanelWidth * fontFactor_), RowHeight(),
+              [this](Control control) -> QWidget& { return Widget(control); });
+  PlaceOnThePlot();
   timer1_.setSingleShot(true);
   timer1_.setInterval(0);
 }
@@ -76,15 +81,36 @@ void WidgetView::MakeControls() {
 
 void WidgetView::FitFonts() {
   const QString face = MenuFontFace();
-  const auto fits = [](const QFont& font) {
+  const auto fits = [this](const QFont& font) {
     return std::all_of(ControlTable().begin(), ControlTable().end(),
-                       [&](const ControlRow& row) { return CaptionFits(row, font); });
+                       [&](const ControlRow& row) { return CaptionFits(row, font, RoomOf(row.Id)); });
   };
   QFont font(face);
   font.setPixelSize(LargestFittingSize(face, fits));
   window_.setFont(font);
   for (QWidget* widget : widgets_) widget->setFont(font);
 }
+
+/// Of a place at the natural size of the desktop's font.
+int WidgetView::RoomOf(Control control) const {
+  if (OnPlot(control)) return qRound(PlaceOf(control).width() * fontFactor_);
+  return CellWidth(control, qRound(kPanelWidth * fontFactor_));
+}
+
+int WidgetView::RowHeight() const {
+  constexpr int kUsual = 22;
+  return qRound(kUsual * fontFactor_);
+}
+
+void WidgetView::PlaceOnThePlot() {
+  for (const ControlRow& row : ControlTable()) {
+    if (!OnPlot(row.Id)) continue;
+    const QRectF place = PlaceOnPlot(row.Id, plot_.PixelsPerUnit(), fontFactor_);
+    Widget(row.Id).setGeometry(place.translated(plot_.Origin()).toRect());
+  }
+}
+
+int WidgetView::WidthOf(int twips) const { return qRound(fontFactor_ * twips / kTwipsPerUnit); }
 
 std::string WidgetView::Text(Control control) const {
   QWidget& widget = Widget(control);
@@ -185,11 +211,9 @@ WindowState WidgetView::State() const {
 }
 
 void WidgetView::SetWidth(int twips) {
-  const int width = twips / kTwipsPerUnit;
-  grown_ = width > kPlotWidth;
+  grown_ = twips > kPlotWidth * kTwipsPerUnit;
   panel_.setVisible(grown_);
-  window_.setMinimumWidth(width);
-  window_.resize(width, window_.height());
+  window_.resize(WidthOf(twips), window_.height());
 }
 
 void WidgetView::EnableTimer1(bool enabled) { enabled ? timer1_.start() : timer1_.stop(); }

@@ -12,11 +12,16 @@ namespace lobegraph {
 /// The controls of the main window as widgets: what the handlers write reaches the widget and no handler.
 class WidgetView final : public ControlView {
  public:
+  /// All of them outlive it. @param panel is filled with its controls
   WidgetView(QWidget& window, PlotWidget& plot, QWidget& panel, ImageSurface& surface);
 
   QWidget& Widget(Control control) const { return *widgets_.at(static_cast<std::size_t>(control)); }
   QTimer& Timer1() { return timer1_; }
   bool Grown() const { return grown_; }
+  /// Of the window's inside, in logical pixels: the given widths at the usual font, more at a larger one.
+  int WidthOf(int twips) const;
+  /// Moves the controls on the plot to where its size puts them.
+  void PlaceOnThePlot();
 
   std::string Text(Control control) const override;
   void SetText(Control control, const std::string& text) override;
@@ -41,12 +46,15 @@ class WidgetView final : public ControlView {
  private:
   void MakeControls();
   void FitFonts();
+  int RoomOf(Control control) const;
+  int RowHeight() const;
 
   QWidget& window_;
   PlotWidget& plot_;
   QWidget& panel_;
   ImageSurface& surface_;
   std::array<QWidget*, static_cast<std::size_t>(Control::kCount)> widgets_{};
+  const qreal fontFactor_;
   QTimer timer1_;
   bool grown_ = true;
 };

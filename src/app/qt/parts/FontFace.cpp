@@ -1,11 +1,14 @@
 #include "app/qt/parts/FontFace.h"
 
 #include <QApplication>
+#include <QFontInfo>
+#include <algorithm>
 
 namespace lobegraph {
 namespace {
-constexpr int kLargest = 12;
-constexpr int kSmallest = 8;
+constexpr int kUsualPixels = 12;
+
+int MenuFontPixels() { return std::max(kUsualPixels, QFontInfo(QApplication::font("QMenu")).pixelSize()); }
 }  // namespace
 
 QString MenuFontFace() { return QApplication::font("QMenu").family(); }
@@ -19,13 +22,16 @@ void ApplyFace(QWidget& form, const QString& face) {
   }
 }
 
+qreal FontFactor() { return qreal(MenuFontPixels()) / kUsualPixels; }
+
 int LargestFittingSize(const QString& face, const std::function<bool(const QFont&)>& fits) {
+  const int smallest = MenuFontPixels() * 2 / 3;
   QFont font(face);
-  for (int size = kLargest; size > kSmallest; --size) {
+  for (int size = MenuFontPixels(); size > smallest; --size) {
     font.setPixelSize(size);
     if (fits(font)) return size;
   }
-  return kSmallest;
+  return smallest;
 }
 
 }  // namespace lobegraph

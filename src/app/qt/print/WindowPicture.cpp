@@ -16,7 +16,7 @@ int RatioFor(QSize units) { return std::max(1, kPixelsOfLongSide / std::max(unit
 
 QImage WindowPicture::Take() const {
   const int ratio = RatioFor(window_.size());
-  const QImage plot = PlotFor(ratio);
+  const QImage plot = PlotFor(ratio * plot_.PixelsPerUnit());
   // It lies on its side: what a style would draw from its store of small pictures it then draws afresh.
   QImage lying(window_.height() * ratio, window_.width() * ratio, QImage::Format_RGB32);
   QPainter painter(&lying);
@@ -32,7 +32,7 @@ QImage WindowPicture::Take() const {
   return upright;
 }
 
-QImage WindowPicture::PlotFor(int ratio) const {
+QImage WindowPicture::PlotFor(qreal ratio) const {
   ImageSurface fine(shown_.SizeUnits(), ratio, shown_.BackgroundColour());
   drawing_.DrawOn(fine);
   return fine.Picture();

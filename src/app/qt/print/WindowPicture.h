@@ -22,7 +22,7 @@ class WindowPicture {
   QImage Take() const;
 
  private:
-  QImage PlotFor(int ratio) const;
+  QImage PlotFor(qreal ratio) const;
 
   QWidget& window_;
   PlotWidget& plot_;

@@ -132,6 +132,16 @@ TEST_F(AnalysisInputTest, ArrowKeysMoveTheLineOfTheirBoxOrButton) {
   EXPECT_EQ(window_.Text("txtRightY"), "0") << "the top edge holds it";
 }
 
+TEST_F(AnalysisInputTest, OnALargerPlotTheSamePlacesAreRead) {
+  window_.Window.resize(window_.Window.width() + 501 + 40, 2 * 560);
+  RealWindow::Settle();
+  Move({20 + 2 * 260, 2 * 277});
+  EXPECT_EQ(window_.Text("txtX"), "0");
+  EXPECT_EQ(window_.Text("txtY"), "-12");
+  Drag(Qt::LeftButton, {20 + 2 * 100, 2 * 200}, {20 + 2 * 120, 2 * 277});
+  EXPECT_EQ(window_.Text("txtLeftY"), "-12");
+}
+
 TEST_F(AnalysisInputTest, OnThePolarPlotTheMouseDoesNothing) {
   window_.Press("cmdLinear");
   const QImage before = Drawing();

@@ -109,21 +109,22 @@ TEST_F(TurnInTheWindowTest, HaltHasTheFocusMeanwhileAndRescaleAfterwards) {
   EXPECT_FALSE(Collecting());
 }
 
-TEST_F(TurnInTheWindowTest, ANewScreenRatioWaitsForTheEndAndIsNotForgotten) {
+TEST_F(TurnInTheWindowTest, AWindowThatGrowsMeanwhileKeepsTheLiveTrace) {
   auto& plot = *window_.Window.findChild<PlotWidget*>();
+  const QImage empty = plot.grab().toImage();
   bool drawnMeanwhile = true;
+  QImage live;
   BoxWatch tooFewReadings;
   CollectAnd([&] {
     window_.MarkDrawing();
-    emit plot.RatioChanged(2.0);
-    QTimer::singleShot(50, &window_.Window, [&] {
-      drawnMeanwhile = window_.DrawnSinceMark();
-      window_.Press("cmdHaltInput");
-    });
+    window_.Window.resize(window_.Window.width() + 501, 2 * 560);
+    drawnMeanwhile = window_.DrawnSinceMark();
+    live = plot.grab().toImage();
+    window_.Press("cmdHaltInput");
   });
-  RealWindow::Settle();
-  EXPECT_FALSE(drawnMeanwhile);
-  EXPECT_TRUE(window_.DrawnSinceMark());
+  EXPECT_FALSE(drawnMeanwhile) << "no grid over the trace";
+  EXPECT_EQ(plot.PixelsPerUnit(), 2.0);
+  EXPECT_NE(live.size(), empty.size());
 }
 
 TEST_F(TurnInTheWindowTest, ClosingTheWindowEndsTheTurnAndSavesTheSettings) {

@@ -4,10 +4,15 @@
 #include <QStyle>
 #include <QStyleOptionButton>
 #include <QStyleOptionFrame>
+#include <algorithm>
 #include <cmath>
+#include <set>
 
 #include "app/qt/WindowFixture.h"
+#include "app/qt/panel/PanelRows.h"
+#include "render/AxisLabels.h"
 #include "render/PlotGeometry.h"
+#include "render/qt/PaintLayer.h"
 
 namespace lobegraph {
 namespace {
@@ -21,7 +26,7 @@ class LayoutTest : public testing::TestWithParam<const char*> {
   LayoutTest() {
     if (!QFontDatabase::hasFamily(GetParam())) ADD_FAILURE() << "install the face " << GetParam();
     test::UseTheProgramsStyle();
-    QApplication::setFont(QFont(GetParam()), "QMenu");
+    QApplication::setFont(QFont(GetParam(), 9), "QMenu");
   }
 };
 
@@ -149,6 +154,19 @@ TEST(PlotLabelsTest, NothingLiesOnTheOuterRing) {
     EXPECT_GT(DistanceFrom(plot, PlaceOf(control)), plot.R + 1) << RowOf(control).Name;
 }
 
+TEST(PlotLabelsTest, NothingLiesOnTheAngles) {
+  for (const bool rectangular : {false, true})
+    for (const LayerText& label : AxisLabels({.Rectangular = rectangular}, PlotGeometry{}, kBlack))
+      for (const ControlRow& row : ControlTable()) {
+        const bool shown =
+            OnPlot(row.Id) && (rectangular || std::ranges::count(AnalysisControls(), row.Id) == 0);
+        if (shown && row.Id != Control::cmdPatternAnalysis) {
+          EXPECT_FALSE(QRectF(PlaceOf(row.Id)).intersects(QRectF(TouchedBy(label)).adjusted(3, 5, -3, -5)))
+              << label.Text << " beneath " << row.Name;
+        }
+      }
+}
+
 TEST(PlotLabelsTest, AnalysisControlsLieAboveTheRectangularDrawing) {
   const PlotArea area = MakePlotArea(MakePlotGeometry(kSurfaceWidth, kSurfaceHeight, kPanelWidth));
   for (const Control control : AnalysisControls())
@@ -156,12 +174,60 @@ TEST(PlotLabelsTest, AnalysisControlsLieAboveTheRectangularDrawing) {
   EXPECT_LT(PlaceOf(Control::cmdPatternAnalysis).bottom(), area.Top);
 }
 
-TEST(PlotLabelsTest, SeparatorLinesTouchNoControl) {
-  for (const int top : SeparatorTops())
-    for (const ControlRow& row : ControlTable())
-      if (!OnPlot(row.Id)) {
-        EXPECT_FALSE(PlaceOf(row.Id).intersects(QRect(8, top, kPanelWidth - 16, 2))) << row.Name;
-      }
+TEST(PanelTest, EachControlStandsInThePanelOrOnThePlotOnce) {
+  std::multiset<Control> found;
+  for (const PanelGroup& group : PanelGroups())
+    for (const PanelRow& row : group)
+      for (const PanelCell& cell : row)
+        if (cell.Id) found.insert(*cell.Id);
+  for (const ControlRow& row : ControlTable())
+    EXPECT_EQ(found.count(row.Id), OnPlot(row.Id) ? 0U : 1U) << row.Name;
+}
+
+TEST(PanelTest, RowsOfOneKindStandInColumns) {
+  RealWindow window;
+  const auto left = [&](const char* name) { return window.Find<QWidget>(name).x(); };
+  EXPECT_EQ(left("Slider2"), left("Slider1"));
+  EXPECT_EQ(left("Slider1"), left("txtRotate"));
+  EXPECT_EQ(left("cboElements"), left("txtAngle"));
+  EXPECT_EQ(left("txtReadingNumber"), left("cboElements"));
+  EXPECT_EQ(left("cmdPolarization"), left("txtGain"));
+  EXPECT_EQ(left("txtFileName"), left("txtDescription"));
+  EXPECT_EQ(left("cmdLogLin"), left("cmdOriginalData"));
+}
+
+/// The font that the user has chosen for the whole desktop.
+class DesktopFontTest : public testing::Test {
+ protected:
+  explicit DesktopFontTest() : before_(QApplication::font("QMenu")) {}
+  ~DesktopFontTest() override { QApplication::setFont(before_, "QMenu"); }
+  static void Choose(int points) { QApplication::setFont(QFont("Liberation Sans", points), "QMenu"); }
+
+ private:
+  QFont before_;
+};
+
+TEST_F(DesktopFontTest, ALargerFontWidensThePanelAndBothWidths) {
+  test::UseTheProgramsStyle();
+  Choose(18);
+  RealWindow window;
+  const QFont font = window.Find<QWidget>("cmdExit").font();
+  EXPECT_GE(font.pixelSize(), 22);
+  EXPECT_EQ(window.Find<QWidget>("Frame1").width(), 2 * kPanelWidth);
+  window.Press("cmdShrink");
+  EXPECT_EQ(window.Window.width(), 2 * kPlotWidth);
+  window.Press("cmdGrow");
+  EXPECT_EQ(window.Window.width(), 2 * kSurfaceWidth);
+  window.Window.resize(2 * kSurfaceWidth, 2 * kSurfaceHeight);
+  RealWindow::Settle();
+  ExpectNothingOverlaps(window);
+}
+
+TEST_F(DesktopFontTest, ASmallerFontKeepsTheUsualWidths) {
+  test::UseTheProgramsStyle();
+  Choose(7);
+  RealWindow window;
+  EXPECT_EQ(window.Window.width(), kSurfaceWidth);
 }
 
 }  // namespace

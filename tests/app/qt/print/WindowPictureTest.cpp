@@ -40,7 +40,7 @@ class WindowPictureTest : public testing::Test {
     drawing_.Clear();
     drawing_.Line({10.F, 10.F}, {190.F, 150.F}, kRed);
     layer_.Show(0, {.From = {0.F, 180.F}, .To = {199.F, 180.F}, .LineColour = {0, 0, 255}, .Dashed = false});
-    plot_.SetUpperLayer(layer_);
+    plot_.AddLayer(layer_);
     window_.show();
     EXPECT_TRUE(QTest::qWaitForWindowExposed(&window_));
   }

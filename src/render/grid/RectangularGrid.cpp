@@ -1,7 +1,7 @@
-#include "render/RectangularGrid.h"
+#include "render/grid/RectangularGrid.h"
 
 #include "data/base/Rounding.h"
-#include "render/RingTable.h"
+#include "render/grid/RingTable.h"
 
 namespace lobegraph {
 namespace {

@@ -1,4 +1,4 @@
-#include "render/picture/TextWidth.h"
+#include "render/TextWidth.h"
 
 namespace lobegraph {
 namespace {

@@ -1,10 +1,10 @@
-#include "render/CircularGrid.h"
+#include "render/grid/CircularGrid.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "GridGolden.h"
 #include "data/base/RunTimeError.h"
+#include "render/grid/GridGolden.h"
 
 namespace lobegraph {
 namespace {

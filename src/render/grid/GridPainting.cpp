@@ -1,4 +1,4 @@
-#include "render/GridPainting.h"
+#include "render/grid/GridPainting.h"
 
 #include "data/base/Rounding.h"
 #include "data/base/RunTimeError.h"

@@ -1,4 +1,4 @@
-#include "render/RingTable.h"
+#include "render/grid/RingTable.h"
 
 #include <algorithm>
 #include <cmath>

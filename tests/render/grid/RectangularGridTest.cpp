@@ -1,10 +1,10 @@
-#include "render/RectangularGrid.h"
+#include "render/grid/RectangularGrid.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "GridGolden.h"
 #include "data/base/RunTimeError.h"
+#include "render/grid/GridGolden.h"
 
 namespace lobegraph {
 namespace {

@@ -4,9 +4,9 @@
 #include <string_view>
 #include <vector>
 
-#include "render/GridPainting.h"
 #include "render/PlotColours.h"
 #include "render/Plotter.h"
+#include "render/grid/GridPainting.h"
 #include "support/RecordingSurface.h"
 
 namespace lobegraph::golden {

@@ -1,4 +1,4 @@
-#include "render/RingTable.h"
+#include "render/grid/RingTable.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -4,10 +4,10 @@
 #include <vector>
 
 #include "processing/PlotStyle.h"
-#include "render/GridPainting.h"
 #include "render/PlotColours.h"
 #include "render/PlotGeometry.h"
 #include "render/Plotter.h"
+#include "render/grid/GridPainting.h"
 
 namespace lobegraph {
 

@@ -1,7 +1,7 @@
-#include "render/CircularGrid.h"
+#include "render/grid/CircularGrid.h"
 
-#include "render/RectangularGrid.h"
-#include "render/RingTable.h"
+#include "render/grid/RectangularGrid.h"
+#include "render/grid/RingTable.h"
 
 namespace lobegraph {
 namespace {
