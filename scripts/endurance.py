@@ -31,9 +31,9 @@ def look(process, turns):
 
 def turn(program, copies):
     """Begun when its safety copy is there: the turn may be over before the window is asked."""
-    before = set(copies.glob("*"))
+    before = set(copies.glob("*.lbg"))
     program.press("Collect Data")
-    outside.wait_for("the turn to begin", 30, lambda: set(copies.glob("*")) - before)
+    outside.wait_for("the turn to begin", 30, lambda: set(copies.glob("*.lbg")) - before)
     time.sleep(SHORTEST_SECONDS)
     outside.wait_for("the end of the turn", 30, lambda: program.enabled("Collect Data"), 0.1)
     readings = program.number("Number of readings")

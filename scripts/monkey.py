@@ -287,7 +287,7 @@ class Monkey:
         window = next((w for w in self.hands.windows(self.process) if self.is_main(w)), None)
         if window is None or self.look_at_end():
             return
-        self.turns.update(self.stage.turns.glob("*"))
+        self.turns.update(self.stage.turns.glob("*.lbg"))
         waited = self.waited_for_others()
         seen = collections.Counter()
         took = self.hands.ping(window, DEAD, lambda: self.process.poll() is not None, lambda: seen.update([self.state()]))

@@ -1,6 +1,5 @@
 #include "settings/FileSettingsStore.h"
 
-#include <pwd.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -10,6 +9,7 @@
 #include <filesystem>
 #include <utility>
 
+#include "data/base/HomeFolder.h"
 #include "data/base/ReplaceFile.h"
 #include "data/base/RunTimeError.h"
 #include "settings/FileLock.h"
@@ -17,18 +17,6 @@
 
 namespace lobegraph {
 namespace {
-
-std::string Environment(const char* name) {
-  const char* value = std::getenv(name);
-  return value == nullptr ? "" : value;
-}
-
-std::string HomeFolder() {
-  std::string home = Environment("HOME");
-  if (!home.empty()) return home;
-  const passwd* user = getpwuid(getuid());
-  return user == nullptr ? "/" : user->pw_dir;
-}
 
 /// An application name becomes a file name: it must not lead into another folder, and must fit with every
 /// ending.
@@ -49,10 +37,7 @@ std::optional<std::int64_t> WrittenNs(const std::string& path) {
 
 }  // namespace
 
-std::string ConfigFolder() {
-  const std::string folder = Environment("XDG_CONFIG_HOME");
-  return folder.starts_with('/') ? folder : HomeFolder() + "/.config";
-}
+std::string ConfigFolder() { return DesktopFolder("XDG_CONFIG_HOME", ".config"); }
 
 FileSettingsStore::FileSettingsStore(std::string configFolder, std::chrono::milliseconds patience)
     : folder_(std::move(configFolder) + "/lobegraph"), patience_(patience) {}

@@ -46,6 +46,7 @@ void FakePanel::On(const run_event::ReadingStored& reading) {
   log_.push_back("ReadingStored " + std::to_string(reading.Index));
   Levels.push_back(reading.Level);
   Stored.push_back(reading.Index);
+  Details.push_back(reading);
   if (OnStored) OnStored(reading.Index);
 }
 void FakePanel::On(const run_event::ReadingPlotted& reading) {

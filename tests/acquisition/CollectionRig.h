@@ -40,6 +40,7 @@ class FakePanel {
   std::vector<Point> Points;
   std::vector<float> Levels;
   std::vector<int> Stored;
+  std::vector<run_event::ReadingStored> Details;
   int ReadingsTaken = -1;
   int LowReadings = -1;
   std::function<void(int)> OnStored;

@@ -8,6 +8,8 @@
 #include <utility>
 #include <vector>
 
+#include "data/turns/TurnFolder.h"
+#include "data/turns/TurnLogText.h"
 #include "support/AppFixture.h"
 
 namespace lobegraph {
@@ -32,14 +34,19 @@ class CollectionFixture : public testing::Test, protected AppFixture {
     At(readings, [this] { Press(Control::cmdHaltInput); });
   }
   std::string TurnFile() const {
-    for (const auto& entry : std::filesystem::directory_iterator(State.File("turns"))) return entry.path();
-    return "";
+    const std::vector<KeptTurn> kept = KeptTurns(State.File("turns"));
+    return kept.empty() ? "" : kept.front().Path;
   }
   static ReadingsRecord OnDisk(const std::string& path) {
     DiskFiles disk;
     ReadingsRecord record;
     EXPECT_FALSE(LoadPatternFile(disk, path, {}, record).Error);
     return record;
+  }
+  /// The log that lies beside the turn's file.
+  TurnLog LogOnDisk() const {
+    DiskFiles disk;
+    return ReadTurnLog(disk.Read(LogPathOf(TurnFile())));
   }
   void DamageRecord() {
     Files.Held["/patterns/damaged.lbg"] = "359\r\n1\r\n2\r\n";

@@ -81,7 +81,7 @@ class ATurn(from_outside.FromOutside):
         self.assertAlmostEqual(beamwidth, beam.beamwidth(beam.turn(180)), delta=12)
 
     def check_safety_copy(self, stored):
-        copies = list(self.stage.turns.glob("turn *.lbg"))
+        copies = self.kept_turns()
         self.assertEqual(len(copies), 1)
         self.assertEqual(pattern_file.read(copies[0])["Readings"], stored["Readings"])
 
@@ -144,12 +144,12 @@ class ATurnThatEndsEarly(from_outside.FromOutside):
         self.assertGreaterEqual(len(copy["Readings"]), shown)
         self.assertTrue(all(level > 0 for level in copy["Readings"]))
         program = outside.Program(self.begin())
-        self.load(program, next(self.stage.turns.iterdir()))
+        self.load(program, self.kept_turns()[0])
         self.assertEqual(program.number("Number of readings"), len(copy["Readings"]))
         self.leave(program)
 
     def safety_copy(self):
-        copies = list(self.stage.turns.iterdir())
+        copies = self.kept_turns()
         self.assertEqual(len(copies), 1, copies)
         return pattern_file.read(copies[0])
 

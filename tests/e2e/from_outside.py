@@ -104,6 +104,10 @@ class FromOutside(unittest.TestCase):
         wait_for("the box to close", 10, lambda: program.open_box(title) is None)
         return words
 
+    def kept_turns(self):
+        """The patterns that the program keeps unasked, the oldest first; beside each lies its log."""
+        return sorted(self.stage.turns.glob("turn *.lbg"))
+
     def load(self, program, path):
         program.press("Get File")
         program.answer_file("Get File", path)

@@ -71,6 +71,7 @@ class FakeControlView final : public ControlView {
     Of(control).Text = text;
     Add(control, "=" + text);
   }
+  void SetSpoken(Control label, const std::string& text) override { Add(label, " spoken " + text); }
   void SetToolTip(Control control, const std::string& text) override { Add(control, " tooltip " + text); }
   bool Checked(Control control) const override { return Of(control).Checked; }
   void SetChecked(Control control, bool checked) override {

@@ -43,6 +43,7 @@ class FewControls final : public ControlView {
   bool Checked(Control control) const override { return Ticked.at(control); }
   void SetChecked(Control control, bool checked) override { Ticked[control] = checked; }
   void SetEnabled(Control control, bool enabled) override { Enabled[control] = enabled; }
+  void SetSpoken(Control, const std::string&) override {}
   void SetToolTip(Control, const std::string&) override {}
   int Value(Control) const override { return 0; }
   void SetValue(Control, int) override {}

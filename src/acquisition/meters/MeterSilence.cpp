@@ -34,10 +34,11 @@ void MeterSilence::Look(std::uint64_t signs, std::uint32_t silentAfterMs, std::i
   heard_ = true;
 }
 
-void MeterSilence::Reading(int index) {
-  if (std::exchange(heard_, false)) return;
+bool MeterSilence::Reading(int index) {
+  if (std::exchange(heard_, false)) return false;
   if (stretch_++ == 0) stretchFirst_ = index;
   stretchLast_ = index;
+  return due_;
 }
 
 SilentReadings MeterSilence::End(bool gone) {
@@ -49,6 +50,7 @@ void MeterSilence::Count() {
   if (stretch_ == 0) return;
   if (silent_.Count == 0) silent_.First = stretchFirst_;
   silent_.Last = stretchLast_;
+  silent_.Stretches.push_back({stretchFirst_, stretchLast_});
   silent_.Count += std::exchange(stretch_, 0);
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <vector>
 
 namespace lobegraph {
 
@@ -9,6 +10,12 @@ struct SilentReadings {
   int Count = 0;
   int First = -1;  ///< index of the first, -1 for none
   int Last = -1;
+  /// Each stretch of them, from the first index to the last.
+  struct Stretch {
+    int First;
+    int Last;
+  };
+  std::vector<Stretch> Stretches = {};
 };
 
 /// Watches whether the meter still speaks. A meter slower than the readings is not silent: only a stretch
@@ -20,8 +27,8 @@ class MeterSilence {
   void Begin(std::uint64_t signs, std::int32_t nowMs);
   /// At every yield. @param silentAfterMs from when on a stretch counts
   void Look(std::uint64_t signs, std::uint32_t silentAfterMs, std::int32_t nowMs);
-  /// A reading was taken.
-  void Reading(int index);
+  /// A reading was taken. @return whether it counts as silent already
+  bool Reading(int index);
   /// The turn has ended. @param gone the meter is not there any more: a short stretch at the end counts as
   /// well
   SilentReadings End(bool gone);

@@ -113,6 +113,7 @@ void CollectionRun::TakeReadings() {
 
 /// False when the turn ended before the reading was complete.
 bool CollectionRun::TakeReading() {
+  reading_ = {};
   SampleMean mean;
   bool fired = false;
   if (!Triggered()) {
@@ -129,8 +130,8 @@ bool CollectionRun::TakeReading() {
   const float level = StoredLevel(mean.Mean(), parts_.Settings.PeakInputLevel);
   const int index = ToInt16(counter_);
   NoteSuspend(index);
+  NoteDetails(index, mean);
   StoreReading(index, level);
-  if (!parts_.FromSoundCard()) parts_.Pump.MeterReading(index);
   PlotReading(index, level);
   if (parts_.Window.Controls().AutoStop) WatchForEnd(level);
   return true;
@@ -177,19 +178,32 @@ void CollectionRun::NoteSuspend(int index) {
   SuspendedReadings& suspended = report_.Suspended;
   if (suspended.Count++ == 0) suspended.First = index;
   suspended.Ms += sleptMs;
+  reading_.Suspended = true;
 }
 
 void CollectionRun::NoteLateness() {
+  reading_.Late = true;
   LateReadings& late = report_.Late;
   late.Last = ToInt16(counter_);
   if (late.Count++ == 0) late.First = late.Last;
+}
+
+/// Of the sound card all samples of a reading see one level, so they are one.
+void CollectionRun::NoteDetails(int index, const SampleMean& mean) {
+  reading_.Samples = 1;
+  if (parts_.FromSoundCard()) return;
+  reading_.Samples = mean.Count();
+  reading_.Spread = mean.Spread();
+  reading_.Silent = parts_.Pump.MeterReading(index);
 }
 
 void CollectionRun::StoreReading(int index, float level) {
   parts_.Record.Readings(index) = level;
   stored_ = index + 1;
   heard_ = heard_ || level > kSilence;
-  parts_.Window.Tell(ReadingStored{index, level});
+  reading_.Index = index;
+  reading_.Level = level;
+  parts_.Window.Tell(reading_);
 }
 
 void CollectionRun::PlotReading(int index, float level) {
@@ -208,7 +222,9 @@ void CollectionRun::WatchForEnd(float level) {
     return;
   }
   lowRun_ = ToInt16(lowRun_ + 1);
-  if (lowRun_ == parts_.Settings.DetectStopNumberOfReadings) parts_.Flags.HaltRequested = 1;
+  if (lowRun_ != parts_.Settings.DetectStopNumberOfReadings) return;
+  parts_.Flags.HaltRequested = 1;
+  report_.Ended = TurnEnding::AutoStop;
 }
 
 }  // namespace lobegraph

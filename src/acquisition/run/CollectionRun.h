@@ -35,12 +35,14 @@ class CollectionRun {
   void NoteLateness();
   void NoteSuspend(int index);
   void StoreReading(int index, float level);
+  void NoteDetails(int index, const SampleMean& mean);
   void PlotReading(int index, float level);
   void WatchForEnd(float level);
 
   void StopSource();
   void Close(bool faulty);
   void Abandon();
+  TurnEnding HowEnded() const;
   int LastIndex(bool faulty);
   void FinishPattern(bool faulty);
   void CountSilence();
@@ -64,6 +66,7 @@ class CollectionRun {
   bool manualOffered_ = false;
   bool sourceStarted_ = false;
   bool heard_ = false;
+  run_event::ReadingStored reading_;  ///< the one in hand
   std::int16_t lowRun_ = 0;
   float bestDownDb_ = std::numeric_limits<float>::max();
   std::int16_t bestIndex_ = 0;

@@ -48,6 +48,13 @@ void CollectionRun::Abandon() {
   parts_.Window.Tell(TurnAbandoned{});
 }
 
+/// The first reason counts: a source that breaks off halts the turn as well.
+TurnEnding CollectionRun::HowEnded() const {
+  if (!report_.SourceFailure.empty() && counter_ != kEndCounter) return TurnEnding::SourceLost;
+  if (report_.Ended == TurnEnding::AutoStop) return TurnEnding::AutoStop;
+  return parts_.Flags.HaltRequested != 0 ? TurnEnding::Halted : TurnEnding::Whole;
+}
+
 /// Deliberate: the halt flag counts against the counter, so a halt that takes effect on the last reading
 /// drops it.
 int CollectionRun::LastIndex(bool faulty) {
@@ -59,6 +66,7 @@ int CollectionRun::LastIndex(bool faulty) {
 void CollectionRun::FinishPattern(bool faulty) {
   ReadingsRecord& record = parts_.Record;
   CountSilence();
+  report_.Ended = HowEnded();
   report_.TriggerPortGone = parts_.Flags.TriggerPortGone && pacedByTrigger_;
   record.NumReadings = ToInt16(LastIndex(faulty));
   record.TrimEnd = lowRun_;

@@ -1,5 +1,7 @@
 #include "acquisition/run/LiveReading.h"
 
+#include <cmath>
+
 #include "data/base/RunTimeError.h"
 #include "processing/Decibels.h"
 #include "processing/RadiusRule.h"
@@ -15,6 +17,19 @@ float Ratio(float level, float reference) {
 }
 
 }  // namespace
+
+void SampleMean::Add(float sample) {
+  sum_ += sample;
+  count_ += 1.0F;
+  const double from = sample - runningMean_;
+  runningMean_ += from / count_;
+  squares_ += from * (sample - runningMean_);
+}
+
+std::optional<double> SampleMean::Spread() const {
+  if (count_ < 2.0F) return std::nullopt;
+  return std::sqrt(squares_ / (count_ - 1.0));
+}
 
 float StoredLevel(float mean, float peakInputLevel) {
   const float level = mean > peakInputLevel ? peakInputLevel : mean;

@@ -1,22 +1,26 @@
 #pragma once
 
+#include <optional>
+
 #include "acquisition/run/CollectionParts.h"
 
 namespace lobegraph {
 
-/// The mean of a reading's samples, kept in singles.
+/// The mean of a reading's samples, kept in singles, and how far they lie from each other.
 class SampleMean {
  public:
-  void Add(float sample) {
-    sum_ += sample;
-    count_ += 1.0F;
-  }
+  void Add(float sample);
   /// At least one sample was added.
   float Mean() const { return sum_ / count_; }
+  int Count() const { return static_cast<int>(count_); }
+  /// The standard deviation of the samples; none of a single one.
+  std::optional<double> Spread() const;
 
  private:
   float count_ = 0.0F;
   float sum_ = 0.0F;
+  double runningMean_ = 0.0;  ///< both as Welford, Technometrics 4 (1962) 419, has them
+  double squares_ = 0.0;
 };
 
 /// What is stored of a mean: at most the peak input level, and 0 below 1.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <variant>
 
@@ -48,6 +49,11 @@ struct LevelColour {
 struct ReadingStored {
   int Index = 0;
   float Level = 0.0F;
+  int Samples = 0;                    ///< different ones that it is the mean of
+  std::optional<double> Spread = {};  ///< their standard deviation, level units; none of a single one
+  bool Late = false;                  ///< it ended more than one interval after its deadline
+  bool Silent = false;                ///< the meter has said nothing for too long already
+  bool Suspended = false;             ///< the computer slept in it
 };
 /// Where the reading lies on the plot; a line joins it to the one before.
 struct ReadingPlotted {

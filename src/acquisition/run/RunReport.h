@@ -21,10 +21,14 @@ struct SuspendedReadings {
   std::int64_t Ms = 0;  ///< in all of them
 };
 
+/// Why a collection took no further reading.
+enum class TurnEnding { Whole, Halted, AutoStop, SourceLost };
+
 /// What became of a collection.
 struct RunReport {
-  bool Ran = false;           ///< the reading loop was reached; false for a refused or abandoned start
-  int ReadingsTaken = 0;      ///< last index + 1
+  bool Ran = false;       ///< the reading loop was reached; false for a refused or abandoned start
+  int ReadingsTaken = 0;  ///< last index + 1
+  TurnEnding Ended = TurnEnding::Whole;
   bool NothingHeard = false;  ///< readings were taken from the sound card, and every one was silence
   LateReadings Late;
   SuspendedReadings Suspended;

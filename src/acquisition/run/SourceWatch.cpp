@@ -13,9 +13,9 @@ void SourceWatch::BeginMeter() {
   sameness_.Begin(meter_.Life.Changes, nowMs);
 }
 
-void SourceWatch::MeterReading(int index) {
-  silence_.Reading(index);
+bool SourceWatch::MeterReading(int index) {
   sameness_.Reading(index);
+  return silence_.Reading(index);
 }
 
 void SourceWatch::ProcessPendingEvents() {

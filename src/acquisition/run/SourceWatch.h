@@ -33,8 +33,8 @@ class SourceWatch final : public EventPump {
 
   /// The meter's readings begin.
   void BeginMeter();
-  /// A reading was taken from the meter.
-  void MeterReading(int index);
+  /// A reading was taken from the meter. @return whether it was silent for too long already
+  bool MeterReading(int index);
   /// @param gone the meter's port is closed
   SilentReadings EndMeter(bool gone) { return silence_.End(gone); }
   /// Readings in which a program that shows no sign of life repeated one value for 5 seconds or more.

@@ -1,6 +1,9 @@
 #include "app/file/FileCommands.h"
 
+#include <filesystem>
+
 #include "data/formats/PatternFile.h"
+#include "data/turns/TurnFiles.h"
 
 namespace lobegraph {
 namespace {
@@ -14,6 +17,11 @@ const char* LoadedHint(const PatternSession& pattern) {
 
 std::string FolderOf(const std::string& path) {
   return path.substr(0, path.size() - FileNameOf(path).size());
+}
+
+bool SameFolder(const std::string& a, const std::string& b) {
+  std::error_code none;
+  return std::filesystem::equivalent(a, b, none);
 }
 
 }  // namespace
@@ -40,8 +48,24 @@ void FileCommands::Load(const std::string& path, LoadCommand command) {
   };
   display_.Run([&](PatternSession& pattern) { return (pattern.*command)(path, reader); });
   if (!read) return;
-  parts_.Shared.WorkingFolder = FolderOf(path);
+  StartDialogsIn(FolderOf(path));
   parts_.View.SetText(Control::lblHint, LoadedHint(parts_.Pattern));
+  KnowTurn(path);
+}
+
+/// The log beside the file, when it is this pattern's.
+void FileCommands::KnowTurn(const std::string& path) {
+  PatternSession& pattern = parts_.Pattern;
+  if (!pattern.Drawable()) return;
+  LogBeside beside = ReadLogBeside(parts_.Files, path, pattern.Record());
+  if (beside.Log) pattern.KnowTurn(std::move(*beside.Log));
+  if (!beside.Note.empty()) parts_.View.SetText(Control::lblHint, beside.Note);
+}
+
+/// A turn that was got back is saved where the user keeps his patterns: what lies in the folder of kept turns
+/// is dropped one day.
+void FileCommands::StartDialogsIn(const std::string& folder) {
+  if (!SameFolder(folder, parts_.Shared.TurnsFolder)) parts_.Shared.WorkingFolder = folder;
 }
 
 void FileCommands::cmdSaveData_Click() {
@@ -58,11 +82,14 @@ void FileCommands::cmdSaveData_Click() {
 void FileCommands::Save(const std::string& path) {
   if (!MayReplace(path)) return;
   Globals& shared = parts_.Shared;
-  parts_.Files.Replace(path, WritePatternText(parts_.Pattern.CapForFile(), shared.VersionText));
+  const std::string bytes = WritePatternText(parts_.Pattern.CapForFile(), shared.VersionText);
+  const auto turn = parts_.Pattern.TurnToSave();
+  const std::string trouble = SaveTurn(parts_.Files, path, bytes, turn);
   parts_.Pattern.SavedAs(path);
-  shared.WorkingFolder = FolderOf(path);
+  StartDialogsIn(FolderOf(path));
   parts_.View.SetText(Control::txtFileName, parts_.Pattern.Record().FileName);
-  parts_.View.SetText(Control::lblHint, "Saved in " + shared.WorkingFolder);
+  parts_.View.SetText(Control::lblHint,
+                      "Saved in " + FolderOf(path) + (trouble.empty() ? "" : ". " + trouble));
 }
 
 bool FileCommands::MayReplace(const std::string& path) {

@@ -31,6 +31,8 @@ class FileCommands {
   void Ask(LoadCommand command);
   void Load(const std::string& path, LoadCommand command);
   void Save(const std::string& path);
+  void KnowTurn(const std::string& path);
+  void StartDialogsIn(const std::string& folder);
   bool MayReplace(const std::string& path);
 
   AppParts parts_;

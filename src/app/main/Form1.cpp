@@ -37,21 +37,22 @@ Form1::Form1(const Platform& platform, const PlotGeometry& geometry)
       editor_(parts_, display_),
       analysis_(parts_, board_.Lines()),
       print_(parts_),
-      copy_(platform.StateFolder, platform.VersionText),
+      keeper_(platform.StateFolder, platform.VersionText),
       frmDX_Record_(platform.SoundDevice, globals_.Sound),
       sound_(frmDX_Record_, globals_.Sound, platform.Time, platform.Pump),
       watch_(platform.Pump, sound_, globals_.Run, globals_.Meter, platform.Time),
       waiting_(globals_.Run, platform.Dialogs),
       trigger_(platform.Trigger, globals_.Run, watch_, [this] { return panel_.Controls().Triggered; }),
-      panel_(parts_, board_, display_, copy_, platform.Trigger),
+      panel_(parts_, board_, display_, keeper_, platform.Trigger),
       input_({globals_.Settings, globals_.Run, globals_.Sound, globals_.Thresholds, globals_.Meter,
               platform.MeterProgram, watch_, platform.Time, RunWindow().Tell}),
-      run_(parts_, RunParts(platform), copy_),
+      run_(parts_, RunParts(platform), keeper_),
       shell_(parts_, display_, platform.Store, platform.Devices, frmDX_Record_, sound_),
       settings_(parts_, display_, platform.Store),
       chooseInput_(parts_, platform.Devices, sound_, platform.ShowChooser) {
   globals_.VersionText = platform.VersionText;
   globals_.WorkingFolder = platform.WorkingFolder;
+  globals_.TurnsFolder = platform.StateFolder;
   ConnectHandlers();
 }
 

@@ -18,8 +18,8 @@
 #include "app/print/PrintCommands.h"
 #include "app/run/RunCommands.h"
 #include "app/run/RunPanel.h"
-#include "app/run/SafetyCopy.h"
 #include "app/settings/frmSettings.h"
+#include "data/turns/TurnKeeper.h"
 
 namespace lobegraph {
 
@@ -41,7 +41,7 @@ struct Platform {
   RotatorLine& Trigger;
   std::string VersionText;          ///< "V1.2.3"
   std::string WorkingFolder;        ///< the current directory with its separator
-  std::string StateFolder;          ///< where safety copies go
+  std::string StateFolder;          ///< where turns are kept
   DesktopAwake* Desktop = nullptr;  ///< none: there is no desktop to ask
   /// Shared with the meters, which are made before the window.
   std::shared_ptr<Globals> Shared = std::make_shared<Globals>();
@@ -91,7 +91,7 @@ class Form1 {
   frmEditLbg editor_;
   AnalysisCommands analysis_;
   PrintCommands print_;
-  SafetyCopy copy_;
+  TurnKeeper keeper_;
   frmDX_Record frmDX_Record_;
   SoundCardCapture sound_;
   SourceWatch watch_;

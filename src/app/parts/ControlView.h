@@ -18,6 +18,8 @@ class ControlView {
   /// Text of a box or a drop-down, caption of anything else. UTF-8, plain.
   virtual std::string Text(Control control) const = 0;
   virtual void SetText(Control control, const std::string& text) = 0;
+  /// What a screen reader says of a label with a name of its own, instead of its text, until that changes.
+  virtual void SetSpoken(Control label, const std::string& text) = 0;
   virtual void SetToolTip(Control control, const std::string& text) = 0;
   virtual bool Checked(Control control) const = 0;
   virtual void SetChecked(Control control, bool checked) = 0;

@@ -23,6 +23,7 @@ struct Globals {
   std::string UserName;        ///< the operator for this run of the program
   std::string VersionText;     ///< "V1.2.3"
   std::string WorkingFolder;   ///< where file dialogs start
+  std::string TurnsFolder;     ///< what the program keeps unasked: no dialog starts there
   std::string NoticeText;
 };
 

@@ -28,9 +28,31 @@ std::string OneValueText(const SilentReadings& same) {
          " one value: look whether the meter program runs.";
 }
 
+std::string LossText(int readingsTaken) {
+  return "The source broke off: the pattern ends with reading No. " + std::to_string(readingsTaken) + ".";
+}
+
 std::string LateText(const LateReadings& late) {
   if (late.Count == 1) return "One reading came late, " + Number(late.First) + ".";
   return std::to_string(late.Count) + " readings came late, the first is " + Number(late.First) + ".";
+}
+
+/// What loses readings, or what is known of them.
+void AddTrouble(TurnHint& hint, const KeepingTrouble& trouble) {
+  if (!trouble.Copy.empty())
+    hint.Add(RemarkRank::DataInDanger, "Save File now: the safety copy failed (" + trouble.Copy + ").");
+  if (!trouble.Log.empty())
+    hint.Add(RemarkRank::DataInDanger,
+             "Save File now: the turn's log could not be kept (" + trouble.Log + ").");
+}
+
+/// A part is told with what to do next: it is a pattern like any other.
+void AddNextStep(TurnHint& hint, const RunReport& report) {
+  const std::string count = std::to_string(report.ReadingsTaken);
+  const bool halted = report.Ended == TurnEnding::Halted;
+  hint.Add(
+      halted ? RemarkRank::Part : RemarkRank::NextStep,
+      (halted ? "Halted after " + count : count) + " readings. Rescale turns the beam up; then Save File.");
 }
 
 }  // namespace
@@ -43,20 +65,21 @@ std::vector<UserMessage> BoxesAfterRun(const RunReport& report) {
   return boxes;
 }
 
-TurnHint HintAfterRun(const RunReport& report, const std::string& copyFailure) {
+TurnHint HintAfterRun(const RunReport& report, const KeepingTrouble& trouble) {
   TurnHint hint;
   if (report.ReadingsTaken <= 0) {
     hint.Add(RemarkRank::Part, "No reading was taken.");
     return hint;
   }
-  if (!copyFailure.empty())
-    hint.Add(RemarkRank::DataInDanger, "Save File now: the safety copy failed (" + copyFailure + ").");
+  AddTrouble(hint, trouble);
+  if (report.Ended == TurnEnding::SourceLost)
+    hint.Add(RemarkRank::SourceLost, LossText(report.ReadingsTaken));
+  if (report.Silent.Count > 0) hint.Add(RemarkRank::Silent, SilenceText(report.Silent));
   if (report.NothingHeard) hint.Add(RemarkRank::Silent, "Nothing was heard: check cable, volume and input.");
   if (report.OneValue.Count > 0) hint.Add(RemarkRank::Silent, OneValueText(report.OneValue));
   if (report.Suspended.Count > 0) hint.Add(RemarkRank::Late, SuspendText(report.Suspended));
   if (report.Late.Count > 0) hint.Add(RemarkRank::Late, LateText(report.Late));
-  hint.Add(RemarkRank::NextStep,
-           std::to_string(report.ReadingsTaken) + " readings. Rescale turns the beam up; then Save File.");
+  AddNextStep(hint, report);
   return hint;
 }
 

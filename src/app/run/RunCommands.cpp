@@ -1,6 +1,7 @@
 #include "app/run/RunCommands.h"
 
 #include "app/run/AfterRun.h"
+#include "app/run/TurnFacts.h"
 
 namespace lobegraph {
 
@@ -30,11 +31,24 @@ void RunCommands::Timer1_Timer() {
 }
 
 void RunCommands::AfterRun(const RunReport& report) {
+  FinishTurn(report);
   if (parts_.Shared.Run.CloseRequested) return;
   for (const UserMessage& box : BoxesAfterRun(report)) parts_.Dialogs.Show(box);
   if (!report.Ran) return;
-  copy_.Finish(parts_.Pattern.Record());
-  parts_.View.SetText(Control::lblHint, HintAfterRun(report, copy_.Failure()).Shown());
+  const TurnHint hint = HintAfterRun(report, {keeper_.Failure(), keeper_.LogFailure()});
+  parts_.View.SetText(Control::lblHint, hint.Shown());
+  parts_.View.SetSpoken(Control::lblHint, hint.Spoken());
+}
+
+/// Before any box: nothing is to be lost while one waits for an answer.
+void RunCommands::FinishTurn(const RunReport& report) {
+  if (!keeper_.Running()) return;
+  const ReadingsRecord& record = parts_.Pattern.Record();
+  if (parts_.Shared.Run.CloseRequested) return keeper_.BreakOff(record, turnend::kClosed);
+  if (!report.Ran) return keeper_.Finish(record, turnend::kFault);
+  NoteReport(report, keeper_);
+  keeper_.Finish(record, EndOf(report));
+  if (report.ReadingsTaken > 0) parts_.Pattern.KnowTurn(keeper_.Log());
 }
 
 }  // namespace lobegraph

@@ -3,15 +3,15 @@
 #include "acquisition/run/CalibrateSweep.h"
 #include "acquisition/run/CollectionEngine.h"
 #include "app/parts/AppParts.h"
-#include "app/run/SafetyCopy.h"
+#include "data/turns/TurnKeeper.h"
 
 namespace lobegraph {
 
 /// Collecting and calibrating, as the buttons start and stop them.
 class RunCommands {
  public:
-  RunCommands(const AppParts& parts, const CollectionParts& run, SafetyCopy& copy)
-      : parts_(parts), engine_(run), sweep_(run, engine_), copy_(copy) {}
+  RunCommands(const AppParts& parts, const CollectionParts& run, TurnKeeper& keeper)
+      : parts_(parts), engine_(run), sweep_(run, engine_), keeper_(keeper) {}
 
   void cmdCollectData_Click();
   void cmdHaltInput_Click() { engine_.cmdHaltInput_Click(); }
@@ -21,11 +21,12 @@ class RunCommands {
 
  private:
   void AfterRun(const RunReport& report);
+  void FinishTurn(const RunReport& report);
 
   AppParts parts_;
   CollectionEngine engine_;
   CalibrateSweep sweep_;
-  SafetyCopy& copy_;
+  TurnKeeper& keeper_;
 };
 
 /// The line of a window that holds nothing yet.

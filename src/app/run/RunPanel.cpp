@@ -4,6 +4,7 @@
 
 #include "acquisition/meters/LevelSource.h"
 #include "app/run/RunHints.h"
+#include "app/run/TurnFacts.h"
 
 namespace lobegraph {
 
@@ -57,7 +58,6 @@ void RunPanel::Lock() {
   Enable(LockedInCollection(), false);
   parts_.View.SetEnabled(Control::cmdHaltInput, true);
   parts_.View.SetFocus(Control::cmdHaltInput);
-  copy_.Begin(TimeForFileName());
 }
 
 void RunPanel::On(const run_event::SourceNamed& source) {
@@ -69,7 +69,10 @@ void RunPanel::On(const run_event::AwaitsMeter& meter) {
   parts_.View.SetText(Control::lblHint, meter.Waits ? waiting : runHint_);
 }
 
-void RunPanel::On(const run_event::SourceRuns&) { board_.StartLiveTrace(parts_.Pattern.TurnForRun()); }
+void RunPanel::On(const run_event::SourceRuns&) {
+  board_.StartLiveTrace(parts_.Pattern.TurnForRun());
+  keeper_.Begin(TurnStartOf(parts_.Shared, Controls(), parts_.View.Text(Control::lblSource)));
+}
 
 void RunPanel::On(const run_event::ManualTrigger& trigger) {
   parts_.View.SetVisible(Control::cmdTrigger, trigger.Offered);
@@ -78,7 +81,7 @@ void RunPanel::On(const run_event::ManualTrigger& trigger) {
 void RunPanel::On(const run_event::ReadingStored& reading) {
   ShowLevel(reading.Level);
   parts_.Pattern.ReadingStored();
-  copy_.Store(parts_.Pattern.Record(), reading.Index);
+  keeper_.Store(parts_.Pattern.Record(), ReadingTakenOf(reading));
   parts_.View.SetText(Control::lblHint,
                       ProgressHint(reading.Index + 1, Controls().Triggered, rotationSeconds_));
 }

@@ -9,16 +9,16 @@
 #include "app/parts/AppParts.h"
 #include "app/plot/PatternDisplay.h"
 #include "app/plot/PlotBoard.h"
-#include "app/run/SafetyCopy.h"
+#include "data/turns/TurnKeeper.h"
 
 namespace lobegraph {
 
 /// The main window during a run: what its controls hold, and what it makes of what the run tells.
 class RunPanel {
  public:
-  RunPanel(const AppParts& parts, PlotBoard& board, PatternDisplay& display, SafetyCopy& copy,
+  RunPanel(const AppParts& parts, PlotBoard& board, PatternDisplay& display, TurnKeeper& keeper,
            const RotatorLine& trigger)
-      : parts_(parts), board_(board), display_(display), copy_(copy), trigger_(trigger) {}
+      : parts_(parts), board_(board), display_(display), keeper_(keeper), trigger_(trigger) {}
 
   RunControls Controls() const;
   void Show(const RunEvent& event);
@@ -56,7 +56,7 @@ class RunPanel {
   AppParts parts_;
   PlotBoard& board_;
   PatternDisplay& display_;
-  SafetyCopy& copy_;
+  TurnKeeper& keeper_;
   const RotatorLine& trigger_;
   std::string hintBefore_;
   std::string runHint_;

@@ -6,6 +6,7 @@
 #include <filesystem>
 
 #include "data/base/FileAccess.h"
+#include "data/base/HomeFolder.h"
 #include "data/base/RunTimeError.h"
 #include "data/formats/PatternFile.h"
 #include "data/turns/HeldFile.h"
@@ -81,6 +82,8 @@ std::string LogPathOf(const std::string& patternPath) {
   return patternPath.substr(0, patternPath.size() - (ends ? kPatternEnding.size() : 0)) +
          std::string(kLogEnding);
 }
+
+std::string StateFolder() { return DesktopFolder("XDG_STATE_HOME", ".local/state") + "/lobegraph"; }
 
 bool WorthKeeping(const std::string& patternPath) {
   try {

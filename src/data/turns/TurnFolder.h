@@ -24,6 +24,10 @@ std::optional<TurnName> TurnNameOf(std::string_view fileName);
 /// The log that belongs to a pattern file by its name: ".lbg" (in any letter case) becomes ".turn.csv".
 std::string LogPathOf(const std::string& patternPath);
 
+/// The folder of what the program keeps for the user unasked: "lobegraph" in $XDG_STATE_HOME when that is an
+/// absolute path, else in .local/state of the user's own folder.
+std::string StateFolder();
+
 /// A turn that the state folder keeps.
 struct KeptTurn {
   TurnName Name;

@@ -42,9 +42,31 @@ std::string Tried(Write&& write) {
   }
 }
 
+constexpr std::string_view kLate = "late";
+constexpr std::string_view kSilent = "silent";
+constexpr std::string_view kSuspended = "suspended";
+
+void AddFlag(std::string& flags, std::string_view flag) {
+  if (flags.find(flag) != std::string::npos) return;
+  if (!flags.empty()) flags += ' ';
+  flags += flag;
+}
+
 std::string FlagsOf(const ReadingTaken& reading) {
-  if (reading.Late && reading.Silent) return "late silent";
-  return reading.Late ? "late" : (reading.Silent ? "silent" : "");
+  std::string flags;
+  if (reading.Late) AddFlag(flags, kLate);
+  if (reading.Silent) AddFlag(flags, kSilent);
+  if (reading.Suspended) AddFlag(flags, kSuspended);
+  return flags;
+}
+
+/// The readings as they were when this one had been stored.
+ReadingsRecord UpTo(const ReadingsRecord& record, int lastIndex) {
+  ReadingsRecord soFar = record;
+  soFar.NumReadings = static_cast<std::int16_t>(lastIndex);
+  soFar.ReadingsPlotted = static_cast<std::int16_t>(lastIndex + 1);
+  soFar.PeakIndex = 0;  // the record still has that of the pattern before
+  return soFar;
 }
 
 TurnLog LogOf(const TurnStart& start, const std::string& versionText, std::int64_t now) {
@@ -72,6 +94,7 @@ void TurnKeeper::Begin(const TurnStart& start) {
   const std::int64_t now = wallClock_();
   log_ = LogOf(start, versionText_, now);
   when_ = TimeForFileName(now);
+  running_ = true;
   path_.clear();
   pattern_.reset();
   logFile_.reset();
@@ -91,13 +114,9 @@ void TurnKeeper::Store(const ReadingsRecord& record, const ReadingTaken& reading
 }
 
 void TurnKeeper::StorePattern(const ReadingsRecord& record, int lastIndex) {
-  ReadingsRecord soFar = record;
-  soFar.NumReadings = static_cast<std::int16_t>(lastIndex);
-  soFar.ReadingsPlotted = static_cast<std::int16_t>(lastIndex + 1);
-  soFar.PeakIndex = 0;  // the record still has that of the pattern before
   failure_ = Tried([&] {
     if (!pattern_) Create();
-    pattern_->Rewrite(WritePatternText(soFar, versionText_));
+    pattern_->Rewrite(WritePatternText(UpTo(record, lastIndex), versionText_));
   });
 }
 
@@ -137,8 +156,11 @@ void TurnKeeper::CreateLog() {
 }
 
 void TurnKeeper::Finish(const ReadingsRecord& record, std::string_view ended) {
+  running_ = false;
   if (log_.Rows().empty()) return;
-  log_.KeepRows(static_cast<std::size_t>(std::max(0, record.NumReadings + 1)));
+  if (record.NumReadings < 0)
+    return BreakOff(record, ended);  // what was taken and then dropped stays on disk
+  log_.KeepRows(static_cast<std::size_t>(record.NumReadings) + 1);
   log_.SetKey(turnkey::kTaken, std::to_string(record.NumReadings + 1));
   log_.SetKey(turnkey::kEnded, ended);
   NoteCollected(log_, record);
@@ -147,10 +169,26 @@ void TurnKeeper::Finish(const ReadingsRecord& record, std::string_view ended) {
   DropOldTurns(folder_);
 }
 
+void TurnKeeper::BreakOff(const ReadingsRecord& record, std::string_view ended) {
+  running_ = false;
+  if (!log_.Rows().empty()) Finish(UpTo(record, static_cast<int>(log_.Rows().size()) - 1), ended);
+}
+
+void TurnKeeper::FlagSilent(int first, int last) {
+  for (int row = std::max(0, first); row <= last && row < static_cast<int>(log_.Rows().size()); ++row) {
+    const auto at = static_cast<std::size_t>(row);
+    std::string flags(log_.Cell(at, turncolumn::kFlags));
+    AddFlag(flags, kSilent);
+    log_.SetCell(at, turncolumn::kFlags, flags);
+  }
+}
+
 void TurnKeeper::FinishPattern(const ReadingsRecord& record) {
   failure_ = Tried([&] {
     if (path_.empty()) Create();
-    if (record.NumReadings >= 0) ReplaceFile(path_, WritePatternText(record, versionText_));
+    std::error_code ignored;
+    fs::create_directories(folder_, ignored);  // it may have vanished in the turn
+    ReplaceFile(path_, WritePatternText(record, versionText_));
     pattern_ = std::make_unique<HeldFile>(path_, HeldFile::Open::Existing);
   });
 }

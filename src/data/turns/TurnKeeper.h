@@ -20,7 +20,8 @@ inline constexpr std::string_view kWhole = "whole";
 inline constexpr std::string_view kHalted = "halted";
 inline constexpr std::string_view kAutoStop = "auto stop";
 inline constexpr std::string_view kSourceLost = "source lost";
-inline constexpr std::string_view kClosed = "closed";
+inline constexpr std::string_view kClosed = "closed";  ///< the program, in the middle of the turn
+inline constexpr std::string_view kFault = "fault";    ///< of the program itself
 inline constexpr std::string_view kKilled = "killed";  ///< what a log says until the turn has ended
 }  // namespace turnend
 
@@ -40,6 +41,7 @@ struct ReadingTaken {
   int Samples = 0;  ///< that it is the mean of
   bool Late = false;
   bool Silent = false;
+  bool Suspended = false;              ///< the computer slept in it
   std::vector<std::string> More = {};  ///< cells of TurnStart's further columns
 };
 
@@ -60,6 +62,10 @@ class TurnKeeper {
   /// The turn has ended as the record now says: both files are written once more, safe against a power cut;
   /// old turns go. The files stay held until the next turn begins. Nothing for a turn without a reading.
   void Finish(const ReadingsRecord& record, std::string_view ended);
+  /// The same of a turn that was broken off: the record does not say what was taken, the last Store does.
+  void BreakOff(const ReadingsRecord& record, std::string_view ended);
+  /// Readings that turned out to be silent after they were stored, from the first index to the last.
+  void FlagSilent(int first, int last);
 
   /// The log so far. What is noted in it before Finish goes into its file.
   TurnLog& Log() { return log_; }
@@ -67,6 +73,8 @@ class TurnKeeper {
   const std::string& Failure() const { return failure_; }
   /// The same of the log.
   const std::string& LogFailure() const { return logFailure_; }
+  /// A turn has begun and was not finished.
+  bool Running() const { return running_; }
   /// Path of the present turn's pattern; empty before its first reading.
   const std::string& Path() const { return path_; }
 
@@ -83,6 +91,7 @@ class TurnKeeper {
   WallClock wallClock_;
   TurnLog log_;
   std::string when_;
+  bool running_ = false;
   std::string path_;
   std::unique_ptr<HeldFile> pattern_;
   std::unique_ptr<HeldFile> logFile_;

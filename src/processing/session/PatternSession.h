@@ -60,7 +60,17 @@ class PatternSession {
   Outcome Overlay(const std::string& path, const PatternReader& read);
   /// The record as a file holds it: at most 360 readings, which the pattern then has as well.
   const ReadingsRecord& CapForFile();
+  /// It is saved there, and its turn's log as it was to be.
   void SavedAs(const std::string& path);
+
+  // The turn's log: it goes with the pattern through every command, and is taken back with it.
+  /// What is known of the turn that the readings are from; null: nothing.
+  const std::shared_ptr<const TurnLog>& Turn() const { return state_.Turn; }
+  /// A log that says of these readings that they are its own; what it says was done to them counts on.
+  void KnowTurn(TurnLog log);
+  /// The log as it goes into a file beside these readings, with what was done to them since the turn; none
+  /// where nothing is known.
+  std::optional<TurnLog> TurnToSave() const;
 
   // Drawing.
   /// The whole picture again as it is: an empty grid, or the pattern beneath and the one over it.
@@ -119,10 +129,13 @@ class PatternSession {
   /// Runs a command. A fault ends it and is told with the procedure's name; what was changed can be taken
   /// back.
   Outcome Do(const char* procedure, const Command& command, Repeated repeated = Repeated::No);
+  /// Do, for what may change the readings: it is noted in this word when it has.
+  Outcome Change(const char* procedure, const char* change, const Command& command);
   Outcome GoTo(PatternState state);
   void Guarded(Outcome& outcome, const char* procedure, const Command& command);
   void LoadInto(Outcome& outcome, const std::string& path, const PatternReader& read, bool over);
   void TakeUp(Outcome& outcome, const LoadOutcome& loaded, bool over);
+  void ForgetTurn();
   void EndOverlay() { state_.Beneath.reset(); }
   void BeginRun(RunKind kind);
   bool MayDraw() const { return run_ == RunKind::None; }

@@ -17,6 +17,9 @@ PatternState Essence(PatternState state) {
   ForgetWhatFollows(state.Record);
   if (state.Beneath) ForgetWhatFollows(*state.Beneath);
   state.DescriptionLoaded = false;
+  state.Turn.reset();
+  state.Changes.clear();
+  state.ChangesOfOriginals.clear();
   return state;
 }
 

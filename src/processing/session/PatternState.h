@@ -1,8 +1,11 @@
 #pragma once
 
+#include <memory>
 #include <optional>
+#include <string>
 
 #include "data/record/ReadingsRecord.h"
+#include "data/turns/TurnLog.h"
 
 namespace lobegraph {
 
@@ -16,6 +19,13 @@ struct PatternState {
   bool HalfLoaded = false;
   /// The description came from a file, so a new pattern clears it.
   bool DescriptionLoaded = false;
+
+  /// What is known of the turn; null: nothing.
+  std::shared_ptr<const TurnLog> Turn;
+  /// What was done to the readings since the turn ("smoothed, reversed"), and to the copy that Original
+  /// returns to.
+  std::string Changes;
+  std::string ChangesOfOriginals;
 
   bool operator==(const PatternState&) const = default;
 };

@@ -36,6 +36,7 @@ void PatternSession::LoadInto(Outcome& outcome, const std::string& path, const P
     state_.Beneath = state_.Record;
   ShowCleared(outcome);
   state_.Record = std::move(next);
+  ForgetTurn();
   TakeUp(outcome, loaded, over);
 }
 
@@ -61,6 +62,7 @@ const ReadingsRecord& PatternSession::CapForFile() {
 void PatternSession::SavedAs(const std::string& path) {
   state_.Record.FilePath = path;
   state_.Record.FileName = FileNameOf(path);
+  if (state_.Turn) state_.Turn = std::make_shared<const TurnLog>(*TurnToSave());
 }
 
 }  // namespace lobegraph

@@ -10,7 +10,7 @@ constexpr int kFewestToOrient = 2;
 }  // namespace
 
 Outcome PatternSession::Smooth() {
-  return Do("cmdSmooth_Click", [this](Outcome& outcome) {
+  return Change("cmdSmooth_Click", "smoothed", [this](Outcome& outcome) {
     EndOverlay();
     if (state_.Record.HasReadings()) lobegraph::Smooth(state_.Record);
     Draw(outcome);
@@ -18,7 +18,7 @@ Outcome PatternSession::Smooth() {
 }
 
 Outcome PatternSession::Reverse() {
-  return Do("cmdReverse_Click", [this](Outcome& outcome) {
+  return Change("cmdReverse_Click", "reversed", [this](Outcome& outcome) {
     EndOverlay();
     ReadingsRecord& record = state_.Record;
     const bool turned = record.Rotate != 0.F;
@@ -31,7 +31,7 @@ Outcome PatternSession::Reverse() {
 }
 
 Outcome PatternSession::DeSpike() {
-  return Do("cmdDeSpike_Click", [this](Outcome& outcome) {
+  return Change("cmdDeSpike_Click", "despiked", [this](Outcome& outcome) {
     const DeSpikeOutcome done =
         lobegraph::DeSpike(state_.Record, rules_.SpikeDetectLevel, rules_.PeakInputLevel);
     if (done.Message) outcome.Add(show::Message{*done.Message});
@@ -60,6 +60,7 @@ Outcome PatternSession::Original() {
   return Do("cmdOriginalData_Click", [this](Outcome& outcome) {
     if (!state_.Record.HasSavedReadings) return;
     EndOverlay();
+    state_.Changes = state_.ChangesOfOriginals;
     PlotOriginals(outcome);
   });
 }
@@ -78,7 +79,7 @@ void PatternSession::PlotOriginals(Outcome& outcome) {
 }
 
 Outcome PatternSession::Update(const ReadingArray& readings) {
-  return Do("cmdUpdate_Click", [&](Outcome& outcome) {
+  return Change("cmdUpdate_Click", "edited", [&](Outcome& outcome) {
     state_.Record.TakeUp(readings);
     state_.HalfLoaded = false;
     EndOverlay();

@@ -21,6 +21,7 @@ Outcome PatternSession::BeginCollection(const std::string& collectedBy, const st
   state_.Record.CollectedDate = collectedDate;
   Outcome outcome;
   outcome.Add(Grid());
+  ForgetTurn();
   ClearPlotFields(state_.Record, state_.DescriptionLoaded);
   ShowCleared(outcome);
   state_.DescriptionLoaded = false;

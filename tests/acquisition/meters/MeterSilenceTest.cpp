@@ -26,8 +26,9 @@ struct Watch {
   void Reading(bool spoken, int looks = 10) {
     if (spoken) ++Signs;
     for (int i = 0; i < looks; ++i) Look();
-    Silence.Reading(Readings++);
+    Told = Silence.Reading(Readings++);
   }
+  bool Told = false;  ///< that the last one is silent
 };
 
 TEST(MeterSilence, ATalkingMeterHasNone) {
@@ -55,6 +56,25 @@ TEST(MeterSilence, BeginsAtTwiceTheMetersIntervalAndCountsFromItsFirstReading) {
     EXPECT_EQ(silent.First, looksWithout < 20 ? -1 : 1);
     EXPECT_EQ(silent.Last, looksWithout < 20 ? -1 : 20);
   }
+}
+
+TEST(MeterSilence, EachStretchIsKnownAndToldFromTheMomentOnWhenItIsLongEnough) {
+  Watch watch;
+  watch.Reading(true);
+  watch.Reading(false);
+  EXPECT_FALSE(watch.Told) << "50 ms";
+  watch.Reading(false);
+  EXPECT_TRUE(watch.Told) << "100 ms";
+  watch.Reading(true);
+  EXPECT_FALSE(watch.Told);
+  for (int i = 0; i < 3; ++i) watch.Reading(false);
+  const SilentReadings silent = watch.Silence.End(false);
+  ASSERT_EQ(silent.Stretches.size(), 2U);
+  EXPECT_EQ(silent.Stretches[0].First, 1);
+  EXPECT_EQ(silent.Stretches[0].Last, 2);
+  EXPECT_EQ(silent.Stretches[1].First, 4);
+  EXPECT_EQ(silent.Stretches[1].Last, 6);
+  EXPECT_EQ(silent.Count, 5);
 }
 
 TEST(MeterSilence, SixteenReadingsOfAFastTurnAreCountedThoughTheyLastLessThanASecond) {

@@ -10,7 +10,7 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
 std::string Hint(const RunReport& report, const std::string& copyFailure = "") {
-  return HintAfterRun(report, copyFailure).Shown();
+  return HintAfterRun(report, {.Copy = copyFailure, .Log = ""}).Shown();
 }
 
 TEST(HintAfterRunTest, SaysTheMostUrgentFirst) {
@@ -38,11 +38,42 @@ TEST(HintAfterRunTest, SaysTheMostUrgentFirst) {
   EXPECT_EQ(Hint(report, "Disk full"), "No reading was taken.");
 }
 
+TEST(HintAfterRunTest, AHaltedTurnAndOneWithoutItsSourceSaySo) {
+  RunReport report;
+  report.ReadingsTaken = 100;
+  report.Ended = TurnEnding::Halted;
+  EXPECT_EQ(Hint(report), "Halted after 100 readings. Rescale turns the beam up; then Save File.");
+  report.Ended = TurnEnding::AutoStop;
+  EXPECT_EQ(Hint(report), "100 readings. Rescale turns the beam up; then Save File.");
+  report.Ended = TurnEnding::SourceLost;
+  EXPECT_EQ(Hint(report), "The source broke off: the pattern ends with reading No. 100.");
+  report.Late = {1, 9, 9};
+  EXPECT_EQ(Hint(report), "The source broke off: the pattern ends with reading No. 100.");
+}
+
+TEST(HintAfterRunTest, ASilentMeterIsToldInTheLineAsWell) {
+  RunReport report;
+  report.ReadingsTaken = 360;
+  report.Silent = {260, 100, 359};
+  report.Late = {1, 9, 9};
+  EXPECT_THAT(Hint(report), ::testing::StartsWith("The meter had no fresh value for 260 readings"));
+}
+
+TEST(HintAfterRunTest, ALogThatCouldNotBeKeptComesBehindTheCopyAndBeforeAllElse) {
+  RunReport report;
+  report.ReadingsTaken = 360;
+  report.Ended = TurnEnding::SourceLost;
+  EXPECT_EQ(HintAfterRun(report, {.Copy = "", .Log = "Disk full"}).Shown(),
+            "Save File now: the turn's log could not be kept (Disk full).");
+  EXPECT_EQ(HintAfterRun(report, {.Copy = "Disk full", .Log = "Disk full"}).Shown(),
+            "Save File now: the safety copy failed (Disk full).");
+}
+
 TEST(HintAfterRunTest, KeepsWhatIsLessUrgentForTheLog) {
   RunReport report;
   report.ReadingsTaken = 360;
   report.Late = {1, 9, 9};
-  EXPECT_EQ(HintAfterRun(report, "Disk full").All().size(), 3U);
+  EXPECT_EQ(HintAfterRun(report, {.Copy = "Disk full", .Log = ""}).All().size(), 3U);
 }
 
 std::vector<std::string> Texts(const RunReport& report) {

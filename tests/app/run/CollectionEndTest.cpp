@@ -25,7 +25,7 @@ TEST_F(CollectionEndTest, AHaltedRunKeepsWhatItTookAndNoTailOfTheFormerSet) {
   EXPECT_EQ(Text(txtReadingNumber), "100");
   EXPECT_EQ(Text(txtReadingsPlotted), "100");
   EXPECT_EQ(Record().Readings(100), 0.F);
-  EXPECT_EQ(Text(lblHint), "100 readings. Rescale turns the beam up; then Save File.");
+  EXPECT_EQ(Text(lblHint), "Halted after 100 readings. Rescale turns the beam up; then Save File.");
 }
 
 TEST_F(CollectionEndTest, AHaltThatTakesEffectOnTheLastReadingDropsItOnPurpose) {

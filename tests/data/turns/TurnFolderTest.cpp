@@ -9,6 +9,7 @@
 #include "data/turns/HeldFile.h"
 #include "support/TemporaryFolder.h"
 #include "support/TestRecord.h"
+#include "support/Variable.h"
 
 namespace lobegraph {
 namespace {
@@ -16,6 +17,16 @@ namespace {
 using testing::Contains;
 using testing::Not;
 using testing::SizeIs;
+
+TEST(StateFolderTest, LiesWhereTheDesktopKeepsState) {
+  const Variable home("HOME", "/home/ham");
+  {
+    const Variable state("XDG_STATE_HOME", "/var/state");
+    EXPECT_EQ(StateFolder(), "/var/state/lobegraph");
+  }
+  const Variable state("XDG_STATE_HOME", nullptr);
+  EXPECT_EQ(StateFolder(), "/home/ham/.local/state/lobegraph");
+}
 
 TEST(TurnNameTest, ANumberedNameIsRead) {
   const auto name = TurnNameOf("turn 000042 2026-11-21 10.22.33.lbg");

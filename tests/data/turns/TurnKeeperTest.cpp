@@ -184,6 +184,61 @@ TEST_F(TurnKeeperTest, AThousandTurnsLeaveThirtyAndTen) {
   EXPECT_EQ(kept.front().Name.Number, 1000);
 }
 
+TEST_F(TurnKeeperTest, ATurnThatIsBrokenOffHoldsWhatWasStored) {
+  keeper_.Begin({});
+  EXPECT_TRUE(keeper_.Running());
+  for (int i = 0; i < 30; ++i) keeper_.Store(record_, {.Index = i});
+  record_.NumReadings = 0;  // whatever the record says
+  keeper_.BreakOff(record_, turnend::kClosed);
+  EXPECT_FALSE(keeper_.Running());
+  const ReadingsRecord loaded = Loaded(keeper_.Path());
+  EXPECT_EQ(loaded.NumReadings, 29);
+  EXPECT_EQ(LogOnDisk().Key(turnkey::kEnded), "closed");
+  EXPECT_EQ(LogOnDisk().Key(turnkey::kTaken), "30");
+  EXPECT_EQ(OwnerOf(LogOnDisk(), loaded), LogOwner::Collected);
+}
+
+TEST_F(TurnKeeperTest, AReadingThatWasTakenAndThenDroppedStaysOnDiskWithItsLog) {
+  keeper_.Begin({});
+  keeper_.Store(record_, {.Index = 0});
+  record_.NumReadings = -1;
+  keeper_.Finish(record_, turnend::kHalted);
+  EXPECT_EQ(Loaded(keeper_.Path()).NumReadings, 0);
+  EXPECT_EQ(OwnerOf(LogOnDisk(), Loaded(keeper_.Path())), LogOwner::Collected);
+}
+
+TEST_F(TurnKeeperTest, WhatTurnsOutToBeSilentIsFlaggedOnceBesideOtherFlags) {
+  keeper_.Begin({});
+  keeper_.Store(record_, {.Index = 0});
+  keeper_.Store(record_, {.Index = 1, .Late = true, .Suspended = true});
+  keeper_.Store(record_, {.Index = 2, .Silent = true});
+  keeper_.FlagSilent(1, 99);
+  record_.NumReadings = 2;
+  keeper_.Finish(record_, turnend::kWhole);
+  const TurnLog log = LogOnDisk();
+  EXPECT_EQ(log.Cell(0, turncolumn::kFlags), "");
+  EXPECT_EQ(log.Cell(1, turncolumn::kFlags), "late suspended silent");
+  EXPECT_EQ(log.Cell(2, turncolumn::kFlags), "silent");
+}
+
+TEST_F(TurnKeeperTest, AFolderThatVanishedInTheTurnIsMadeAgain) {
+  keeper_.Begin({});
+  for (int i = 0; i < 30; ++i) keeper_.Store(record_, {.Index = i});
+  std::filesystem::remove_all(turns_);
+  record_.NumReadings = 29;
+  keeper_.Finish(record_, turnend::kWhole);
+  EXPECT_EQ(keeper_.Failure(), "");
+  EXPECT_EQ(Loaded(keeper_.Path()).NumReadings, 29);
+  EXPECT_THAT(LogOnDisk().Rows(), SizeIs(30));
+}
+
+TEST_F(TurnKeeperTest, WhatADamagedFileLeftInTheRecordDoesNotSpoilTheCopy) {
+  record_.PeakIndex = 500;
+  keeper_.Begin({});
+  keeper_.Store(record_, {.Index = 0});
+  EXPECT_EQ(Loaded(keeper_.Path()).NumReadings, 0);
+}
+
 TEST_F(TurnKeeperTest, AStaleLogOfThatNameIsNotTheNewTurns) {
   keeper_.Begin({});
   std::filesystem::create_directories(turns_);

@@ -22,6 +22,7 @@
 #include "app/qt/panel/WindowLayout.h"
 #include "app/qt/settings/SettingsOpener.h"
 #include "app/qt/settings/frmSettingsDialog.h"
+#include "data/turns/TurnFolder.h"
 
 namespace lobegraph {
 

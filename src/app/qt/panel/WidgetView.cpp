@@ -124,6 +124,10 @@ void WidgetView::SetText(Control control, const std::string& text) {
   }
 }
 
+void WidgetView::SetSpoken(Control label, const std::string& text) {
+  Widget(label).setAccessibleDescription(QString::fromStdString(text));
+}
+
 void WidgetView::SetToolTip(Control control, const std::string& text) {
   Widget(control).setToolTip(QString::fromStdString(text));
 }

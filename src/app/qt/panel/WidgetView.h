@@ -20,6 +20,7 @@ class WidgetView final : public ControlView {
 
   std::string Text(Control control) const override;
   void SetText(Control control, const std::string& text) override;
+  void SetSpoken(Control label, const std::string& text) override;
   void SetToolTip(Control control, const std::string& text) override;
   bool Checked(Control control) const override;
   void SetChecked(Control control, bool checked) override;

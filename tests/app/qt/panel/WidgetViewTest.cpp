@@ -141,6 +141,11 @@ TEST_F(WidgetViewTest, AScreenReaderSaysWhatALabelShowsNow) {
   view_.SetText(Control::lblHint, "Press Collect");
   EXPECT_EQ(view_.Widget(Control::lblHint).accessibleName(), "What to do next");
   EXPECT_EQ(view_.Widget(Control::lblHint).accessibleDescription(), "Press Collect");
+  view_.SetSpoken(Control::lblHint, "Press Collect. Or wait.");
+  EXPECT_EQ(view_.Widget(Control::lblHint).accessibleDescription(), "Press Collect. Or wait.");
+  EXPECT_EQ(view_.Text(Control::lblHint), "Press Collect");
+  view_.SetText(Control::lblHint, "Halted");
+  EXPECT_EQ(view_.Widget(Control::lblHint).accessibleDescription(), "Halted") << "what was spoken is over";
 }
 
 TEST_F(WidgetViewTest, Timer1FiresOnceWhenItIsEnabled) {
