@@ -22,7 +22,9 @@ constexpr const char* kReportExamples =
     "  lobegraph-cli report --json --apply despike,smooth,orient *.lbg >figures.json\n"
     "      one object for each file and line, after the window's commands of these names\n"
     "  lobegraph-cli report --json --trace beam.lbg\n"
-    "      the plotted points as well";
+    "      the plotted points as well\n"
+    "  lobegraph-cli report --turn beam.lbg\n"
+    "      what beam.turn.csv says of the turn";
 constexpr const char* kRenderExamples =
     "Examples:\n"
     "  lobegraph-cli render beam.lbg -o beam.svg --title \"3 elements, 144 MHz\"\n"
@@ -110,6 +112,9 @@ void AddReport(CLI::App& app, ReportRequest& request) {
   CLI::Option* repeat =
       verb->add_flag("--repeat", request.Repeat,
                      "The files are turns of one antenna: their mean, and each figure with its spread");
+  verb->add_flag("--turn", request.Turn,
+                 "What the log of the turn beside each file says: who measured what and how, what went wrong")
+      ->excludes(repeat);
   verb->add_flag("--readings", request.Extras.Readings, "With --json: all 361 readings")
       ->needs("--json")
       ->excludes(repeat);

@@ -13,6 +13,7 @@ struct ReportRequest {
   std::vector<std::string> Files = {};
   bool Json = false;
   bool Repeat = false;  ///< the files are turns of one antenna, to be laid on each other
+  bool Turn = false;    ///< what the logs beside the files say
   ReportExtras Extras = {};
   PatternOptions Pattern = {};
   unsigned Jobs = 0;  ///< files at the same time; 0: one for each core

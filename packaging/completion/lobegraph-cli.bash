@@ -23,7 +23,7 @@ _lobegraph_cli() {
   esac
   if [[ -z $words && $current == -* ]]; then
     case $verb in
-      report) words="$plot --json --repeat --readings --trace --jobs -j --help -h" ;;
+      report) words="$plot --json --repeat --turn --readings --trace --jobs -j --help -h" ;;
       render) words="$plot --output -o --overlay --size --rectangular --colours --title --help -h" ;;
       convert) words='--table --help -h' ;;
       ports) words='--help -h' ;;

@@ -6,6 +6,8 @@
 
 #include "cli/MemoryFiles.h"
 #include "data/formats/PatternFile.h"
+#include "data/turns/TurnDigest.h"
+#include "data/turns/TurnLogText.h"
 
 namespace lobegraph {
 namespace {
@@ -40,6 +42,49 @@ TEST_F(Convert, APatternWithoutADescriptionIsNamedAfterItsFile) {
     EXPECT_THAT(files_.Content["m.msi"], HasSubstr("NAME beam.lbg"));
     EXPECT_THAT(files_.Content["m.msi"], ::testing::Not(HasSubstr(none)));
   }
+}
+
+/// A log beside the file that says it is this pattern's.
+void PutLogOf(MemoryFiles& files, const std::string& path, const ReadingsRecord& record) {
+  TurnLog log;
+  log.SetKey(turnkey::kEnded, "whole");
+  log.AddRow({"1", "", "1", "1", ""});
+  NoteSaved(log, record, "smoothed");
+  files.Content[path] = TurnLogText(log);
+}
+
+TEST_F(Convert, TheLogOfATurnGoesAlongToAPatternFile) {
+  files_.Content["a.lbg"] = StoredText(StoredBeam());
+  PutLogOf(files_, "a.turn.csv", StoredBeam());
+  ASSERT_EQ(Run("a.lbg", "b.lbg"), 0);
+  const TurnLog log = ReadTurnLog(files_.Content.at("b.turn.csv"));
+  EXPECT_EQ(log.Key(turnkey::kEnded), "whole");
+  EXPECT_EQ(CommandsOf(log, Loaded("b.lbg")), "smoothed");
+  EXPECT_EQ(complaints_.str(), "");
+}
+
+TEST_F(Convert, ALogThatCannotGoAlongIsALossThatIsTold) {
+  files_.Content["a.lbg"] = StoredText(StoredBeam());
+  PutLogOf(files_, "a.turn.csv", StoredBeam());
+  ASSERT_EQ(Run("a.lbg", "b.msi"), 0);
+  EXPECT_THAT(complaints_.str(),
+              HasSubstr("b.msi: a.turn.csv does not go along: only pattern files have a log."));
+}
+
+TEST_F(Convert, AnotherPatternsLogStaysAndIsTold) {
+  files_.Content["a.lbg"] = StoredText(StoredBeam());
+  PutLogOf(files_, "a.turn.csv", StoredBeam(300));
+  ASSERT_EQ(Run("a.lbg", "b.lbg"), 0);
+  EXPECT_FALSE(files_.Content.contains("b.turn.csv"));
+  EXPECT_THAT(complaints_.str(), HasSubstr("a.turn.csv belongs to another pattern"));
+}
+
+TEST_F(Convert, OverAPatternWithALogThatLogGoes) {
+  files_.Content["a.lbg"] = StoredText(StoredBeam());
+  files_.Content["b.lbg"] = StoredText(StoredBeam(300));
+  PutLogOf(files_, "b.turn.csv", StoredBeam(300));
+  ASSERT_EQ(Run("a.lbg", "b.lbg"), 0);
+  EXPECT_FALSE(files_.Content.contains("b.turn.csv"));
 }
 
 TEST_F(Convert, ThereAndBackThroughEachFormatWithinItsResolution) {
