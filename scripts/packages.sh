@@ -7,7 +7,7 @@ PACKAGES_DEMO="xvfb xauth openbox x11-utils imagemagick fonts-liberation dbus at
   python3-gi pulseaudio pulseaudio-utils"
 PACKAGES_TEST="nec2c splat x11-apps libgtest-dev libgmock-dev libbenchmark-dev clang-tidy-16 clang-format locales xdotool wmctrl
   python3-xlib umockdev gir1.2-umockdev-1.0 libhamlib-utils libfaketime cups-daemon cups-client poppler-utils
-  appstream desktop-file-utils librsvg2-bin man-db"
+  appstream desktop-file-utils librsvg2-bin man-db python3-pandas libreoffice-calc-nogui"
 # What "./test --long" needs besides.
 PACKAGES_LONG="clang-16 libclang-rt-16-dev python3-clang-16 libclang-common-16-dev weston qt6-wayland pipewire pipewire-pulse
   wireplumber"
