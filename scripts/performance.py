@@ -18,11 +18,11 @@ import outside
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 
 
-def drawing(programs):
-    """Medians of the drawing benchmarks, by name, in microseconds."""
+def medians_of(program):
+    """Medians of a program's benchmarks, by name, in microseconds."""
     environment = dict(os.environ, QT_QPA_PLATFORM="offscreen")
     done = subprocess.run(
-        [programs / "lobegraph_benchmarks", "--benchmark_format=json",
+        [program, "--benchmark_format=json",
          "--benchmark_report_aggregates_only=true"], env=environment, capture_output=True, text=True, check=True)
     scale = {"ns": 1e-3, "us": 1.0, "ms": 1e3}
     return {row["run_name"]: row["real_time"] * scale[row["time_unit"]]
@@ -123,6 +123,15 @@ def drawing_rows(medians):
             for what, floor, measured, width in DRAWN]
 
 
+KEPT = [("the bytes of half a turn's pattern alone", "BytesAlone"), ("that pattern alone, its text made anew", "PatternAlone"),
+        ("a reading stored: pattern and log, over a whole turn", "StoredReading")]
+
+
+def keeping_rows(medians):
+    return [(what, next(f"{median / 1000:.3f} ms" for name, median in medians.items() if name.startswith(benchmark)))
+            for what, benchmark in KEPT]
+
+
 def machine():
     model = re.search(r"model name\s*:\s*(.*)", pathlib.Path("/proc/cpuinfo").read_text())
     return f"{os.cpu_count()} cores, {model.group(1) if model else platform.machine()}"
@@ -130,7 +139,8 @@ def machine():
 
 def main():
     programs = pathlib.Path(sys.argv[1]).resolve()
-    medians = drawing(programs)
+    medians = medians_of(programs / "lobegraph_benchmarks")
+    kept = medians_of(programs / "lobegraph_turn_benchmarks")
     late = timing(programs)
     with outside.Stage() as stage:
         stage.settings.parent.mkdir(parents=True)
@@ -159,6 +169,12 @@ End of each reading against its absolute deadline, five turns of 9 seconds (25 m
 other core busy.
 
 {table(("Case", "p50", "p99", "max (ms)"), late)}
+## Keeping a turn
+
+What a reading costs on disk while a turn runs: `lobegraph_turn_benchmarks`, medians of five repetitions. The floor is the same
+bytes into the same file. Promise: below 0.1 ms.
+
+{table(("What", "Measured"), keeping_rows(kept))}
 ## The program as a whole
 
 | What | Measured | Promise |

@@ -114,12 +114,12 @@ class OthersWrite(from_outside.FromOutside):
         try:
             program.slide("Scale of the log display", 50)
             program.tick("Auto Start")
+            wait_for("the other's writes", 10, lambda: len(writes) > 20)
             program.process.send_signal(signal.SIGTERM)
             self.assertEqual(program.process.wait(10), 0)
         finally:
             done.set()
             writer.join()
-        self.assertGreater(len(writes), 20)
         self.assertEqual([text for text in writes if not text.startswith("[Settings]\n") or not text.endswith("\n")], [])
         saved = read_settings(self.stage.settings)
         self.assertEqual(saved["Username"], "N0CALL")
