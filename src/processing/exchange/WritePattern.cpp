@@ -101,7 +101,8 @@ void AddLossesOfWholeDegrees(const ReadingsRecord& record, std::vector<std::stri
 /// A format of directions counts levels in dB from the strongest.
 bool RaisesLevels(const ReadingsRecord& record, const PatternFormat& format) {
   if (format.WriteTable == nullptr) return false;
-  const double faintest = double{StrongestOf(record)} * std::pow(10.0, kFaintestDb / 20.0);
+  constexpr double kRounding = 0.999;  // a level that was read from 100 dB down is not raised again
+  const double faintest = kRounding * double{StrongestOf(record)} * std::pow(10.0, kFaintestDb / 20.0);
   for (int i = record.TrimFront; i <= record.LastPlotted(); ++i)
     if (record.Readings(i) < faintest) return true;
   return false;
