@@ -82,7 +82,7 @@ def tables_as_patterns(build, files):
     made = []
     for name in files:
         if name.endswith(".table.csv"):
-            made.append(name.replace(".csv", ".lbg"))
+            made.append(name.replace(".csv", "-made.lbg"))  # a picture is named by the stem
             build.call(["convert", "--table", name, made[-1]])
     return [name for name in made if (build.folder / name).exists()]
 
