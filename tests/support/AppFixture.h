@@ -47,6 +47,7 @@ class AppFixture {
   TemporaryFolder State;
   FakeEditor Editor;
   FakePrinter Printer{Log};
+  NamedPictures Pictures;
   Form1 Form{{.View = View,
               .Dialogs = Dialogs,
               .System = System,
@@ -66,7 +67,8 @@ class AppFixture {
               .StateFolder = State.File("turns"),
               .Shared = AllShared,
               .frmEditLbg = &Editor,
-              .Printer = &Printer},
+              .Printer = &Printer,
+              .Pictures = &Pictures},
              PlotGeometry{}};
   Globals& Shared = Form.Shared();
   PatternSession& Pattern = Form.Pattern();

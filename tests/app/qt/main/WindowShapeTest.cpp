@@ -16,7 +16,7 @@ constexpr QSize kShrunk(501, 560);
 
 TEST(WindowShapeTest, StartsGrownWithItsCaption) {
   RealWindow window;
-  EXPECT_EQ(window.Window.size(), kGrown);
+  EXPECT_EQ(window.Inside(), kGrown);
   EXPECT_EQ(window.Window.windowTitle(), "Lobegraph V2.1.0     User = N0CALL");
   EXPECT_TRUE(window.Find<QWidget>("Frame1").isVisible());
 }
@@ -24,12 +24,12 @@ TEST(WindowShapeTest, StartsGrownWithItsCaption) {
 TEST(WindowShapeTest, ShrinkingHidesThePanelAndGrowingShowsIt) {
   RealWindow window;
   window.Press("cmdShrink");
-  EXPECT_EQ(window.Window.size(), kShrunk);
+  EXPECT_EQ(window.Inside(), kShrunk);
   EXPECT_FALSE(window.Find<QWidget>("Frame1").isVisible());
   EXPECT_TRUE(window.Find<QWidget>("cmdGrow").isVisible());
   EXPECT_TRUE(window.Find<QWidget>("cmdShrink").isVisible());
   window.Press("cmdGrow");
-  EXPECT_EQ(window.Window.size(), kGrown);
+  EXPECT_EQ(window.Inside(), kGrown);
   EXPECT_TRUE(window.Find<QWidget>("Frame1").isVisible());
   EXPECT_FALSE(window.Find<QWidget>("cmdGrow").isVisible());
   EXPECT_TRUE(window.Find<QWidget>("cmdShrink").isVisible());
@@ -51,7 +51,7 @@ TEST(WindowShapeTest, AMaximisedWindowIsFilledByThePlot) {
   RealWindow window;
   window.Window.showMaximized();
   RealWindow::Settle();
-  const QSize size = window.Window.size();
+  const QSize size = window.Inside();
   ASSERT_GT(size.width(), kGrown.width());
   EXPECT_EQ(PanelLeft(window), size.width() - kPanelWidth);
   EXPECT_EQ(Plot(window).size(), QSize(size.width() - kPanelWidth, size.height()));
@@ -63,8 +63,7 @@ TEST(WindowShapeTest, ALargerPlotIsDrawnAnewAndNothingElseHappens) {
   RealWindow window;
   window.LoadBeam();
   window.MarkDrawing();
-  window.Window.resize(kPanelWidth + 2 * kShrunk.width(), 2 * kShrunk.height());
-  RealWindow::Settle();
+  window.ResizeInside(QSize(kPanelWidth + 2 * kShrunk.width(), 2 * kShrunk.height()));
   EXPECT_EQ(Plot(window).PixelsPerUnit(), 2.0);
   EXPECT_FALSE(window.DrawnSinceMark()) << "the same drawing, not another";
   const QImage shown = Plot(window).grab().toImage();
@@ -100,8 +99,7 @@ TEST(WindowShapeTest, WhatStandsOnThePlotKeepsItsCornerAndItsSize) {
   };
   const auto natural = places();
   for (const auto& [control, place] : natural) EXPECT_EQ(place, PlaceOf(control)) << RowOf(control).Name;
-  window.Window.resize(kPanelWidth + 2 * 501, 2 * 560);
-  RealWindow::Settle();
+  window.ResizeInside(QSize(kPanelWidth + 2 * 501, 2 * 560));
   for (const auto& [control, place] : places()) {
     EXPECT_EQ(place.height(), natural.at(control).height()) << RowOf(control).Name;
     EXPECT_TRUE(Plot(window).rect().contains(place)) << RowOf(control).Name;
@@ -115,8 +113,7 @@ TEST(WindowShapeTest, WhatStandsOnThePlotKeepsItsCornerAndItsSize) {
 
 TEST(WindowShapeTest, InAWindowThatIsTooLowThePanelScrolls) {
   RealWindow window;
-  window.Window.resize(758, 420);
-  RealWindow::Settle();
+  window.ResizeInside(QSize(758, 420));
   auto& area = *window.Window.findChild<PanelArea*>();
   EXPECT_TRUE(area.verticalScrollBar()->isVisible());
   EXPECT_FALSE(area.horizontalScrollBar()->isVisible()) << "nothing is cut at the side";
@@ -125,8 +122,7 @@ TEST(WindowShapeTest, InAWindowThatIsTooLowThePanelScrolls) {
   area.ensureWidgetVisible(&last);
   RealWindow::Settle();
   EXPECT_EQ(last.visibleRegion().boundingRect(), last.rect());
-  window.Window.resize(758, 560);
-  RealWindow::Settle();
+  window.ResizeInside(QSize(758, 560));
   EXPECT_FALSE(area.verticalScrollBar()->isVisible());
 }
 
@@ -144,10 +140,10 @@ TEST(WindowShapeTest, AShrunkWindowThatIsMaximisedAndRestoredIsStillShrunk) {
   window.Press("cmdShrink");
   window.Window.showMaximized();
   RealWindow::Settle();
-  EXPECT_EQ(Plot(window).size(), window.Window.size()) << "the plot has it all";
+  EXPECT_EQ(Plot(window).size(), window.Inside()) << "the plot has it all";
   window.Window.showNormal();
   RealWindow::Settle();
-  EXPECT_EQ(window.Window.size(), kShrunk);
+  EXPECT_EQ(window.Inside(), kShrunk);
 }
 
 TEST(WindowShapeTest, AFullScreenWindowCountsAsMaximised) {
@@ -162,9 +158,9 @@ TEST(WindowShapeTest, AFullScreenWindowCountsAsMaximised) {
 
 /// What a window manager decides, whatever size the window asks for.
 void Impose(RealWindow& window, const QSize& size) {
-  window.Window.windowHandle()->resize(size);
+  window.Window.windowHandle()->resize(size + QSize(0, window.MenuHeight()));
   RealWindow::Settle();
-  ASSERT_EQ(window.Window.size(), size);
+  ASSERT_EQ(window.Inside(), size);
 }
 
 TEST(WindowShapeTest, ARefusedShrinkGivesThePlotTheWholeWindow) {
@@ -184,7 +180,7 @@ TEST(WindowShapeTest, ARefusedGrowLeavesThePlotWholeAndShrinkInReach) {
   window.Press("cmdGrow");
   Impose(window, kShrunk);
   EXPECT_GE(Plot(window).width(), kShrunk.width() / 2);
-  EXPECT_TRUE(window.Window.rect().contains(window.Find<QWidget>("cmdShrink").geometry()));
+  EXPECT_TRUE(Plot(window).rect().contains(window.Find<QWidget>("cmdShrink").geometry()));
   window.Press("cmdShrink");
   EXPECT_EQ(Plot(window).size(), kShrunk);
   EXPECT_TRUE(window.Find<QWidget>("cmdGrow").isVisible());
