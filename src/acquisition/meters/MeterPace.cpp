@@ -17,7 +17,7 @@ void MeterPace::Received(int values, std::int32_t nowMs) {
   if (values < 1) return;
   const std::uint32_t sinceMs = MsBetween(std::exchange(lastMs_, nowMs), nowMs);
   if (!std::exchange(heard_, true)) return;
-  intervalsMs_[count_++ % intervalsMs_.size()] = sinceMs / static_cast<std::uint32_t>(values);
+  intervalsMs_[count_++ % intervalsMs_.size()] = sinceMs;
 }
 
 std::uint32_t MeterPace::SilentAfterMs() const {

@@ -6,7 +6,8 @@
 
 namespace lobegraph {
 
-/// How often a meter speaks: the median of its last intervals, so that a pause does not count.
+/// How often a meter is heard: the median of its last intervals, so that a pause does not count. Values that
+/// an adapter hands over together are heard once: between two such heaps nobody is silent.
 class MeterPace {
  public:
   /// So many values came together. @param nowMs the clock

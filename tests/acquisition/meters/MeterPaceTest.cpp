@@ -24,8 +24,8 @@ TEST(MeterPace, APauseDoesNotCount) {
   EXPECT_EQ(After({{1, 0}, {1, 50}, {1, 100}, {1, 90'000}, {1, 90'050}, {1, 90'100}}), 100U);
 }
 
-TEST(MeterPace, ValuesThatComeTogetherShareTheirTime) {
-  EXPECT_EQ(After({{4, 0}, {4, 16}, {4, 32}, {4, 48}}), 8U);
+TEST(MeterPace, BetweenTwoHeapsOfAnAdapterNobodyIsSilent) {
+  EXPECT_EQ(After({{4, 0}, {4, 16}, {4, 32}, {4, 48}}), 32U);
   EXPECT_EQ(After({{1, 0}, {0, 10}, {1, 50}, {0, 60}, {1, 100}, {1, 150}}), 100U)
       << "a text without a number";
 }

@@ -142,7 +142,7 @@ TEST(ParseChars, EachNumberIsASignOfLifeAndTheMetersPaceIsLearnt) {
     rig.Meter.ParseChars("30");  // the beginning of the next
   }
   EXPECT_EQ(rig.State.Life.Signs, 10U);
-  EXPECT_EQ(rig.State.Life.SilentAfterMs, 100U) << "two values in 100 ms, and twice that interval";
+  EXPECT_EQ(rig.State.Life.SilentAfterMs, 200U) << "twice the 100 ms after which it is heard again";
 }
 
 TEST(ParseChars, NumbersAreTenthsOfADecibel) {
