@@ -9,7 +9,7 @@
 
 namespace lobegraph {
 
-/// A line of the layer.
+/// A line of the layer: 1 unit wide.
 struct LayerLine {
   SurfacePoint From;
   SurfacePoint To;
@@ -18,7 +18,6 @@ struct LayerLine {
   /// In white, the opposite of what lies beneath, pixel for pixel: seen on any background, grid lines
   /// included.
   bool Inverting = false;
-  float Width = 1.F;  ///< units
   bool operator==(const LayerLine&) const = default;
 };
 
@@ -28,7 +27,6 @@ struct LayerText {
   std::string Text;
   float Points = 0.F;  ///< as the surface counts them, see DrawingSurface::SetFontSize
   Colour TextColour;
-  bool FromLeft = false;  ///< the place is where it begins, not its middle
   bool operator==(const LayerText&) const = default;
 };
 

@@ -23,7 +23,7 @@ class Accelerators(from_outside.FromOutside):
         """What is drawn inside the outer ring; the time stands outside."""
         path = self.stage.home / "window.png"
         self.stage.picture(path)
-        self.stage.output("convert", path, "-crop", "400x400+50+115", "+repage", "-strip", path.with_suffix(".rgb"))
+        self.stage.output("convert", path, "-crop", "400x400+50+90", "+repage", "-strip", path.with_suffix(".rgb"))
         return hashlib.sha256(path.with_suffix(".rgb").read_bytes()).hexdigest()
 
     def box_opens(self, program, key, title):
@@ -131,7 +131,7 @@ class WithoutAMouse(from_outside.FromOutside):
     def test_the_operators_name(self):
         program = self.open_window()
         self.activate("^Lobegraph V")
-        self.keys(*["shift+Tab"] * 3, "Return")  # plot, Shrink, the name
+        self.keys("shift+Tab", "shift+Tab", "Return")
         wait_for("the question", 10, lambda: any("Please enter the Operator's name" in words for words in program.messages()))
         wait_for("the question in front", 10, lambda: "User =" not in self.title_in_front())
         self.write("OP2AB")

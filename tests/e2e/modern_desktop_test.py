@@ -39,20 +39,20 @@ class Wayland(ModernDesktop):
         cls.stage.private_sound()
 
     @staticmethod
-    def widths(program):
-        """Widths of the program's windows that have room for the plot."""
+    def sizes(program):
+        """Of the program's windows."""
         windows = [program.root.get_child_at_index(index) for index in range(program.root.get_child_count())]
         areas = [outside.Atspi.Component.get_extents(window, outside.Atspi.CoordType.WINDOW) for window in windows]
-        return [area.width for area in areas if area.height > 560]
+        return [(area.width, area.height) for area in areas]
 
     def test_a_turn_and_the_two_widths(self):
         program = self.open_window(RotateTime=TURN_S)
         self.check_turn(program)
-        self.assertIn(758, self.widths(program))
+        self.assertIn((758, 560), self.sizes(program))
         program.press("<-Shrink")
-        wait_for("a shrunk window", 5, lambda: 501 in self.widths(program))
+        wait_for("a shrunk window", 5, lambda: (501, 560) in self.sizes(program))
         program.press("Grow->")
-        wait_for("a grown window", 5, lambda: 758 in self.widths(program))
+        wait_for("a grown window", 5, lambda: (758, 560) in self.sizes(program))
         program.press("Choose Input")
         program.press("Cancel", within=program.box("Lobegraph - Choose Input"))
         self.leave(program)

@@ -131,14 +131,13 @@ class AnalysisLines(from_outside.FromOutside):
         self.program.slide("Scale of the log display", 40)
         self.activate("^Lobegraph V")
         self.window = self.window_id()
-        self.below_menu = self.window_size()[1] - 560  # the plot has its natural height
 
     def mouse(self, *command):
         self.stage.output("xdotool", *command)
         time.sleep(0.05)  # as a hand does it: the window sees each of them
 
     def point(self, x, y):
-        self.mouse("mousemove", "--window", self.window, x, y + self.below_menu)
+        self.mouse("mousemove", "--window", self.window, x, y)
 
     def drag(self, button, start, end):
         self.point(200, start)
@@ -150,7 +149,7 @@ class AnalysisLines(from_outside.FromOutside):
     def drawing(self):
         """Every pixel of the rectangular drawing, once two pictures in a row are the same."""
         path = self.stage.home / "window.png"
-        size = f"{AREA['right'] - AREA['left'] + 1}x{AREA['bottom'] - AREA['top'] + 1}+{AREA['left']}+{AREA['top'] + self.below_menu}"
+        size = f"{AREA['right'] - AREA['left'] + 1}x{AREA['bottom'] - AREA['top'] + 1}+{AREA['left']}+{AREA['top']}"
         taken = []
 
         def settled():

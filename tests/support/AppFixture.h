@@ -47,7 +47,6 @@ class AppFixture {
   TemporaryFolder State;
   FakeEditor Editor;
   FakePrinter Printer{Log};
-  NamedPictures Pictures;
   Form1 Form{{.View = View,
               .Dialogs = Dialogs,
               .System = System,
@@ -67,8 +66,7 @@ class AppFixture {
               .StateFolder = State.File("turns"),
               .Shared = AllShared,
               .frmEditLbg = &Editor,
-              .Printer = &Printer,
-              .Pictures = &Pictures},
+              .Printer = &Printer},
              PlotGeometry{}};
   Globals& Shared = Form.Shared();
   PatternSession& Pattern = Form.Pattern();

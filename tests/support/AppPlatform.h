@@ -14,7 +14,6 @@
 #include "app/parts/UserDialogs.h"
 #include "data/base/FileAccess.h"
 #include "data/base/Numbers.h"
-#include "render/picture/PictureFiles.h"
 #include "support/AppControlView.h"
 #include "support/RecordingStore.h"
 #include "support/RecordingSurface.h"
@@ -36,9 +35,7 @@ class FakeDialogs final : public UserDialogs {
   bool Tick = false;
   std::optional<std::string> FileToOpen;
   std::optional<std::string> FileToSave;
-  std::optional<ChosenFile> PictureToSave;
-  std::vector<std::string> Filters;  ///< of the dialogs for a picture
-  std::function<void()> WhileOpen;   ///< runs while a message box is open
+  std::function<void()> WhileOpen;  ///< runs while a message box is open
 
   std::vector<std::string> Texts() const {
     std::vector<std::string> texts;
@@ -77,23 +74,9 @@ class FakeDialogs final : public UserDialogs {
     log_.emplace_back("save dialog");
     return FileToSave;
   }
-  std::optional<ChosenFile> SavePicture(const std::string& path, const std::string& filter) override {
-    Folders.push_back(path);
-    Filters.push_back(filter);
-    return PictureToSave;
-  }
 
  private:
   AppLog& log_;
-};
-
-/// Pictures that only say how large they are.
-class NamedPictures final : public PictureFiles {
- public:
-  std::string Png(const Picture&, int width, int height) override {
-    return "png " + std::to_string(width) + "x" + std::to_string(height);
-  }
-  std::string Pdf(const Picture&) override { return "pdf"; }
 };
 
 class FakeSystemText final : public SystemText {

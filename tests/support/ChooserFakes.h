@@ -72,7 +72,6 @@ class FewDialogs final : public UserDialogs {
   }
   std::optional<std::string> OpenFile(const std::string&) override { return {}; }
   std::optional<std::string> SaveFile(const std::string&) override { return {}; }
-  std::optional<ChosenFile> SavePicture(const std::string&, const std::string&) override { return {}; }
 };
 
 class NoSystemText final : public SystemText {

@@ -36,8 +36,6 @@ Form1::Form1(const Platform& platform, const PlotGeometry& geometry)
       transform_(parts_, display_),
       editor_(parts_, display_),
       analysis_(parts_, board_.Lines()),
-      cursor_(parts_, board_),
-      pictures_(parts_, board_, platform.Pictures),
       print_(parts_),
       keeper_(platform.StateFolder, platform.VersionText),
       frmDX_Record_(platform.SoundDevice, globals_.Sound),

@@ -12,8 +12,6 @@
 #include "app/input/InputCommands.h"
 #include "app/main/ShellCommands.h"
 #include "app/plot/AnalysisCommands.h"
-#include "app/plot/CursorCommands.h"
-#include "app/plot/PictureCommands.h"
 #include "app/plot/PlotBoard.h"
 #include "app/plot/PlotCommands.h"
 #include "app/plot/TransformCommands.h"
@@ -51,7 +49,6 @@ struct Platform {
   std::function<void()> ShowChooser = [] {};
   EditorView* frmEditLbg = nullptr;
   PrintDevice* Printer = nullptr;
-  PictureFiles* Pictures = nullptr;
 };
 
 /// The main window without its looks: owns what the program shares, and every handler.
@@ -73,9 +70,7 @@ class Form1 {
   RunCommands& Run() { return run_; }
   ShellCommands& Shell() { return shell_; }
   frmSettings& Settings() { return settings_; }
-  PlotBoard& Board() { return board_; }
-  CursorCommands& Cursor() { return cursor_; }
-  PictureCommands& Pictures() { return pictures_; }
+  const PictureLayer& Axis() const { return board_.Axis(); }
   Globals& Shared() { return globals_; }
   PatternSession& Pattern() { return pattern_; }
   const AppParts& Parts() const { return parts_; }
@@ -96,8 +91,6 @@ class Form1 {
   TransformCommands transform_;
   frmEditLbg editor_;
   AnalysisCommands analysis_;
-  CursorCommands cursor_;
-  PictureCommands pictures_;
   PrintCommands print_;
   TurnKeeper keeper_;
   frmDX_Record frmDX_Record_;

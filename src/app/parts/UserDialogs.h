@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstddef>
 #include <optional>
 #include <string>
 
@@ -12,12 +11,6 @@ namespace lobegraph {
 struct TickedAnswer {
   std::string Text;
   bool Ticked = false;
-};
-
-/// A file to write, and which kind of those that were offered.
-struct ChosenFile {
-  std::string Path;      ///< as chosen, its ending not yet completed
-  std::size_t Kind = 0;  ///< entry of the filter, from 0
 };
 
 /// Every box that stops and asks. Each is part of the main window: closing one is no activation of it.
@@ -35,8 +28,6 @@ class UserDialogs : public UserMessages {
   /// @return the path as chosen, its ending not yet completed; none when the dialog was cancelled
   virtual std::optional<std::string> OpenFile(const std::string& folder) = 0;
   virtual std::optional<std::string> SaveFile(const std::string& folder) = 0;
-  /// A picture to write. @param path offered @param filter the kinds, as in kPatternFilter
-  virtual std::optional<ChosenFile> SavePicture(const std::string& path, const std::string& filter) = 0;
 };
 
 /// The filter of both file dialogs, entry by entry.

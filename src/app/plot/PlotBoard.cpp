@@ -3,7 +3,6 @@
 #include <cassert>
 
 #include "render/AxisLabels.h"
-#include "render/OverlayLegend.h"
 #include "render/Trace.h"
 #include "render/grid/CircularGrid.h"
 
@@ -14,10 +13,6 @@ void PlotBoard::DrawGrid(const show::Grid& grid) {
   ShowAnalysisControls(rectangular);
   ShowLabels(grid);
   lines_.Reset();
-  cursor_.HideAll();
-  legend_ = {};
-  style_ = grid.Style;
-  traces_.clear();
   axis_.Write(AxisLabels(grid.Style, plotter_.Geometry(), ReadableOn(Colours().PlotBackground)));
   const bool drawn = Guarded(parts_.Dialogs, rectangular ? "DrawRectangularGrid" : "DrawCircularGrid",
                              [&] { DrawCircularGrid(plotter_, grid.Style, Colours()); });
@@ -28,38 +23,7 @@ void PlotBoard::DrawGrid(const show::Grid& grid) {
 void PlotBoard::DrawPattern(const show::Trace& trace) {
   assert(!parts_.Shared.Run.IsCollecting && "would wipe the live trace");
   DrawTrace(plotter_, trace.Plot, InkOf(Colours(), trace.Overlay ? 1 : 0), trace.Marks);
-  traces_.push_back(trace);
-  if (trace.Overlay) ShowLegend(trace);
   parts_.View.ShowDrawing();
-}
-
-void PlotBoard::ShowLegend(const show::Trace& over) {
-  const PlotColours colours = Colours();
-  const Colour text = ReadableOn(colours.PlotBackground);
-  legend_ = {};
-  if (over.Marks) OutlineMarks(legend_, plotter_.Mapping(), over.Plot, InkOf(colours, 1).Marks, text);
-  std::vector<LegendEntry> entries;
-  for (const show::Trace& trace : traces_)
-    entries.push_back({NameOf(trace), InkOf(colours, trace.Overlay ? 1 : 0).Line});
-  WriteLegend(legend_, entries, text);
-}
-
-std::string PlotBoard::NameOf(const show::Trace& trace) const {
-  const auto& beneath = parts_.Pattern.Beneath();
-  return LegendName(trace.Overlay || !beneath ? parts_.Pattern.Record() : *beneath);
-}
-
-Picture PlotBoard::Shown() const {
-  Picture picture;
-  picture.Style = style_;
-  picture.Colours = Colours();
-  for (const show::Trace& trace : traces_) {
-    picture.Patterns.push_back({trace.Plot, NameOf(trace)});
-    picture.Style.Minus3dBMarks = trace.Marks;
-  }
-  if (traces_.size() == 1 && parts_.Pattern.Record().HasDescription())
-    picture.Title = parts_.Pattern.Record().Description;
-  return picture;
 }
 
 void PlotBoard::StartLiveTrace(float rotationOffset) {

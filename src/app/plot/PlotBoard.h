@@ -1,14 +1,12 @@
 #pragma once
 
 #include <optional>
-#include <vector>
 
 #include "app/parts/AppParts.h"
 #include "processing/session/Outcome.h"
 #include "render/AnalysisLines.h"
 #include "render/PlotColours.h"
 #include "render/Plotter.h"
-#include "render/picture/Picture.h"
 
 namespace lobegraph {
 
@@ -37,19 +35,10 @@ class PlotBoard {
   AnalysisLines& Lines() { return lines_; }
   /// The angles and units that the grid has no labels for. They stand above the picture.
   const PictureLayer& Axis() const { return axis_; }
-  /// Which trace is which, and an outline for marks that the background would swallow: there while two
-  /// patterns lie over each other.
-  const PictureLayer& Legend() const { return legend_; }
-  /// Where the cursor reads the pattern off; forgotten whenever the surface is cleared.
-  PictureLayer& Cursor() { return cursor_; }
-  /// What is drawn, without what a run draws, as a picture of its own.
-  Picture Shown() const;
   const PlotGeometry& Geometry() const { return plotter_.Geometry(); }
 
  private:
   void ShowLabels(const show::Grid& grid);
-  void ShowLegend(const show::Trace& over);
-  std::string NameOf(const show::Trace& trace) const;
   void ShowAnalysisControls(bool rectangular);
   PlotColours Colours() const;
 
@@ -57,10 +46,6 @@ class PlotBoard {
   Plotter plotter_;
   AnalysisLines lines_;
   PictureLayer axis_;
-  PictureLayer legend_;
-  PictureLayer cursor_;
-  PlotStyle style_;
-  std::vector<show::Trace> traces_;
   std::optional<PlotColours> kept_;
 };
 

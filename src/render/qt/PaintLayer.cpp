@@ -28,8 +28,8 @@ void PaintText(QPainter& painter, const LayerText& text) {
   painter.setFont(FontOf(text, *painter.device()));
   painter.setPen(lobegraph::ToQt(text.TextColour));
   const QFontMetricsF metrics(painter.font(), painter.device());
-  const qreal before = text.FromLeft ? 0.0 : metrics.horizontalAdvance(words) / 2.0;
-  painter.drawText(QPointF(qreal{text.Centre.X} - before, qreal{text.Centre.Y} + metrics.capHeight() / 2.0),
+  painter.drawText(QPointF(qreal{text.Centre.X} - metrics.horizontalAdvance(words) / 2.0,
+                           qreal{text.Centre.Y} + metrics.capHeight() / 2.0),
                    words);
 }
 
@@ -42,9 +42,7 @@ void PaintLayer(QPainter& painter, const PictureLayer& layer) {
     const Qt::PenStyle style = line.Dashed ? Qt::DashLine : Qt::SolidLine;
     painter.setCompositionMode(line.Inverting ? QPainter::CompositionMode_Difference
                                               : QPainter::CompositionMode_SourceOver);
-    // Whatever lies aslant is smooth, as the traces are.
-    painter.setRenderHint(QPainter::Antialiasing, line.Width > 1.F);
-    painter.setPen(QPen(lobegraph::ToQt(line.LineColour), qreal{line.Width}, style, Qt::FlatCap));
+    painter.setPen(QPen(lobegraph::ToQt(line.LineColour), 1.0, style, Qt::FlatCap));
     painter.drawLine(ToQt(line));
   }
   painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
@@ -53,18 +51,14 @@ void PaintLayer(QPainter& painter, const PictureLayer& layer) {
 }
 
 QRect TouchedBy(const LayerLine& line) {
-  return QRectF(ToQt(line).p1(), ToQt(line).p2())
-      .normalized()
-      .adjusted(-qreal{line.Width}, -qreal{line.Width}, qreal{line.Width}, qreal{line.Width})
-      .toAlignedRect();
+  return QRectF(ToQt(line).p1(), ToQt(line).p2()).normalized().adjusted(-1, -1, 1, 1).toAlignedRect();
 }
 
 QRect TouchedBy(const LayerText& text) {
   // A guess of the width, and room around it.
   const qreal size = qreal{text.Points} * kUnitsPerPoint;
   const qreal half = qreal{ArialWidth(text.Text)} * size * 0.6;
-  return QRectF(qreal{text.Centre.X} - (text.FromLeft ? 0.0 : half), qreal{text.Centre.Y} - size, 2.0 * half,
-                2.0 * size)
+  return QRectF(qreal{text.Centre.X} - half, qreal{text.Centre.Y} - size, 2.0 * half, 2.0 * size)
       .toAlignedRect();
 }
 

@@ -34,14 +34,14 @@ TEST_F(RedrawTest, ActivationDrawsTheGridWhenNothingIsHeld) {
 
 TEST_F(RedrawTest, TheAnglesStandAboveThePictureAndFollowFormScaleAndBackground) {
   Activate();
-  EXPECT_EQ(Form.Board().Axis().Texts(), AxisLabels({}, PlotGeometry{}, kBlack));
+  EXPECT_EQ(Form.Axis().Texts(), AxisLabels({}, PlotGeometry{}, kBlack));
   Press(cmdLinear);
-  EXPECT_EQ(Form.Board().Axis().Texts().front().Text, "-180");
+  EXPECT_EQ(Form.Axis().Texts().front().Text, "-180");
   Tick(chkPlotInDB, false);
-  EXPECT_EQ(Form.Board().Axis().Texts().back().Text, "Share of the peak");
+  EXPECT_EQ(Form.Axis().Texts().back().Text, "Share of the peak");
   Shared.Settings.PlotBackground = Colour{0, 0, 60}.Stored();
   Activate();
-  EXPECT_EQ(Form.Board().Axis().Texts().front().TextColour, kWhite);
+  EXPECT_EQ(Form.Axis().Texts().front().TextColour, kWhite);
 }
 
 TEST_F(RedrawTest, ActivationDrawsGridAndReadings) {

@@ -123,14 +123,6 @@ class RealWindow {
   std::string Text(const char* box) { return Find<QLineEdit>(box).text().toStdString(); }
   std::string Caption(const char* label) { return Find<QLabel>(label).text().toStdString(); }
 
-  /// The window as large as plot and panel, beneath its menu.
-  void ResizeInside(const QSize& inside) {
-    Window.resize(inside + QSize(0, MenuHeight()));
-    Settle();
-  }
-  int MenuHeight() { return Find<QWidget>("MainMenu").height(); }
-  QSize Inside() { return Window.size() - QSize(0, MenuHeight()); }
-
   /// As a click on the window: the platform of these tests activates none by itself.
   static void Activate(QWidget& window) {
     window.activateWindow();

@@ -99,20 +99,6 @@ std::optional<std::string> QtDialogs::SaveFile(const std::string& folder) {
   return AskFile(folder, kSaveTitle, kPatternFilter);
 }
 
-std::optional<ChosenFile> QtDialogs::SavePicture(const std::string& path, const std::string& filter) {
-  QFileDialog dialog(Owner(), "Save picture");
-  dialog.setOption(QFileDialog::DontUseNativeDialog);
-  dialog.setOption(QFileDialog::DontConfirmOverwrite);
-  dialog.setAcceptMode(QFileDialog::AcceptSave);
-  dialog.setFileMode(QFileDialog::AnyFile);
-  dialog.setNameFilters(FilterTexts(Q(filter)));
-  dialog.selectFile(Q(path));
-  if (Run(dialog) != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
-  const auto kind = dialog.nameFilters().indexOf(dialog.selectedNameFilter());
-  return ChosenFile{dialog.selectedFiles().first().toStdString(),
-                    static_cast<std::size_t>(std::max<qsizetype>(0, kind))};
-}
-
 std::optional<std::string> QtDialogs::OpenCsvFile(const std::string& folder) {
   return AskFile(folder, "Get CSV File", kCsvFilter);
 }

@@ -29,7 +29,6 @@ class QtDialogs final : public UserDialogs {
                                                const std::string& tick) override;
   std::optional<std::string> OpenFile(const std::string& folder) override;
   std::optional<std::string> SaveFile(const std::string& folder) override;
-  std::optional<ChosenFile> SavePicture(const std::string& path, const std::string& filter) override;
   /// As OpenFile, for readings in a CSV file.
   std::optional<std::string> OpenCsvFile(const std::string& folder);
 

@@ -6,16 +6,16 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QDropEvent>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QScreen>
+#include <QShortcutEvent>
 #include <QSlider>
 #include <QTimer>
 #include <algorithm>
 #include <cstdlib>
-#include <utility>
 
 #include "app/qt/input/ChooserDialog.h"
-#include "app/qt/main/ControlKeys.h"
 #include "app/qt/main/DroppedPattern.h"
 #include "app/qt/main/LastWindow.h"
 #include "app/qt/main/UndoKeys.h"
@@ -38,28 +38,16 @@ MainWindow::MainWindow(const std::string& versionText)
       panelArea_(&surfaceFrame_),
       view_(*this, plot_, panelArea_.Panel(), surface_),
       editor_(this, dialogs_),
-      printer_(*this, dialogs_, WindowPicture(surfaceFrame_, plot_, surface_, drawing_)),
+      printer_(*this, dialogs_, WindowPicture(*this, plot_, surface_, drawing_)),
       meters_(*shared_, store_, clock_, dialogs_),
       form_(MakePlatform(versionText), MakePlotGeometry(kSurfaceWidth, kSurfaceHeight, kPanelWidth)),
-      figures_(*this),
       analysis_(form_.Analysis(), view_, plot_,
                 [this](const auto& handler) { Run("Form_MouseMove", handler); }),
-      retry_(store_, [this](const std::string& line) { return ShowLine(line); }),
-      cursor_(form_.Cursor(), plot_, [this](const auto& handler) { Run("Cursor", handler); }),
-      commands_({*this, view_, form_, figures_, pictures_,
-                 [this](const char* name, const auto& handler) { Run(name, handler); },
-                 [this] { Run("frmSettings", [this] { OpenSettings(SettingsWay::Keyboard); }); },
-                 [this] { PlaceSurface(); }}),
-      menu_(*this, commands_.Front()) {
+      retry_(store_, [this](const std::string& line) { return ShowLine(line); }) {
   setObjectName("Form1");
   dialogs_.SetOwner(this);
   panelArea_.Panel().setObjectName("Frame1");
-  for (const PictureLayer* layer :
-       {&form_.Board().Axis(), &form_.Board().Legend(), &std::as_const(form_.Board().Cursor())})
-    plot_.AddLayer(*layer);
-  // Who opens the window begins with the controls.
-  setTabOrder(&view_.Widget(Control::cmdClearRightY), &plot_);
-  view_.Widget(Control::cmdChooseInput).setFocus();
+  plot_.AddLayer(form_.Axis());
   Connect();
   setMinimumSize((QSizeF(kPlotWidth, kSurfaceHeight) * kLeastShare).toSize());
   resize(FittingSize());
@@ -68,8 +56,7 @@ MainWindow::MainWindow(const std::string& versionText)
 /// The natural size, or as much of it as the screen has room for beside a window's frame.
 QSize MainWindow::FittingSize() const {
   constexpr QSize kFrame(12, 40);
-  const QSize natural(view_.WidthOf(kGrownWidth),
-                      view_.WidthOf(kSurfaceHeight * kTwipsPerUnit) + menu_.sizeHint().height());
+  const QSize natural(view_.WidthOf(kGrownWidth), view_.WidthOf(kSurfaceHeight * kTwipsPerUnit));
   return natural.boundedTo(screen()->availableSize() - kFrame);
 }
 
@@ -95,12 +82,10 @@ Platform MainWindow::MakePlatform(const std::string& versionText) {
           .Shared = shared_,
           .ShowChooser = [this] { ShowChooser(); },
           .frmEditLbg = &editor_,
-          .Printer = &printer_,
-          .Pictures = &pictures_};
+          .Printer = &printer_};
 }
 
 void MainWindow::Connect() {
-  new ControlKeys(view_, [this](Control control) { Click(control); });
   for (const ControlRow& row : ControlTable()) ConnectControl(row);
   auto& description = static_cast<QLineEdit&>(view_.Widget(Control::txtDescription));
   connect(&description, &QLineEdit::textChanged, this, [this] { form_.File().txtDescription_Change(); });
@@ -122,6 +107,7 @@ void MainWindow::Connect() {
 void MainWindow::ConnectControl(const ControlRow& row) {
   QWidget& widget = view_.Widget(row.Id);
   const Control id = row.Id;
+  widget.installEventFilter(this);
   if (auto* button =
           qobject_cast<QAbstractButton*>(&widget))  // a screen reader toggles a box without a click
     connect(button, button->isCheckable() ? &QAbstractButton::toggled : &QAbstractButton::clicked, this,
@@ -145,7 +131,6 @@ void MainWindow::Run(std::string_view procedure, const std::function<void()>& ha
   if (depth_ > 0 || form_.Shared().Run.Running()) return;
   if (leavePending_) return Leave();
   PlaceSurface();  // a window manager that grants no other size sends no resize
-  figures_.ShowRecord(form_.Pattern().Record(), form_.Pattern().Drawable());
 }
 
 void MainWindow::Leave() {
@@ -241,33 +226,12 @@ void MainWindow::showEvent(QShowEvent*) {
 }
 
 void MainWindow::PlaceSurface() {
-  const int menu = menu_.heightForWidth(width());
-  menu_.setGeometry(0, 0, width(), menu);
-  surfaceFrame_.setGeometry(0, menu, width(), std::max(1, height() - menu));
-  const QSize inside = surfaceFrame_.size();
-  const int panel = view_.Grown() ? std::min(panelArea_.WidthFor(inside.height()), inside.width() / 2) : 0;
+  surfaceFrame_.setGeometry(rect());
+  const int panel = view_.Grown() ? std::min(panelArea_.WidthFor(height()), width() / 2) : 0;
   panelArea_.setVisible(view_.Grown());
-  panelArea_.setGeometry(inside.width() - panel, 0, panel, inside.height());
-  const int figures = PlaceFigures(inside - QSize(panel, 0));
-  plot_.setGeometry(0, 0, inside.width() - panel - figures, inside.height());
+  panelArea_.setGeometry(width() - panel, 0, panel, height());
+  plot_.setGeometry(0, 0, width() - panel, height());
   view_.PlaceOnThePlot();
-}
-
-/// Beside the plot where that leaves the plot as large as it is, else in a window of their own.
-/// @param room what plot and figures have @return how much of its width the figures take
-int MainWindow::PlaceFigures(QSize room) {
-  if (!commands_.FiguresShown()) {
-    figures_.hide();
-    return 0;
-  }
-  const int width = figures_.sizeHint().width();
-  const int plot = room.height() * kPlotWidth / kSurfaceHeight;
-  if (room.width() - plot < width || figures_.sizeHint().height() > room.height()) {
-    figures_.Float();
-    return 0;
-  }
-  figures_.Dock(surfaceFrame_, QRect(room.width() - width, 0, width, room.height()));
-  return width;
 }
 
 /// What is on the plot, a live trace included, drawn anew for the pixels that a unit now has.
@@ -287,6 +251,41 @@ bool MainWindow::event(QEvent* event) {
                          [this] { Run("Form_Activate", [this] { form_.Shell().Form_Activate(); }); });
   }
   return QWidget::event(event);
+}
+
+bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::KeyPress && SwallowsKey(*watched, static_cast<const QKeyEvent&>(*event)))
+    return true;
+  if (event->type() == QEvent::Shortcut && ClicksByKey(*watched, static_cast<const QShortcutEvent&>(*event)))
+    return true;
+  if (event->type() == QEvent::MouseButtonDblClick && watched == &view_.Widget(Control::lblOperator))
+    return Click(Control::lblOperator), true;  // the plot below takes a double-click for the settings
+  if (event->type() == QEvent::FocusIn) {
+    auto* box = qobject_cast<QLineEdit*>(watched);
+    if (box != nullptr && watched != &view_.Widget(Control::txtDescription))
+      QTimer::singleShot(0, box, &QLineEdit::selectAll);
+  }
+  return QWidget::eventFilter(watched, event);
+}
+
+/// At once: the toolkit would click a tenth of a second later, when a turn that has begun meanwhile has
+/// locked the button.
+bool MainWindow::ClicksByKey(QObject& watched, const QShortcutEvent& key) {
+  auto* button = qobject_cast<QAbstractButton*>(&watched);
+  if (button == nullptr || key.isAmbiguous()) return false;
+  button->click();
+  return true;
+}
+
+bool MainWindow::SwallowsKey(QObject& watched, const QKeyEvent& key) {
+  const bool enter = key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
+  // A held Enter on Collect Data must not press Halt, which gets the focus next.
+  if (key.isAutoRepeat() && (enter || key.key() == Qt::Key_Space) && qobject_cast<QAbstractButton*>(&watched))
+    return true;
+  if (&watched == &view_.Widget(Control::txtDescription)) return key.text() == "\"";
+  if (&watched != &view_.Widget(Control::lblOperator) || !enter) return false;
+  Click(Control::lblOperator);
+  return true;
 }
 
 }  // namespace lobegraph

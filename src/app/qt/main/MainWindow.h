@@ -9,13 +9,9 @@
 #include "app/main/Form1.h"
 #include "app/qt/boxes/QtDialogs.h"
 #include "app/qt/editor/frmEditLbgWindow.h"
-#include "app/qt/figures/FiguresView.h"
 #include "app/qt/input/Meters.h"
 #include "app/qt/main/AnalysisInput.h"
-#include "app/qt/main/CursorInput.h"
-#include "app/qt/main/MainMenu.h"
 #include "app/qt/main/SettingsRetry.h"
-#include "app/qt/main/WindowCommands.h"
 #include "app/qt/panel/ControlPanel.h"
 #include "app/qt/panel/WidgetView.h"
 #include "app/qt/parts/DBusAwake.h"
@@ -25,6 +21,8 @@
 #include "render/ReplaySurface.h"
 #include "render/qt/ImageSurface.h"
 #include "settings/FileSettingsStore.h"
+
+class QShortcutEvent;
 
 namespace lobegraph {
 
@@ -50,6 +48,7 @@ class MainWindow : public QWidget, private ProgramEnd {
   void resizeEvent(QResizeEvent* event) override;
   void showEvent(QShowEvent* event) override;
   bool event(QEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   Platform MakePlatform(const std::string& versionText);
@@ -66,9 +65,10 @@ class MainWindow : public QWidget, private ProgramEnd {
   bool ShowLine(const std::string& hint);
   QSize FittingSize() const;
   void PlaceSurface();
-  int PlaceFigures(QSize room);
   void DrawFinely();
   void OpenSettings(SettingsWay way);
+  static bool ClicksByKey(QObject& watched, const QShortcutEvent& key);
+  bool SwallowsKey(QObject& watched, const QKeyEvent& key);
 
   void EndAtOnce() override;
   void EndProgram() override;
@@ -82,7 +82,6 @@ class MainWindow : public QWidget, private ProgramEnd {
   QtDialogs dialogs_;
   frmEditLbgWindow editor_;
   QtPrinter printer_;
-  QtPictureFiles pictures_;
   QtSystemText system_;
   DiskFiles files_;
   FileSettingsStore store_;
@@ -93,12 +92,8 @@ class MainWindow : public QWidget, private ProgramEnd {
   std::shared_ptr<Globals> shared_ = std::make_shared<Globals>();
   Meters meters_;
   Form1 form_;
-  FiguresView figures_;
   AnalysisInput analysis_;
   SettingsRetry retry_;
-  CursorInput cursor_;
-  WindowCommands commands_;
-  MainMenu menu_;
   bool leavePending_ = false;
   bool left_ = false;
   bool leavingNow_ = false;  ///< the process was asked to end: no window stays

@@ -14,6 +14,7 @@ SettingsOpener::SettingsOpener(QWidget& window, QWidget& plot, std::function<boo
                                std::function<void(SettingsWay)> open)
     : QObject(&window), plot_(plot), mouseMayOpen_(std::move(mouseMayOpen)), open_(std::move(open)) {
   plot.installEventFilter(this);
+  plot.setToolTip("Double-click, or Ctrl+comma, for the settings");
   connect(new QShortcut(kKeys, &window), &QShortcut::activated, this,
           [this] { open_(SettingsWay::Keyboard); });
 }

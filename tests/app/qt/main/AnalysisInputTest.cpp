@@ -133,7 +133,8 @@ TEST_F(AnalysisInputTest, ArrowKeysMoveTheLineOfTheirBoxOrButton) {
 }
 
 TEST_F(AnalysisInputTest, OnALargerPlotTheSamePlacesAreRead) {
-  window_.ResizeInside(QSize(window_.Window.width() + 501 + 40, 2 * 560));
+  window_.Window.resize(window_.Window.width() + 501 + 40, 2 * 560);
+  RealWindow::Settle();
   Move({20 + 2 * 260, 2 * 277});
   EXPECT_EQ(window_.Text("txtX"), "0");
   EXPECT_EQ(window_.Text("txtY"), "-12");

@@ -23,14 +23,8 @@ TEST(KeyboardTest, TabGoesThroughTheWindowInTheOrderOfWork) {
             "cmdOverlay chkPlotInDB chk180 chkShow3dB Slider1 txtTrimFront txtTrimEnd txtRotate "
             "cmdRescaleData cmdOriginalData cmdSmooth cmdReverse cmdDeSpike chkEditor cboElements "
             "cmdPolarization cmdIntegrate cmdGetData cmdSaveData cmdPrint cmdExit txtDescription lblOperator "
-            "cmdShrink Plot "
+            "cmdShrink "
             "cmdChooseInput");
-}
-
-TEST(KeyboardTest, TheWindowOpensWithTheFocusOnAControl) {
-  RealWindow window;
-  ASSERT_NE(QApplication::focusWidget(), nullptr);
-  EXPECT_EQ(QApplication::focusWidget()->objectName(), "cmdChooseInput");
 }
 
 TEST(KeyboardTest, TypedQuoteIsSwallowedInTheDescription) {

@@ -117,7 +117,7 @@ TEST_F(TurnInTheWindowTest, AWindowThatGrowsMeanwhileKeepsTheLiveTrace) {
   BoxWatch tooFewReadings;
   CollectAnd([&] {
     window_.MarkDrawing();
-    window_.Window.resize(window_.Window.width() + 501, 2 * 560 + window_.MenuHeight());
+    window_.Window.resize(window_.Window.width() + 501, 2 * 560);
     drawnMeanwhile = window_.DrawnSinceMark();
     live = plot.grab().toImage();
     window_.Press("cmdHaltInput");

@@ -16,7 +16,7 @@ constexpr QSize kShrunk(501, 560);
 
 TEST(WindowShapeTest, StartsGrownWithItsCaption) {
   RealWindow window;
-  EXPECT_EQ(window.Inside(), kGrown);
+  EXPECT_EQ(window.Window.size(), kGrown);
   EXPECT_EQ(window.Window.windowTitle(), "Lobegraph V2.1.0     User = N0CALL");
   EXPECT_TRUE(window.Find<QWidget>("Frame1").isVisible());
 }
@@ -24,12 +24,12 @@ TEST(WindowShapeTest, StartsGrownWithItsCaption) {
 TEST(WindowShapeTest, ShrinkingHidesThePanelAndGrowingShowsIt) {
   RealWindow window;
   window.Press("cmdShrink");
-  EXPECT_EQ(window.Inside(), kShrunk);
+  EXPECT_EQ(window.Window.size(), kShrunk);
   EXPECT_FALSE(window.Find<QWidget>("Frame1").isVisible());
   EXPECT_TRUE(window.Find<QWidget>("cmdGrow").isVisible());
   EXPECT_TRUE(window.Find<QWidget>("cmdShrink").isVisible());
   window.Press("cmdGrow");
-  EXPECT_EQ(window.Inside(), kGrown);
+  EXPECT_EQ(window.Window.size(), kGrown);
   EXPECT_TRUE(window.Find<QWidget>("Frame1").isVisible());
   EXPECT_FALSE(window.Find<QWidget>("cmdGrow").isVisible());
   EXPECT_TRUE(window.Find<QWidget>("cmdShrink").isVisible());
@@ -51,7 +51,7 @@ TEST(WindowShapeTest, AMaximisedWindowIsFilledByThePlot) {
   RealWindow window;
   window.Window.showMaximized();
   RealWindow::Settle();
-  const QSize size = window.Inside();
+  const QSize size = window.Window.size();
   ASSERT_GT(size.width(), kGrown.width());
   EXPECT_EQ(PanelLeft(window), size.width() - kPanelWidth);
   EXPECT_EQ(Plot(window).size(), QSize(size.width() - kPanelWidth, size.height()));
@@ -63,7 +63,8 @@ TEST(WindowShapeTest, ALargerPlotIsDrawnAnewAndNothingElseHappens) {
   RealWindow window;
   window.LoadBeam();
   window.MarkDrawing();
-  window.ResizeInside(QSize(kPanelWidth + 2 * kShrunk.width(), 2 * kShrunk.height()));
+  window.Window.resize(kPanelWidth + 2 * kShrunk.width(), 2 * kShrunk.height());
+  RealWindow::Settle();
   EXPECT_EQ(Plot(window).PixelsPerUnit(), 2.0);
   EXPECT_FALSE(window.DrawnSinceMark()) << "the same drawing, not another";
   const QImage shown = Plot(window).grab().toImage();
@@ -99,7 +100,8 @@ TEST(WindowShapeTest, WhatStandsOnThePlotKeepsItsCornerAndItsSize) {
   };
   const auto natural = places();
   for (const auto& [control, place] : natural) EXPECT_EQ(place, PlaceOf(control)) << RowOf(control).Name;
-  window.ResizeInside(QSize(kPanelWidth + 2 * 501, 2 * 560));
+  window.Window.resize(kPanelWidth + 2 * 501, 2 * 560);
+  RealWindow::Settle();
   for (const auto& [control, place] : places()) {
     EXPECT_EQ(place.height(), natural.at(control).height()) << RowOf(control).Name;
     EXPECT_TRUE(Plot(window).rect().contains(place)) << RowOf(control).Name;
@@ -113,7 +115,8 @@ TEST(WindowShapeTest, WhatStandsOnThePlotKeepsItsCornerAndItsSize) {
 
 TEST(WindowShapeTest, InAWindowThatIsTooLowThePanelScrolls) {
   RealWindow window;
-  window.ResizeInside(QSize(758, 420));
+  window.Window.resize(758, 420);
+  RealWindow::Settle();
   auto& area = *window.Window.findChild<PanelArea*>();
   EXPECT_TRUE(area.verticalScrollBar()->isVisible());
   EXPECT_FALSE(area.horizontalScrollBar()->isVisible()) << "nothing is cut at the side";
@@ -122,7 +125,8 @@ TEST(WindowShapeTest, InAWindowThatIsTooLowThePanelScrolls) {
   area.ensureWidgetVisible(&last);
   RealWindow::Settle();
   EXPECT_EQ(last.visibleRegion().boundingRect(), last.rect());
-  window.ResizeInside(QSize(758, 560));
+  window.Window.resize(758, 560);
+  RealWindow::Settle();
   EXPECT_FALSE(area.verticalScrollBar()->isVisible());
 }
 
@@ -140,10 +144,10 @@ TEST(WindowShapeTest, AShrunkWindowThatIsMaximisedAndRestoredIsStillShrunk) {
   window.Press("cmdShrink");
   window.Window.showMaximized();
   RealWindow::Settle();
-  EXPECT_EQ(Plot(window).size(), window.Inside()) << "the plot has it all";
+  EXPECT_EQ(Plot(window).size(), window.Window.size()) << "the plot has it all";
   window.Window.showNormal();
   RealWindow::Settle();
-  EXPECT_EQ(window.Inside(), kShrunk);
+  EXPECT_EQ(window.Window.size(), kShrunk);
 }
 
 TEST(WindowShapeTest, AFullScreenWindowCountsAsMaximised) {
@@ -158,9 +162,9 @@ TEST(WindowShapeTest, AFullScreenWindowCountsAsMaximised) {
 
 /// What a window manager decides, whatever size the window asks for.
 void Impose(RealWindow& window, const QSize& size) {
-  window.Window.windowHandle()->resize(size + QSize(0, window.MenuHeight()));
+  window.Window.windowHandle()->resize(size);
   RealWindow::Settle();
-  ASSERT_EQ(window.Inside(), size);
+  ASSERT_EQ(window.Window.size(), size);
 }
 
 TEST(WindowShapeTest, ARefusedShrinkGivesThePlotTheWholeWindow) {
@@ -180,7 +184,7 @@ TEST(WindowShapeTest, ARefusedGrowLeavesThePlotWholeAndShrinkInReach) {
   window.Press("cmdGrow");
   Impose(window, kShrunk);
   EXPECT_GE(Plot(window).width(), kShrunk.width() / 2);
-  EXPECT_TRUE(Plot(window).rect().contains(window.Find<QWidget>("cmdShrink").geometry()));
+  EXPECT_TRUE(window.Window.rect().contains(window.Find<QWidget>("cmdShrink").geometry()));
   window.Press("cmdShrink");
   EXPECT_EQ(Plot(window).size(), kShrunk);
   EXPECT_TRUE(window.Find<QWidget>("cmdGrow").isVisible());

@@ -218,7 +218,8 @@ TEST_F(DesktopFontTest, ALargerFontWidensThePanelAndBothWidths) {
   EXPECT_EQ(window.Window.width(), 2 * kPlotWidth);
   window.Press("cmdGrow");
   EXPECT_EQ(window.Window.width(), 2 * kSurfaceWidth);
-  window.ResizeInside(QSize(2 * kSurfaceWidth, 2 * kSurfaceHeight));
+  window.Window.resize(2 * kSurfaceWidth, 2 * kSurfaceHeight);
+  RealWindow::Settle();
   ExpectNothingOverlaps(window);
 }
 

@@ -74,8 +74,8 @@ TEST_F(SettingsOpenerTest, AnotherButtonThanTheLeftOneOpensNothing) {
   EXPECT_EQ(opened_, QStringList());
 }
 
-TEST_F(SettingsOpenerTest, NoTooltipHidesTheTrace) {
-  EXPECT_EQ(Plot().toolTip(), "") << "nothing comes between the pointer and the trace";
+TEST_F(SettingsOpenerTest, ThePlotSaysHow) {
+  EXPECT_EQ(Plot().toolTip(), "Double-click, or Ctrl+comma, for the settings");
 }
 
 }  // namespace
